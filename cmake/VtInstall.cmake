@@ -1,0 +1,39 @@
+# The package that find_package(vtcontrolcolorscheme) and pkg-config find after an installation.
+include(CMakePackageConfigHelpers)
+set(vt_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vtcontrolcolorscheme)
+
+install(EXPORT vtcontrolcolorscheme
+    NAMESPACE vtcontrolcolorscheme::
+    FILE vtcontrolcolorschemeTargets.cmake
+    DESTINATION ${vt_package_dir})
+configure_package_config_file(
+    ${PROJECT_SOURCE_DIR}/cmake/vtcontrolcolorschemeConfig.cmake.in
+    ${PROJECT_BINARY_DIR}/vtcontrolcolorschemeConfig.cmake
+    INSTALL_DESTINATION ${vt_package_dir})
+write_basic_package_version_file(
+    ${PROJECT_BINARY_DIR}/vtcontrolcolorschemeConfigVersion.cmake
+    COMPATIBILITY SameMinorVersion)
+install(FILES
+    ${PROJECT_BINARY_DIR}/vtcontrolcolorschemeConfig.cmake
+    ${PROJECT_BINARY_DIR}/vtcontrolcolorschemeConfigVersion.cmake
+    DESTINATION ${vt_package_dir})
+
+# The whole list of libraries is named, so that a static link works without --static too; the
+# symbol pulls the embedded icons out of the archive.
+if(BUILD_SHARED_LIBS)
+    set(vt_pc_flags "")
+    set(vt_pc_defines "")
+else()
+    set(vt_pc_flags " -Wl,-u,vtcontrolcolorscheme_resources")
+    set(vt_pc_defines " -DVOBASE_STATIC_DEFINE -DVOMAP_STATIC_DEFINE -DVTGISCORE_STATIC_DEFINE -DVTCONTROLBASE_STATIC_DEFINE -DVTCONTROLCOLORSCHEME_STATIC_DEFINE")
+endif()
+configure_file(
+    ${PROJECT_SOURCE_DIR}/cmake/vtcontrolcolorscheme.pc.in
+    ${PROJECT_BINARY_DIR}/vtcontrolcolorscheme.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/vtcontrolcolorscheme.pc
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+# Hosts copy this file below their own application's folder, as resources/warning.gif.
+install(FILES ${vt_warning_movie}
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/vtcontrolcolorscheme/resources)
+install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})

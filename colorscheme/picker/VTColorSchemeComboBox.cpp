@@ -1,0 +1,146 @@
+#include "colorscheme/picker/VTColorSchemeComboBox.h"
+
+#include "colorscheme/model/colorRampPreviewPixmap.h"
+#include "colorscheme/model/defaultColorRamp.h"
+#include "colorscheme/picker/defaultGroupCaptions.h"
+#include "vomap/VOColorRamp.h"
+#include "vomap/VOColorSchemeManager.h"
+#include "vomap/VOStringConversion.h"
+
+#include <QPainter>
+#include <QPolygonF>
+
+#include <algorithm>
+#include <memory>
+
+using VTObjects::toVOString;
+using VTObjects::VOColorRamp;
+using VTObjects::VOColorScheme;
+using VTObjects::VOColorSchemeGroup;
+using VTObjects::VOColorSchemeManager;
+using VTObjects::VOColorSchemeTeam;
+
+namespace {
+
+const QSize previewSize(140, 20);
+
+bool isTeam(const QString &team, QLatin1String name)
+{
+    return team.compare(name, Qt::CaseInsensitive) == 0;
+}
+
+const VOColorSchemeTeam &teamOf(const QString &team)
+{
+    const VOColorSchemeManager *store = VOColorSchemeManager::instance();
+    if (isTeam(team, QLatin1String("Default")))
+        return store->defaultTeam;
+    return isTeam(team, QLatin1String("Custom")) ? store->customTeam : store->favoriteTeam;
+}
+
+} // namespace
+
+VTColorSchemeComboBox::VTColorSchemeComboBox(QWidget *parent)
+    : QToolButton(parent)
+{
+    defaultGroupCaptions["DEM"] = QObject::tr("For DEM");
+    defaultGroupCaptions["Unique"] = QObject::tr("For unique");
+    defaultGroupCaptions["Range"] = QObject::tr("For unique range");
+    defaultGroupCaptions["Graph"] = QObject::tr("For graph");
+    defaultGroupCaptions["Even"] = QObject::tr("Even scheme");
+    defaultGroupCaptions["Random"] = QObject::tr("Random scheme");
+    setMinimumSize(150, 20);
+    setStyleSheet(QStringLiteral("QToolButton{border-radius: 2px; min-height:20;border: 1px groove "
+                                 "gray;border-style: outset;}"));
+    connect(this, &QToolButton::clicked, this, &VTColorSchemeComboBox::showMenu);
+}
+
+VTColorSchemeComboBox::~VTColorSchemeComboBox() = default;
+
+VOColorRamp *VTColorSchemeComboBox::currentColorRamp()
+{
+    if (!scheme.colorRamp)
+        scheme.colorRamp = defaultColorRamp().release();
+    return scheme.colorRamp;
+}
+
+void VTColorSchemeComboBox::setColorRamp(VOColorRamp *ramp)
+{
+    if (!ramp)
+        return;
+    // The clone comes first: the ramp may be the picker's own.
+    VOColorRamp *const copy = ramp->clone();
+    delete scheme.colorRamp;
+    scheme.colorRamp = copy;
+    updatePreview();
+}
+
+bool VTColorSchemeComboBox::setDefaultGroup(const QString &team, const QString &group,
+                                            int schemeIndex)
+{
+    const VOColorSchemeTeam &records = teamOf(team);
+    int index = records.index(toVOString(group));
+    // Deliberate: only the default team has a stand-in for an unknown name.
+    if (index < 0 && isTeam(team, QLatin1String("Default")))
+        index = 0;
+    return showGroup(team, records, index, schemeIndex);
+}
+
+bool VTColorSchemeComboBox::setDefaultGroup(const QString &team, int group, int schemeIndex)
+{
+    return showGroup(team, teamOf(team), group, schemeIndex);
+}
+
+bool VTColorSchemeComboBox::showGroup(const QString &team, const VOColorSchemeTeam &records,
+                                      int group, int schemeIndex)
+{
+    if (group < 0 || static_cast<std::size_t>(group) >= records.groups.size())
+        return false;
+    groupIndex = group;
+    const auto &schemes = records.groups[static_cast<std::size_t>(group)].schemes;
+    if (schemeIndex >= 0 && static_cast<std::size_t>(schemeIndex) < schemes.size())
+        setScheme(schemes[static_cast<std::size_t>(schemeIndex)]);
+    teamName = team;
+    return true;
+}
+
+void VTColorSchemeComboBox::setScheme(const VOColorScheme &scheme)
+{
+    this->scheme = scheme;
+    updatePreview();
+}
+
+void VTColorSchemeComboBox::updatePreview()
+{
+    preview = colorRampPreviewPixmap(scheme.colorRamp, previewSize);
+    update();
+}
+
+void VTColorSchemeComboBox::paintEvent(QPaintEvent *event)
+{
+    QToolButton::paintEvent(event);
+
+    QPainter painter(this);
+    const double w = width();
+    const double arrowArea = std::min(w - 0.8 * w, 12.0);
+    const double separator = w - arrowArea;
+    const double bottom = height() - 1 - 4;
+    painter.drawLine(QLineF(separator, SPLITOR_MARGIN, separator, bottom));
+
+    const double left = separator + (arrowArea - ARROW_WIDTH) / 2;
+    const double center = (height() - 4) / 2.0;
+    const double odd = height() % 2 != 0 ? 1.0 : 0.0;
+    const QPolygonF arrow({QPointF(left - odd, center), QPointF(left + ARROW_WIDTH, center),
+                           QPointF(left + ARROW_WIDTH / 2.0 - odd / 2, center + ARROW_HEIGHT - 1)});
+    painter.setBrush(QBrush(Qt::black, Qt::SolidPattern));
+    painter.drawPolygon(arrow, Qt::OddEvenFill);
+
+    // White beside black: an etched line.
+    painter.setPen(Qt::white);
+    painter.drawLine(QLineF(separator - 1, SPLITOR_MARGIN, separator - 1, bottom));
+
+    // Deliberate: the strip lies 3 pixels inside and not ICON_MARGIN.
+    const QRectF target(3.0, 3.0, static_cast<int>(separator - 4), height() - 5);
+    painter.drawPixmap(target, preview, preview.rect());
+}
+
+void VTColorSchemeComboBox::showMenu() {}

@@ -1,0 +1,3 @@
+#include "colorscheme/picker/defaultGroupCaptions.h"
+
+QMap<VTObjects::VOString, QString> defaultGroupCaptions;

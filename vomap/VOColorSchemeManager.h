@@ -1,0 +1,48 @@
+#pragma once
+
+#include "vomap/VOColorSchemeTeam.h"
+
+namespace VTObjects {
+
+/// The store: every scheme that the application knows, in three teams. One for the whole process;
+/// its teams are edited in place and reach the disk with save() or saveCustomTeam() only.
+///
+/// Use it from the user-interface thread. Failures are answered with false; nothing is thrown.
+class VOMAP_EXPORT VOColorSchemeManager
+{
+public:
+    VOColorSchemeTeam defaultTeam;  ///< built-in groups
+    VOColorSchemeTeam customTeam;   ///< the user's own groups
+    VOColorSchemeTeam favoriteTeam; ///< groups of schemes marked as favourites
+
+    /// The store. The first call loads it; never null, never to be deleted.
+    static VOColorSchemeManager *instance();
+
+    /// Keeps the store in another directory than the default place, which is "colorschemes" below
+    /// the user's data folder for applications. Call it before the first instance() or before
+    /// load(); an empty name means the default place again.
+    static void setStoreDirectory(const VOString &directory);
+
+    /// Reads the store again from its directory and answers whether all of it could be read.
+    /// Where nothing was ever saved, the built-in schemes are there, and the answer is true.
+    bool load();
+    /// Writes the whole store to its directory.
+    bool save();
+    /// Writes the custom team only.
+    bool saveCustomTeam();
+
+    /// Loads one scheme file. False, with `scheme` as it was, if the file cannot be read or is no
+    /// scheme file. The path uses "/" as separator.
+    static bool readFile(VOColorScheme &scheme, const VOString &path);
+    /// Writes one scheme to a file, in place of any older one. False on failure, and for a scheme
+    /// without a ramp.
+    static bool saveFile(const VOColorScheme &scheme, const VOString &path);
+
+private:
+    VOColorSchemeManager();
+    ~VOColorSchemeManager();
+    VOColorSchemeManager(const VOColorSchemeManager &) = delete;
+    VOColorSchemeManager &operator=(const VOColorSchemeManager &) = delete;
+};
+
+} // namespace VTObjects
