@@ -1,0 +1,52 @@
+#include "colorscheme/manager/VTLineEditWidget.h"
+
+#include "ui_VTLineEditWidget.h"
+
+#include <QCoreApplication>
+#include <QMovie>
+
+VTLineEditWidget::VTLineEditWidget(QWidget *parent)
+    : QWidget(parent)
+    , ui(std::make_unique<Ui::VTLineEditWidget>())
+{
+    ui->setupUi(this);
+    ui->label->setAttribute(Qt::WA_TranslucentBackground);
+    // Beside the application and not in the resource: the host ships the animation.
+    const QString path =
+        QCoreApplication::applicationDirPath() + QStringLiteral("/resources/warning.gif");
+    movie = new QMovie(path, QByteArray(), ui->label);
+    ui->label->setMovie(movie);
+    hideWarning();
+    connect(ui->lineEdit, &QLineEdit::textEdited, this, &VTLineEditWidget::textEdited);
+    connect(ui->lineEdit, &QLineEdit::editingFinished, this, &VTLineEditWidget::editingFinished);
+    // As an editor in a table this widget is given the keyboard; the field is where it belongs.
+    setFocusProxy(ui->lineEdit);
+}
+
+VTLineEditWidget::~VTLineEditWidget()
+{
+    movie->stop();
+}
+
+QLineEdit *VTLineEditWidget::lineEdit() const
+{
+    return ui->lineEdit;
+}
+
+void VTLineEditWidget::setData(const QVariant &data)
+{
+    m_data = data;
+}
+
+void VTLineEditWidget::showWarning(const QString &message)
+{
+    movie->start();
+    ui->label->setToolTip(message);
+    ui->label->show();
+}
+
+void VTLineEditWidget::hideWarning()
+{
+    movie->stop();
+    ui->label->hide();
+}
