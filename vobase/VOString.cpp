@@ -84,8 +84,6 @@ VOString::VOString() = default;
 
 VOString::VOString(const VOString &other) = default;
 
-VOString::VOString(VOString &&other) noexcept = default;
-
 VOString::VOString(const char *text)
     : shared(share(widened(text)))
 {
@@ -145,8 +143,6 @@ bool VOString::operator!=(const wchar_t *other) const
 }
 
 VOString &VOString::operator=(const VOString &other) = default;
-
-VOString &VOString::operator=(VOString &&other) noexcept = default;
 
 VOString &VOString::operator=(const wchar_t *text)
 {

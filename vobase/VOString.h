@@ -21,7 +21,7 @@ class VOBASE_EXPORT VOString
 public:
     VOString();
     VOString(const VOString &other);
-    VOString(VOString &&other) noexcept;
+    VOString(VOString &&other) noexcept = default;
     VOString(const char *text);
     VOString(const wchar_t *text);
     VOString(const std::wstring &text);
@@ -39,7 +39,7 @@ public:
     virtual bool operator!=(const wchar_t *other) const;
 
     VOString &operator=(const VOString &other);
-    VOString &operator=(VOString &&other) noexcept;
+    VOString &operator=(VOString &&other) noexcept = default;
     VOString &operator=(const wchar_t *text);
     VOString &operator=(const std::wstring &text);
 

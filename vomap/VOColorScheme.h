@@ -3,6 +3,8 @@
 #include "vobase/VOString.h"
 #include "vomap/vomap_export.h"
 
+#include <utility>
+
 namespace VTObjects {
 
 class VOColorRamp;
@@ -14,10 +16,24 @@ class VOMAP_EXPORT VOColorScheme
 public:
     VOColorScheme();
     VOColorScheme(const VOColorScheme &other);
-    /// Leaves `other` without a ramp.
-    VOColorScheme(VOColorScheme &&other) noexcept;
+    // Inline, because erasing from a vector of schemes is nothing but moves.
+    VOColorScheme(VOColorScheme &&other) noexcept
+        : name(std::move(other.name))
+        , author(std::move(other.author))
+        , describe(std::move(other.describe))
+        , colorRamp(std::exchange(other.colorRamp, nullptr))
+    {
+    }
     VOColorScheme &operator=(const VOColorScheme &other);
-    VOColorScheme &operator=(VOColorScheme &&other) noexcept;
+    /// The two ramps change places.
+    VOColorScheme &operator=(VOColorScheme &&other) noexcept
+    {
+        name = std::move(other.name);
+        author = std::move(other.author);
+        describe = std::move(other.describe);
+        std::swap(colorRamp, other.colorRamp);
+        return *this;
+    }
     ~VOColorScheme();
 
     VOString name; ///< unique within its group
