@@ -33,7 +33,7 @@ void ModalDriver::next(Handler handler)
 
 bool ModalDriver::allSeen() const
 {
-    return handlers.empty() && failure.isEmpty();
+    return handlers.empty() && pending == 0 && failure.isEmpty();
 }
 
 QString ModalDriver::problem() const
@@ -55,9 +55,20 @@ void ModalDriver::onPoll()
     if (window->isVisible() && !handled.contains(window) && !handlers.empty()) {
         idlePolls = 0;
         handled.append(window);
-        const Handler handler = std::move(handlers.front());
+        // Not from within this timer's own event: what the handler opens runs a loop in which the
+        // timer has to go on.
+        ++pending;
+        QMetaObject::invokeMethod(
+            this,
+            [this, window = QPointer<QWidget>(window), run = std::move(handlers.front())] {
+                --pending;
+                if (window && window->isVisible())
+                    run(window);
+                else
+                    failure = QStringLiteral("a window went before its handler ran");
+            },
+            Qt::QueuedConnection);
         handlers.pop_front();
-        handler(window); // may run a nested loop, in which this goes on polling
         return;
     }
     if (++idlePolls > patience)

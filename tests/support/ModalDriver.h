@@ -43,5 +43,6 @@ private:
     QVector<QPointer<QWidget>> handled;
     QTimer poll;
     int idlePolls = 0;
+    int pending = 0; // handlers on their way
     QString failure;
 };
