@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+/// Draws the editor's colour rows so that they can be read: the number shrinks until it fits its
+/// narrow column, and the swatch keeps its colour while its row is selected.
+class ColorRowDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+public:
+    explicit ColorRowDelegate(QObject *parent);
+    ~ColorRowDelegate() override;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
+};

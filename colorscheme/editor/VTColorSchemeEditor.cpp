@@ -1,0 +1,220 @@
+#include "colorscheme/editor/VTColorSchemeEditor.h"
+
+#include "colorscheme/editor/ColorRowDelegate_p.h"
+#include "colorscheme/editor/VTColorModel.h"
+#include "colorscheme/editor/editorControls_p.h"
+#include "colorscheme/model/colorConversion.h"
+#include "colorscheme/model/colorRampPreviewPixmap.h"
+#include "colorscheme/model/defaultColorRamp.h"
+#include "vomap/VOColorSchemeGroup.h"
+#include "vomap/VOEvenColorRamp.h"
+#include "vomap/VOStringConversion.h"
+
+#include <QSignalBlocker>
+
+#include <vector>
+
+using VTObjects::toQString;
+using VTObjects::VOColorRamp;
+using VTObjects::VOColorScheme;
+using VTObjects::VOColorSchemeGroup;
+using VTObjects::VOEvenColorRamp;
+using VTObjects::VORandomColorRamp;
+using VTObjects::VORandomColorRampForHsv;
+
+namespace {
+
+constexpr int dialogWidth = 555;
+constexpr int plainHeight = 450;
+constexpr int hsvHeight = 515;
+constexpr int numberColumnWidth = 25;
+const QSize swatchSize(500, 23);
+
+constexpr int initialRandomSeed = 2;
+constexpr int initialHsvSeed = 1;
+
+/// The ramp as the class of the kind; null for a ramp of another kind.
+template <typename Ramp>
+Ramp *rampOfKind(VOColorRamp *ramp, VOColorRamp::ColorRampType kind)
+{
+    return ramp && ramp->category() == kind ? dynamic_cast<Ramp *>(ramp) : nullptr;
+}
+
+/// What the colour list shows of a ramp: the source colours of a ramp that has some, else the
+/// output colours.
+QVector<QColor> listedColors(VOColorRamp *ramp)
+{
+    QVector<QColor> colors;
+    if (auto *even = dynamic_cast<VOEvenColorRamp *>(ramp)) {
+        const int count = static_cast<int>(even->getSourceColorCount());
+        colors.reserve(count);
+        for (int i = 0; i < count; ++i)
+            colors.append(toQColor(even->getSourceColor(i)));
+        return colors;
+    }
+    const unsigned int level = ramp->getLevel();
+    colors.reserve(static_cast<int>(level));
+    for (unsigned int i = 0; i < level; ++i)
+        colors.append(toQColor(ramp->getColor(i)));
+    return colors;
+}
+
+} // namespace
+
+VTColorSchemeEditor::VTColorSchemeEditor(int index, VOColorSchemeGroup *group, bool isNew,
+                                         QWidget *parent)
+    : QDialog(parent)
+    , ui(std::make_unique<Ui::VTColorSchemeEditorBase>())
+    , isNewScheme(isNew)
+    , schemeIndex(index)
+    , schemeGroup(group)
+{
+    ui->setupUi(this);
+    initUi();
+    setupConnections();
+}
+
+VTColorSchemeEditor::~VTColorSchemeEditor()
+{
+    // Before the view, which would otherwise go first and with it the selection.
+    delete colorModel;
+    colorModel = nullptr;
+}
+
+void VTColorSchemeEditor::initUi()
+{
+    if (isNewScheme)
+        setWindowTitle(tr("Add color scheme"));
+    setWindowFlags(Qt::Dialog | Qt::WindowCloseButtonHint);
+    setFixedWidth(dialogWidth);
+
+    colorModel = new VTColorModel(this);
+    ui->colorView->setModel(colorModel);
+    ui->colorView->setItemDelegate(new ColorRowDelegate(ui->colorView));
+    QHeaderView *const header = ui->colorView->horizontalHeader();
+    header->setStretchLastSection(true);
+    header->setMinimumSectionSize(numberColumnWidth); // styles ask for more than a number needs
+    header->resizeSection(0, numberColumnWidth);
+    header->setSectionResizeMode(0, QHeaderView::Fixed);
+    ui->colorView->setIconSize(swatchSize);
+
+    ui->comboBox_type->insertItem(VOColorRamp::RandomRamp, tr("Random"));
+    ui->comboBox_type->insertItem(VOColorRamp::RandomHsvRamp, tr("RandomForHsv"));
+    ui->comboBox_type->insertItem(VOColorRamp::EvenRamp, tr("Even"));
+    ui->comboBox_type->insertItem(VOColorRamp::PredefineRamp, tr("Predefine"));
+
+    const VOColorScheme empty;
+    const VOColorScheme *const stored = currentScheme();
+    const VOColorScheme &scheme = stored ? *stored : empty;
+    typeChangeUi(scheme.colorRamp ? scheme.colorRamp->category() : VOColorRamp::EvenRamp);
+    viewScheme(scheme);
+}
+
+void VTColorSchemeEditor::setupConnections()
+{
+    // By signature, so that a host that wants to take a command over can disconnect it by
+    // signature.
+    connect(ui->colorView->selectionModel(),
+            SIGNAL(selectionChanged(QItemSelection, QItemSelection)), this,
+            SLOT(onSelectionChanged(QItemSelection, QItemSelection)));
+    connect(ui->colorView, SIGNAL(doubleClicked(QModelIndex)), this,
+            SLOT(onColorDoubleClicked(QModelIndex)));
+    connect(ui->nameWidget, SIGNAL(textEdited(QString)), this, SLOT(onNameChanged(QString)));
+    connect(ui->pushButton_ok, SIGNAL(clicked(bool)), this, SLOT(onOk()));
+    connect(ui->pushButton_cancel, SIGNAL(clicked(bool)), this, SLOT(onClose()));
+    connect(ui->spinBox_level, SIGNAL(valueChanged(int)), this, SLOT(onPreview()));
+    connect(ui->comboBox_type, SIGNAL(activated(int)), this, SLOT(onTypeChanged(int)));
+    const std::pair<const QAction *, const char *> commands[] = {
+        {ui->actionLoad_scheme, SLOT(onLoadScheme())},
+        {ui->actionAdd_color, SLOT(onAddColor())},
+        {ui->actionDelete_color, SLOT(onDeleteColor())},
+        {ui->actionSelect_all, SLOT(onSelectAll())},
+        {ui->actionInvert_select, SLOT(onInvetSelect())},
+        {ui->actionColor_antitone, SLOT(onColorAntitone())},
+        {ui->actionTop, SLOT(onTop())},
+        {ui->actionUp, SLOT(onUp())},
+        {ui->actionBottom, SLOT(onBottom())},
+        {ui->actionDown, SLOT(onDown())},
+    };
+    for (const auto &[action, slot] : commands)
+        connect(action, SIGNAL(triggered(bool)), this, slot);
+    connect(ui->spinBox_seed, SIGNAL(valueChanged(int)), this, SLOT(onPreview()));
+    const auto hsvBoxes = ui->groupBox_hsv->findChildren<QSpinBox *>();
+    for (const QSpinBox *box : hsvBoxes)
+        connect(box, SIGNAL(valueChanged(int)), this, SLOT(onPreview()));
+}
+
+void VTColorSchemeEditor::typeChangeUi(VOColorRamp::ColorRampType type)
+{
+    const bool hsv = type == VOColorRamp::RandomHsvRamp;
+    const bool seeded = hsv || type == VOColorRamp::RandomRamp;
+    if (!seeded && type != VOColorRamp::EvenRamp && type != VOColorRamp::PredefineRamp)
+        return;
+    ui->label_seed->setVisible(seeded);
+    ui->spinBox_seed->setVisible(seeded);
+    ui->groupBox_hsv->setVisible(hsv);
+    // Else the dialog keeps the minimum height that the rows needed a moment ago.
+    layout()->activate();
+    resize(dialogWidth, hsv ? hsvHeight : plainHeight);
+}
+
+void VTColorSchemeEditor::onTypeChanged(int index)
+{
+    if (index < VOColorRamp::RandomRamp || index > VOColorRamp::PredefineRamp)
+        return;
+    typeChangeUi(static_cast<VOColorRamp::ColorRampType>(index));
+
+    const VOColorScheme *const scheme = currentScheme();
+    VOColorRamp *const stored = scheme ? scheme->colorRamp : nullptr;
+    if (index == VOColorRamp::RandomRamp) {
+        const auto *random = rampOfKind<VORandomColorRamp>(stored, VOColorRamp::RandomRamp);
+        const QSignalBlocker blocker(ui->spinBox_seed);
+        ui->spinBox_seed->setValue(random ? random->seed : initialRandomSeed);
+    } else if (index == VOColorRamp::RandomHsvRamp) {
+        const auto *random =
+            rampOfKind<VORandomColorRampForHsv>(stored, VOColorRamp::RandomHsvRamp);
+        const QSignalBlocker blocker(ui->spinBox_seed);
+        ui->spinBox_seed->setValue(random ? random->seed : initialHsvSeed);
+        for (const HsvBound &bound : hsvBounds) {
+            QSpinBox *const box = ui.get()->*bound.box;
+            const QSignalBlocker boxBlocker(box);
+            box->setValue(random ? random->*bound.field : bound.initial);
+        }
+    }
+    onPreview();
+}
+
+void VTColorSchemeEditor::viewScheme(const VOColorScheme &scheme)
+{
+    std::unique_ptr<VOColorRamp> standIn;
+    if (!scheme.colorRamp)
+        standIn = defaultColorRamp();
+    VOColorRamp *const ramp = standIn ? standIn.get() : scheme.colorRamp;
+
+    ui->nameWidget->lineEdit()->setText(toQString(scheme.name));
+    ui->lineEdit_author->setText(toQString(scheme.author));
+    ui->lineEdit_describe->setText(toQString(scheme.describe));
+    // Deliberate: the rows for seed and bounds stay as they are when a file of another kind is
+    // loaded. They follow the kind that the user chose last.
+    ui->comboBox_type->setCurrentIndex(ramp->category());
+    ui->spinBox_level->setValue(static_cast<int>(ramp->getLevel()));
+    if (const auto *random = rampOfKind<VORandomColorRamp>(ramp, VOColorRamp::RandomRamp)) {
+        ui->spinBox_seed->setValue(random->seed);
+    } else if (const auto *hsvRandom =
+                   rampOfKind<VORandomColorRampForHsv>(ramp, VOColorRamp::RandomHsvRamp)) {
+        ui->spinBox_seed->setValue(hsvRandom->seed);
+        for (const HsvBound &bound : hsvBounds)
+            (ui.get()->*bound.box)->setValue(hsvRandom->*bound.field);
+    }
+    colorModel->setColors(listedColors(ramp));
+    // From the scheme's own ramp: what is loaded is shown as it is, even where the controls cannot
+    // hold it.
+    ui->previewLabel->setPixmap(colorRampPreviewPixmap(ramp, previewSize));
+}
+
+VOColorScheme *VTColorSchemeEditor::currentScheme() const
+{
+    auto &schemes = schemeGroup->schemes;
+    const bool exists = schemeIndex >= 0 && static_cast<std::size_t>(schemeIndex) < schemes.size();
+    return exists ? &schemes[static_cast<std::size_t>(schemeIndex)] : nullptr;
+}

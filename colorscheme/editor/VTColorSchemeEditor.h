@@ -1,0 +1,87 @@
+#pragma once
+
+#include "colorscheme/vtcontrolcolorscheme_export.h"
+#include "vomap/VOColorRamp.h"
+
+#include <QDialog>
+#include <QItemSelection>
+
+#include <memory>
+
+class VTColorModel;
+
+namespace VTObjects {
+class VOColorScheme;
+class VOColorSchemeGroup;
+} // namespace VTObjects
+
+namespace Ui {
+class VTColorSchemeEditorBase;
+}
+
+/// The modal dialog in which one scheme of a group is created or edited: its name, author,
+/// description, and the ramp with its kind, level, seed, bounds and colours. Run it with exec():
+///
+///     VTColorSchemeEditor editor(index, &group, false, this);
+///     if (editor.exec() == QDialog::Accepted)
+///         ... // group.schemes[index] holds what the user made
+///
+/// The widgets are the working state: until OK the scheme stays as it is, and OK gives it a new
+/// ramp, so that pointers to the old one dangle. Nothing is saved to disk.
+///
+/// A scheme without a ramp opens with the default ramp. What the controls cannot hold, such as a
+/// level outside 2..1000, they show as the nearest value that they can.
+class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeEditor : public QDialog
+{
+    Q_OBJECT
+public:
+    /// Edits the scheme at `index` of `group`, which is not owned, must not be null and must
+    /// outlive the dialog; the scheme must stay at its place meanwhile.
+    ///
+    /// With `isNew` the dialog completes a scheme that the caller has appended a moment ago, and
+    /// its Cancel button removes that scheme again. Deliberate: Escape and the title bar's close
+    /// button leave it in the group.
+    VTColorSchemeEditor(int index, VTObjects::VOColorSchemeGroup *group, bool isNew,
+                        QWidget *parent = nullptr);
+    ~VTColorSchemeEditor() override;
+
+private Q_SLOTS:
+    void onOk();
+    void onClose();
+    void onNameChanged(const QString &text);
+    void onPreview();
+    void onLoadScheme();
+    void onAddColor();
+    void onDeleteColor();
+    void onSelectAll();
+    void onInvetSelect();
+    void onColorAntitone();
+    void onTop();
+    void onUp();
+    void onBottom();
+    void onDown();
+    void onSelectionChanged(const QItemSelection &selected, const QItemSelection &deselected);
+    void onColorDoubleClicked(const QModelIndex &index);
+    void onTypeChanged(int index);
+
+private:
+    void initUi();
+    void setupConnections();
+    void typeChangeUi(VTObjects::VOColorRamp::ColorRampType type);
+    void viewScheme(const VTObjects::VOColorScheme &scheme);
+    /// A new ramp made of what the widgets show; null for a kind that does not exist.
+    std::unique_ptr<VTObjects::VOColorRamp> updateColorRamp() const;
+
+    /// The edited scheme in its group; null if there is none at the index.
+    VTObjects::VOColorScheme *currentScheme() const;
+    /// False, with nothing changed, if one of the rows does not exist.
+    bool swapColors(int row, int otherRow);
+    void announceChange(int firstRow, int lastRow);
+    void showMovedTo(int row);
+
+    std::unique_ptr<Ui::VTColorSchemeEditorBase> ui;
+    bool isNewScheme = false;
+    int schemeIndex = -1;
+    VTObjects::VOColorSchemeGroup *schemeGroup = nullptr; // not owned
+    VTColorModel *colorModel = nullptr;
+};

@@ -1,0 +1,210 @@
+// The commands that edit the colour list.
+#include "colorscheme/editor/VTColorModel.h"
+#include "colorscheme/editor/VTColorSchemeEditor.h"
+#include "ui_VTColorSchemeEditorBase.h"
+#include "vtcontrolbase/VTColorMenu.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+using VTObjects::VOColorRamp;
+
+namespace {
+
+constexpr QRgb addedColor = qRgb(15, 225, 255);
+constexpr int fewestSourceColors = 2;
+constexpr int swatchColumn = 1;
+
+/// The selected rows, ascending; the search ends after `most` of them. Reads the ranges of the
+/// selection: selectedRows() takes a time that grows with the square of their number.
+QVector<int> selectedRows(const QTableView &view, int most = std::numeric_limits<int>::max())
+{
+    QVector<int> rows;
+    const int lastColumn = view.model()->columnCount() - 1;
+    const QItemSelection selection = view.selectionModel()->selection();
+    for (const QItemSelectionRange &range : selection) {
+        if (range.left() > 0 || range.right() < lastColumn)
+            continue; // single cells, which only code can select
+        for (int row = range.top(); row <= range.bottom() && rows.size() < most; ++row)
+            rows.append(row);
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+} // namespace
+
+void VTColorSchemeEditor::onAddColor()
+{
+    colorModel->appendColor(addedColor);
+    onPreview();
+}
+
+void VTColorSchemeEditor::onDeleteColor()
+{
+    // The kinds behind the random ones are made of these colours and need some.
+    const bool needsColors = ui->comboBox_type->currentIndex() > VOColorRamp::RandomHsvRamp;
+    const auto canLoseNone = [this, needsColors] {
+        return needsColors && colorModel->colors.size() <= fewestSourceColors;
+    };
+    if (canLoseNone())
+        return;
+    const QVector<int> rows = selectedRows(*ui->colorView);
+    if (rows.isEmpty())
+        return;
+    // From the end, so that no row moves before its turn.
+    for (auto row = rows.crbegin(); row != rows.crend() && !canLoseNone(); ++row)
+        colorModel->removeColorAt(*row);
+    // The selection changed while the removed row was still counted: what is the last row now
+    // was none then.
+    onSelectionChanged(QItemSelection(), QItemSelection());
+    onPreview();
+}
+
+void VTColorSchemeEditor::onSelectAll()
+{
+    ui->colorView->setFocus(Qt::OtherFocusReason);
+    ui->colorView->selectAll();
+}
+
+void VTColorSchemeEditor::onInvetSelect()
+{
+    const QVector<int> formerRows = selectedRows(*ui->colorView);
+    QVector<std::pair<int, int>> gaps; // first and last row
+    int next = 0;
+    for (const int row : formerRows) {
+        if (next < row)
+            gaps.append({next, row - 1});
+        next = row + 1;
+    }
+    if (next < colorModel->rowCount())
+        gaps.append({next, colorModel->rowCount() - 1});
+
+    ui->colorView->clearSelection();
+    if (gaps.isEmpty())
+        return;
+    // All but the last row in one go, since one by one takes seconds in a long list.
+    const int lastRow = gaps.last().second;
+    --gaps.last().second;
+    QItemSelection others;
+    for (const auto &[first, last] : qAsConst(gaps)) {
+        if (first <= last)
+            others.append(QItemSelectionRange(colorModel->index(first, 0),
+                                              colorModel->index(last, swatchColumn)));
+    }
+    ui->colorView->setSelectionMode(QAbstractItemView::MultiSelection);
+    ui->colorView->selectionModel()->select(others, QItemSelectionModel::Select);
+    ui->colorView->setCurrentIndex(colorModel->index(lastRow, 0)); // adds its row in this mode
+    ui->colorView->setSelectionMode(QAbstractItemView::ExtendedSelection);
+}
+
+void VTColorSchemeEditor::onColorAntitone()
+{
+    ui->colorView->clearSelection();
+    QVector<QColor> reversed = colorModel->colors;
+    std::reverse(reversed.begin(), reversed.end());
+    colorModel->setColors(reversed);
+    onPreview();
+}
+
+// Deliberate: "Top" and "Bottom" exchange two colours. The rows between them stay where they are.
+void VTColorSchemeEditor::onTop()
+{
+    const int row = ui->colorView->currentIndex().row();
+    if (!swapColors(row, 0))
+        return;
+    announceChange(0, 0);
+    announceChange(row, row);
+    showMovedTo(0);
+}
+
+void VTColorSchemeEditor::onUp()
+{
+    const int row = ui->colorView->currentIndex().row();
+    if (!swapColors(row, row - 1))
+        return;
+    announceChange(row - 1, row);
+    showMovedTo(row - 1);
+}
+
+void VTColorSchemeEditor::onBottom()
+{
+    const int row = ui->colorView->currentIndex().row();
+    const int last = colorModel->colors.size() - 1;
+    if (!swapColors(row, last))
+        return;
+    announceChange(row, row);
+    announceChange(last, last);
+    showMovedTo(last);
+}
+
+void VTColorSchemeEditor::onDown()
+{
+    const int row = ui->colorView->currentIndex().row();
+    if (!swapColors(row, row + 1))
+        return;
+    announceChange(row, row + 1);
+    showMovedTo(row + 1);
+}
+
+bool VTColorSchemeEditor::swapColors(int row, int otherRow)
+{
+    QVector<QColor> &colors = colorModel->colors;
+    if (std::min(row, otherRow) < 0 || std::max(row, otherRow) >= colors.size())
+        return false;
+    std::swap(colors[row], colors[otherRow]);
+    return true;
+}
+
+void VTColorSchemeEditor::announceChange(int firstRow, int lastRow)
+{
+    Q_EMIT colorModel->dataChanged(colorModel->index(firstRow, 0), colorModel->index(lastRow, 0));
+    // Deliberate: only the number column is announced. The swatches beside it are drawn anew all
+    // the same.
+    ui->colorView->viewport()->update();
+}
+
+void VTColorSchemeEditor::showMovedTo(int row)
+{
+    ui->colorView->clearSelection();
+    ui->colorView->selectRow(row);
+    // selectRow() adds or extends while Ctrl or Shift is held; a moved colour is selected alone.
+    ui->colorView->selectionModel()->select(
+        colorModel->index(row, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    onPreview();
+}
+
+void VTColorSchemeEditor::onSelectionChanged(const QItemSelection &, const QItemSelection &)
+{
+    const QVector<int> rows = selectedRows(*ui->colorView, 2);
+    const bool single = rows.size() == 1;
+    const bool first = single && rows.first() == 0;
+    // Deliberate: a row that is both first and last counts as the first one only.
+    const bool last = single && !first && rows.first() == colorModel->rowCount() - 1;
+    ui->actionTop->setEnabled(single && !first);
+    ui->actionUp->setEnabled(single && !first);
+    ui->actionBottom->setEnabled(single && !last);
+    ui->actionDown->setEnabled(single && !last);
+}
+
+void VTColorSchemeEditor::onColorDoubleClicked(const QModelIndex &index)
+{
+    if (!index.isValid() || index.column() != swatchColumn)
+        return;
+    const int row = index.row();
+    if (row >= colorModel->colors.size())
+        return;
+    VTColorMenu menu(this);
+    menu.setColor(colorModel->colors.at(row));
+    const QPoint corner(ui->colorView->columnViewportPosition(swatchColumn),
+                        ui->colorView->rowViewportPosition(row) + ui->colorView->rowHeight(row));
+    menu.exec(ui->colorView->viewport()->mapToGlobal(corner));
+    const QColor color(menu.getColor());
+    // A host's code may have run while the menu was open.
+    if (row >= colorModel->colors.size() || colorModel->colors.at(row) == color)
+        return;
+    colorModel->colors[row] = color;
+    announceChange(row, row);
+    onPreview();
+}

@@ -1,0 +1,12 @@
+#include "colorscheme/model/lastOpenFilePath.h"
+
+#include "vtgiscore/VTApplication.h"
+
+#include <QSettings>
+
+QString lastOpenFilePath()
+{
+    const QSettings settings(VTApplication::vtgisSettingsFilePath(), QSettings::IniFormat);
+    const QString path = settings.value(QStringLiteral("history/lastOpenFilePath")).toString();
+    return path.startsWith(QLatin1String("VTSDE30_")) ? QString() : path;
+}
