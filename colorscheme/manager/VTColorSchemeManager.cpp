@@ -1,0 +1,250 @@
+#include "colorscheme/manager/VTColorSchemeManager.h"
+
+#include "colorscheme/manager/VTColorSchemeModel.h"
+#include "colorscheme/manager/dataModified_p.h"
+#include "colorscheme/manager/nodeInfo_p.h"
+#include "vomap/VOColorSchemeManager.h"
+#include "vomap/VOStringConversion.h"
+
+#include "ui_VTColorSchemeManagerBase.h"
+
+#include <QMenu>
+#include <QStandardItemModel>
+
+using VTObjects::toQString;
+using VTObjects::VOColorSchemeGroup;
+using VTObjects::VOColorSchemeManager;
+using VTObjects::VOColorSchemeTeam;
+using VTObjects::VOString;
+
+bool dataModified = false;
+
+VTColorSchemeManager::VTColorSchemeManager(QWidget *parent)
+    : QDialog(parent)
+    , ui(std::make_unique<Ui::VTColorSchemeManagerBase>())
+{
+    ui->setupUi(this);
+    initUi();
+    setupConnections();
+    onTeamViewClicked(teamModel->index(0, 0));
+}
+
+VTColorSchemeManager::~VTColorSchemeManager()
+{
+    for (QStandardItem **root : {&defaultItem, &customItem, &favoriteItem}) {
+        delete *root;
+        *root = nullptr;
+    }
+    dataModified = false;
+}
+
+void VTColorSchemeManager::initUi()
+{
+    setWindowFlags(Qt::Dialog | Qt::WindowCloseButtonHint);
+    resize(790, 530);
+    qRegisterMetaType<ColorSchemeNodeInfo>("ColorSchemeNodeInfo");
+    teamModel = new QStandardItemModel(0, 1, this);
+    ui->teamView->setModel(teamModel);
+    ui->teamView->setStyleSheet(
+        QStringLiteral("QTreeView::item:hover{background-color:rgb(255,0,0,125)}"
+                       "QTreeView::item:selected{background-color:rgb(0,0,255,50)}"));
+    // On that pale selection the palette's text for selected items could not be read.
+    QPalette palette = ui->teamView->palette();
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        palette.setColor(group, QPalette::HighlightedText, palette.color(group, QPalette::Text));
+        palette.setColor(group, QPalette::Highlight, QColor(0, 0, 255, 50));
+    }
+    ui->teamView->setPalette(palette);
+    groupIcon.addFile(QStringLiteral(":/icon/Group.png"), QSize(16, 16));
+    const VOColorSchemeManager *store = VOColorSchemeManager::instance();
+
+    defaultItem = appendTeam(QStringLiteral(":/icon/Default.png"), tr("Default"),
+                             store->defaultTeam.name, DefaultTeamNode);
+    groupLabels = {
+        {"DEM", tr("For DEM")},     {"Unique", tr("For unique")}, {"Range", tr("For unique range")},
+        {"Graph", tr("For graph")}, {"Even", tr("Even scheme")},  {"Random", tr("Random scheme")}};
+    defaultGroupIndex.clear();
+    // Deliberate: these six, in this order; a built-in group of any other name is never shown.
+    for (const char *key : {"DEM", "Unique", "Range", "Graph", "Even", "Random"}) {
+        const int i = store->defaultTeam.index(key);
+        if (i < 0)
+            continue;
+        defaultGroupIndex[key] = i;
+        appendGroup(defaultItem, groupLabels[key],
+                    store->defaultTeam.groups[static_cast<std::size_t>(i)].name);
+    }
+
+    customItem = appendTeam(QStringLiteral(":/icon/Custom.png"), tr("Custom"),
+                            store->customTeam.name, CustomTeamNode);
+    for (const VOColorSchemeGroup &group : store->customTeam.groups)
+        appendGroup(customItem, toQString(group.name), group.name);
+
+    favoriteItem = appendTeam(QStringLiteral(":/icon/Favorite.png"), tr("Favorite"),
+                              store->favoriteTeam.name, FavoriteTeamNode);
+    for (const VOColorSchemeGroup &group : store->favoriteTeam.groups)
+        appendGroup(favoriteItem, toQString(group.name), group.name);
+
+    ui->teamView->expandAll();
+    defaultTeam = store->defaultTeam;
+    customTeam = store->customTeam;
+    favoriteTeam = store->favoriteTeam;
+}
+
+QStandardItem *VTColorSchemeManager::appendTeam(const QString &icon, const QString &text,
+                                                const VOString &name, int type)
+{
+    QIcon teamIcon;
+    teamIcon.addFile(icon, QSize(24, 24));
+    QFont font;
+    font.setPointSize(10);
+    font.setWeight(QFont::Bold);
+    auto *item = new QStandardItem(teamIcon, text);
+    item->setData(QVariant::fromValue(ColorSchemeNodeInfo(name, static_cast<NodeType>(type))),
+                  nodeInfoRole);
+    item->setFont(font);
+    teamModel->appendRow(item);
+    return item;
+}
+
+void VTColorSchemeManager::appendGroup(QStandardItem *team, const QString &text,
+                                       const VOString &name)
+{
+    auto *item = new QStandardItem(groupIcon, text);
+    item->setData(QVariant::fromValue(ColorSchemeNodeInfo(name, GroupNode)), nodeInfoRole);
+    team->appendRow(item);
+}
+
+void VTColorSchemeManager::setupConnections()
+{
+    using Manager = VTColorSchemeManager;
+    connect(ui->schemeView, &VTColorSchemeView::information, this, &Manager::onInformation);
+    connect(ui->pushButton_ok, &QPushButton::clicked, this, &Manager::onOk);
+    connect(ui->pushButton_cancel, &QPushButton::clicked, this, &Manager::onClose);
+    connect(ui->teamView, &QTreeView::clicked, this, &Manager::onTeamViewClicked);
+    connect(ui->actionAdd_group, &QAction::triggered, this, &Manager::onAddGroup);
+    connect(ui->actionDelete_group, &QAction::triggered, this, &Manager::onDeleteGroup);
+    connect(ui->actionAdd_scheme, &QAction::triggered, this, &Manager::onAddScheme);
+    connect(ui->actionDelete_scheme, &QAction::triggered, this, &Manager::onDeleteScheme);
+    connect(ui->actionEdit_scheme, &QAction::triggered, this, &Manager::onEditScheme);
+    connect(ui->actionSelect_all, &QAction::triggered, this, &Manager::onSelectAll);
+    connect(ui->actionInvert_select, &QAction::triggered, this, &Manager::onInvertSelect);
+    connect(ui->actionExport_scheme, &QAction::triggered, this, &Manager::onExportScheme);
+    connect(ui->actionImport_scheme, &QAction::triggered, this, &Manager::onImportScheme);
+}
+
+void VTColorSchemeManager::onTeamViewClicked(const QModelIndex &index)
+{
+    QStandardItem *item = teamModel->itemFromIndex(index);
+    if (!item)
+        return;
+    ui->schemeView->finishEditing();
+    // Deliberate: only a user's click keeps what was edited in the table; a call from code has
+    // written it back already or means to drop it.
+    if (sender() && dataModified)
+        updateData();
+
+    QStandardItem *team = item->parent();
+    if (!team) {
+        team = item;
+        item = team->child(0);
+        if (item)
+            ui->teamView->setCurrentIndex(item->index());
+    }
+    const int teamKind = nodeInfo(team).type;
+    int groupIndex = -1;
+    if (item)
+        groupIndex =
+            teamKind == DefaultTeamNode ? defaultGroupPosition(nodeInfo(item).name) : item->row();
+    showGroup(teamKind, groupIndex);
+
+    if (ui->schemeView->schemeModel()->columnCount() == 0)
+        return;
+    ui->schemeView->setFocus(Qt::OtherFocusReason);
+    ui->schemeView->selectRow(0);
+}
+
+void VTColorSchemeManager::showGroup(int teamKind, int groupIndex)
+{
+    if (const VOColorSchemeGroup *group = groupOf(teamKind, groupIndex))
+        ui->schemeView->setGroup(teamKind, groupIndex, *group);
+    else
+        ui->schemeView->setGroup(teamKind, -1, VOColorSchemeGroup());
+}
+
+void VTColorSchemeManager::updateData()
+{
+    VOColorSchemeGroup *group = groupOf(ui->schemeView->teamKind, ui->schemeView->groupIndex);
+    if (group)
+        *group = ui->schemeView->schemeModel()->group();
+}
+
+QMenu *VTColorSchemeManager::defaultMenu()
+{
+    return copyMenu(defaultItem, &VTColorSchemeManager::onCopyDefaultGroup);
+}
+
+QMenu *VTColorSchemeManager::customMenu()
+{
+    return copyMenu(customItem, &VTColorSchemeManager::onCopyCustomGroup);
+}
+
+QMenu *VTColorSchemeManager::copyMenu(const QStandardItem *team,
+                                      void (VTColorSchemeManager::*slot)(bool))
+{
+    auto menu = std::make_unique<QMenu>();
+    const int teamKind = nodeInfo(team).type;
+    for (int row = 0; row < team->rowCount(); ++row) {
+        const QStandardItem *item = team->child(row);
+        const int groupIndex =
+            teamKind == DefaultTeamNode ? defaultGroupPosition(nodeInfo(item).name) : row;
+        if (ui->schemeView->teamKind == teamKind && ui->schemeView->groupIndex == groupIndex)
+            continue;
+        auto *action = new QAction(item->text(), menu.get());
+        action->setData(item->data(nodeInfoRole));
+        connect(action, &QAction::triggered, this, slot);
+        menu->addAction(action);
+    }
+    return menu.release();
+}
+
+void VTColorSchemeManager::onClose()
+{
+    reject();
+}
+
+QStandardItem *VTColorSchemeManager::currentItem() const
+{
+    return teamModel->itemFromIndex(ui->teamView->currentIndex());
+}
+
+int VTColorSchemeManager::defaultGroupPosition(const VOString &name)
+{
+    return defaultGroupIndex[name]; // deliberate: an unknown name means the first group
+}
+
+VOColorSchemeTeam *VTColorSchemeManager::teamOf(int teamKind)
+{
+    switch (teamKind) {
+    case DefaultTeamNode:
+        return &defaultTeam;
+    case CustomTeamNode:
+        return &customTeam;
+    case FavoriteTeamNode:
+        return &favoriteTeam;
+    default:
+        return nullptr;
+    }
+}
+
+VOColorSchemeGroup *VTColorSchemeManager::groupOf(int teamKind, int groupIndex)
+{
+    VOColorSchemeTeam *team = teamOf(teamKind);
+    if (!team || groupIndex < 0 || static_cast<std::size_t>(groupIndex) >= team->groups.size())
+        return nullptr;
+    return &team->groups[static_cast<std::size_t>(groupIndex)];
+}
+
+bool VTColorSchemeManager::showsGroup()
+{
+    return groupOf(ui->schemeView->teamKind, ui->schemeView->groupIndex) != nullptr;
+}

@@ -1,0 +1,244 @@
+#include "colorscheme/manager/VTColorSchemeView.h"
+
+#include "colorscheme/editor/VTColorSchemeEditor.h"
+#include "colorscheme/manager/ColorSchemeNodeInfo.h"
+#include "colorscheme/manager/VTColorSchemeManager.h"
+#include "colorscheme/manager/VTColorSchemeModel.h"
+#include "colorscheme/manager/VTLineEditWidget.h"
+#include "colorscheme/manager/VtColorSchemeNameDelegate.h"
+#include "colorscheme/manager/dataModified_p.h"
+#include "colorscheme/manager/tableColumns_p.h"
+#include "colorscheme/model/GeneratedName.h"
+#include "colorscheme/model/lastOpenFilePath.h"
+#include "vomap/VOColorSchemeManager.h"
+#include "vomap/VOStringConversion.h"
+
+#include <QContextMenuEvent>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+
+#include <algorithm>
+
+using VTObjects::toQString;
+using VTObjects::toVOString;
+using VTObjects::VOColorScheme;
+using VTObjects::VOColorSchemeGroup;
+using VTObjects::VOColorSchemeManager;
+using VTObjects::VOString;
+
+VTColorSchemeView::VTColorSchemeView(QWidget *parent)
+    : QTableView(parent)
+    , manager(qobject_cast<VTColorSchemeManager *>(parent))
+{
+    tableModel = new VTColorSchemeModel(this);
+    setModel(tableModel);
+    setItemDelegateForColumn(NameColumn, new VtColorSchemeNameDelegate(this));
+
+    // First of all: the style's minimum is wider than the first column.
+    horizontalHeader()->setMinimumSectionSize(25);
+    setColumnWidth(NumberColumn, 25);
+    setColumnWidth(RampColumn, 265);
+    setColumnWidth(NameColumn, 100);
+    setColumnWidth(AuthorColumn, 60);
+    setIconSize(tablePreviewSize);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    horizontalHeader()->setSectionResizeMode(NumberColumn, QHeaderView::Fixed);
+    horizontalHeader()->setSectionResizeMode(RampColumn, QHeaderView::Fixed);
+    setEditTriggers(QAbstractItemView::DoubleClicked);
+    connect(this, &QTableView::doubleClicked, this, &VTColorSchemeView::onDoubleClicked);
+
+    contextMenu = new QMenu(this);
+    auto *copyAction = new QAction(tr("Copy to"), contextMenu);
+    auto *copyMenu = new QMenu(contextMenu);
+    defaultAction = new QAction(tr("Default"), copyMenu);
+    customAction = new QAction(tr("Custom"), copyMenu);
+    copyMenu->addAction(defaultAction);
+    copyMenu->addAction(customAction);
+    copyAction->setMenu(copyMenu);
+    auto *exportAction = new QAction(tr("Export"), contextMenu);
+    connect(exportAction, &QAction::triggered, this, &VTColorSchemeView::onExportScheme);
+    favoriteAction = new QAction(tr("Favorite"), contextMenu);
+    connect(favoriteAction, &QAction::triggered, this, &VTColorSchemeView::onFavorite);
+    contextMenu->addActions({copyAction, exportAction, favoriteAction});
+}
+
+VTColorSchemeView::~VTColorSchemeView()
+{
+    delete contextMenu;
+}
+
+void VTColorSchemeView::setGroup(int teamKind, const int &groupIndex,
+                                 const VOColorSchemeGroup &group)
+{
+    this->teamKind = teamKind;
+    this->groupIndex = groupIndex;
+    tableModel->setGroup(group);
+}
+
+QVector<int> VTColorSchemeView::selectedRowNumbers() const
+{
+    // The ranges and not selectedRows(), which takes a minute for some thousands of them.
+    const int lastColumn = tableModel->columnCount() - 1;
+    QVector<int> rows;
+    for (const QItemSelectionRange &range : selectionModel()->selection()) {
+        // Parts of rows come from code alone; telling which add up to whole ones is the model's.
+        if (range.left() > 0 || range.right() < lastColumn) {
+            rows.clear();
+            for (const QModelIndex &index : selectionModel()->selectedRows())
+                rows.append(index.row());
+            break;
+        }
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.append(row);
+    }
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+void VTColorSchemeView::onDoubleClicked(const QModelIndex &index)
+{
+    // The other columns are edited in place.
+    if (!index.isValid() || index.column() > RampColumn)
+        return;
+    VTColorSchemeEditor editor(index.row(), &tableModel->group(), false, this);
+    if (editor.exec() != QDialog::Accepted)
+        return;
+    dataModified = true;
+    // Deliberate: one column past the last, hence no index; the view then repaints everything.
+    Q_EMIT tableModel->dataChanged(tableModel->index(index.row(), 0),
+                                   tableModel->index(index.row(), tableModel->columnCount()));
+}
+
+void VTColorSchemeView::onExportScheme()
+{
+    finishEditing();
+    const QVector<int> rows = selectedRowNumbers();
+    if (rows.isEmpty()) {
+        QMessageBox::information(this, tr("Export color scheme"), tr("No color scheme selected!"),
+                                 QMessageBox::Close);
+        return;
+    }
+    const QString chosen = QFileDialog::getExistingDirectory(
+        this, tr("Export color scheme"), lastOpenFilePath(),
+        QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog);
+    if (chosen.isEmpty())
+        return;
+    VOString directory = toVOString(chosen);
+    directory.Replace(L'\\', L'/');
+    bool ok = true;
+    for (const int row : rows) {
+        const VOColorScheme &scheme = tableModel->group().schemes[static_cast<std::size_t>(row)];
+        const VOString path = directory + "/" + scheme.name + ".vcs";
+        ok = VOColorSchemeManager::saveFile(scheme, path) && ok;
+    }
+    if (ok)
+        QMessageBox::information(this, tr("Export color scheme"),
+                                 tr("Export color scheme successfully!"), QMessageBox::Ok);
+    else
+        QMessageBox::information(this, tr("Export color scheme"),
+                                 tr("Failed to export color scheme!"), QMessageBox::Close);
+}
+
+void VTColorSchemeView::onFavorite()
+{
+    if (!manager)
+        return;
+    const QVector<int> rows = selectedRowNumbers();
+    manager->onFavorite(QSet<int>(rows.cbegin(), rows.cend()));
+}
+
+void VTColorSchemeView::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (!contextMenu || !manager || selectedRowNumbers().isEmpty())
+        return;
+    favoriteAction->setVisible(teamKind != FavoriteTeamNode);
+    // Made afresh, since the groups may have changed. Those of the last time go now and not when
+    // the menu is hidden: the command that an action of theirs runs starts after that.
+    std::unique_ptr<QMenu> defaults(manager->defaultMenu());
+    std::unique_ptr<QMenu> customs(manager->customMenu());
+    defaultAction->setMenu(defaults.get());
+    customAction->setMenu(customs.get());
+    defaultGroups = std::move(defaults);
+    customGroups = std::move(customs);
+    if (!contextMenu->isEmpty())
+        contextMenu->popup(event->globalPos());
+}
+
+void VTColorSchemeView::onNameEdited(const QString &name)
+{
+    auto *editor = qobject_cast<VTLineEditWidget *>(sender());
+    if (!editor)
+        return;
+    if (name.isEmpty()) {
+        editor->showWarning(tr("The name cannot be empty!"));
+        Q_EMIT information(false);
+        return;
+    }
+    const bool ok = tableModel->group().schemeNameChangeCheck(editor->data().toInt(),
+                                                              toVOString(name.trimmed()));
+    if (ok)
+        editor->hideWarning();
+    else
+        editor->showWarning(tr("The name already exists!"));
+    Q_EMIT information(ok);
+}
+
+void VTColorSchemeView::onNameEditingFinished()
+{
+    makeNameUsable(qobject_cast<VTLineEditWidget *>(sender()));
+}
+
+void VTColorSchemeView::makeNameUsable(VTLineEditWidget *editor)
+{
+    if (!editor)
+        return;
+    const int row = editor->data().toInt();
+    const QString name = editor->lineEdit()->text().trimmed();
+    if (name.isEmpty() || !tableModel->group().schemeNameChangeCheck(row, toVOString(name)))
+        editor->lineEdit()->setText(makeRenameName(row));
+    Q_EMIT information(true);
+}
+
+QString VTColorSchemeView::makeRenameName(int row) const
+{
+    GeneratedName name(QStringLiteral("rename_"));
+    const std::vector<VOColorScheme> &schemes = tableModel->group().schemes;
+    for (std::size_t i = 0; i < schemes.size(); ++i) {
+        if (static_cast<int>(i) != row)
+            name.add(toQString(schemes[i].name));
+    }
+    return name.next();
+}
+
+void VTColorSchemeView::finishEditing()
+{
+    // Whatever is visible on the viewport is an editor.
+    for (QWidget *editor :
+         viewport()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (editor->isHidden())
+            continue;
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+}
+
+void VTColorSchemeView::commitData(QWidget *editor)
+{
+    // The view commits also when nothing has told it that the editing is over, for example when
+    // another row becomes the current one. A bad name must not get through then either.
+    makeNameUsable(qobject_cast<VTLineEditWidget *>(editor));
+    QTableView::commitData(editor);
+}
+
+void VTColorSchemeView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    // The base takes the keyboard back, which the delegate would take for the end of the editing.
+    if (auto *nameEditor = qobject_cast<VTLineEditWidget *>(editor))
+        nameEditor->lineEdit()->removeEventFilter(itemDelegateForColumn(NameColumn));
+    QTableView::closeEditor(editor, hint);
+}

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "colorscheme/vtcontrolcolorscheme_export.h"
+
+#include <QTableView>
+#include <QVector>
+
+#include <memory>
+
+class QMenu;
+class VTColorSchemeManager;
+class VTColorSchemeModel;
+class VTLineEditWidget;
+
+namespace VTObjects {
+class VOColorSchemeGroup;
+}
+
+/// The table of the manager: the schemes of one group. Names are edited in place, with a warning
+/// while what is typed cannot be used; author and description too; a double-click on number or
+/// preview opens the editor. Works on its model's copy of the group only.
+///
+/// The context menu and the favourites are there only for a view whose parent is a manager.
+class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeView : public QTableView
+{
+    Q_OBJECT
+public:
+    explicit VTColorSchemeView(QWidget *parent = nullptr);
+    ~VTColorSchemeView() override;
+
+    /// Shows a copy of the group, which stands at `groupIndex` of the team; -1 for none.
+    void setGroup(int teamKind, const int &groupIndex, const VTObjects::VOColorSchemeGroup &group);
+    /// The model: never null, owned by the view.
+    VTColorSchemeModel *schemeModel() const { return tableModel; }
+    /// The rows that are selected as a whole, ascending.
+    QVector<int> selectedRowNumbers() const;
+    /// Commits what is being typed in the table and closes its editor. Tool buttons do not take the
+    /// keyboard, so the commands behind them call this before they touch the rows.
+    void finishEditing();
+
+    int teamKind = 0;    ///< the team of the shown group: one of the first three NodeType values
+    int groupIndex = -1; ///< its position in the team, or -1
+
+public Q_SLOTS:
+    /// Asks for a folder and writes the selected schemes there, each into a file of its name.
+    void onExportScheme();
+    void onDoubleClicked(const QModelIndex &index);
+    /// The two slots of the name editors, which they find by sender().
+    void onNameEdited(const QString &name);
+    void onNameEditingFinished();
+    void onFavorite();
+
+Q_SIGNALS:
+    /// Whether the name that is being typed can be used.
+    void information(bool isOk);
+
+protected:
+    void contextMenuEvent(QContextMenuEvent *event) override;
+
+protected Q_SLOTS:
+    void commitData(QWidget *editor) override;
+    void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
+
+private:
+    QString makeRenameName(int row) const;
+    void makeNameUsable(VTLineEditWidget *editor);
+
+    QMenu *contextMenu = nullptr;
+    QAction *defaultAction = nullptr;
+    QAction *customAction = nullptr;
+    QAction *favoriteAction = nullptr;
+    VTColorSchemeModel *tableModel = nullptr;
+    VTColorSchemeManager *manager = nullptr;
+    // The submenus of the last right-click; an action does not own its menu.
+    std::unique_ptr<QMenu> defaultGroups;
+    std::unique_ptr<QMenu> customGroups;
+};

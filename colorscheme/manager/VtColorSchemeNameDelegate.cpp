@@ -1,0 +1,77 @@
+#include "colorscheme/manager/VtColorSchemeNameDelegate.h"
+
+#include "colorscheme/manager/VTColorSchemeView.h"
+#include "colorscheme/manager/VTLineEditWidget.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+
+VtColorSchemeNameDelegate::VtColorSchemeNameDelegate(VTColorSchemeView *view)
+    : QItemDelegate(view)
+    , view(view)
+{
+}
+
+VtColorSchemeNameDelegate::~VtColorSchemeNameDelegate() = default;
+
+QWidget *VtColorSchemeNameDelegate::createEditor(QWidget *parent,
+                                                 const QStyleOptionViewItem & /*option*/,
+                                                 const QModelIndex &index) const
+{
+    auto *editor = new VTLineEditWidget(parent);
+    editor->setData(index.row());
+    // The old name must not shine through beside the field.
+    editor->setBackgroundRole(QPalette::Base);
+    editor->setAutoFillBackground(true);
+    editor->lineEdit()->setAttribute(Qt::WA_TranslucentBackground);
+    // The view filters the events of the editor, but the keyboard is in the field inside it.
+    editor->lineEdit()->installEventFilter(const_cast<VtColorSchemeNameDelegate *>(this));
+    connect(editor, &VTLineEditWidget::textEdited, view, &VTColorSchemeView::onNameEdited);
+    connect(editor, &VTLineEditWidget::editingFinished, view,
+            &VTColorSchemeView::onNameEditingFinished);
+    return editor;
+}
+
+void VtColorSchemeNameDelegate::destroyEditor(QWidget *editor, const QModelIndex &index) const
+{
+    // However the editing ended, no unusable name is being typed any more.
+    Q_EMIT view->information(true);
+    QItemDelegate::destroyEditor(editor, index);
+}
+
+void VtColorSchemeNameDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
+{
+    if (auto *nameEditor = qobject_cast<VTLineEditWidget *>(editor))
+        nameEditor->lineEdit()->setText(index.model()->data(index, Qt::EditRole).toString());
+}
+
+void VtColorSchemeNameDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
+                                             const QModelIndex &index) const
+{
+    if (auto *nameEditor = qobject_cast<VTLineEditWidget *>(editor))
+        model->setData(index, nameEditor->lineEdit()->text(), Qt::EditRole);
+}
+
+void VtColorSchemeNameDelegate::updateEditorGeometry(QWidget *editor,
+                                                     const QStyleOptionViewItem &option,
+                                                     const QModelIndex & /*index*/) const
+{
+    editor->setGeometry(option.rect);
+}
+
+bool VtColorSchemeNameDelegate::eventFilter(QObject *object, QEvent *event)
+{
+    auto *field = qobject_cast<QLineEdit *>(object);
+    QWidget *editor = field ? qobject_cast<VTLineEditWidget *>(field->parentWidget()) : nullptr;
+    if (!editor)
+        return QItemDelegate::eventFilter(object, event);
+    // What leaves the field leaves the editor: the base knows what to do then, but it watches only
+    // the editor itself. Return and Escape reach that by themselves, Tab and the focus do not.
+    bool leaves = event->type() == QEvent::FocusOut;
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        leaves = key == Qt::Key_Tab || key == Qt::Key_Backtab;
+    }
+    // A hidden editor is on its way out already.
+    return leaves && !editor->isHidden() && QItemDelegate::eventFilter(editor, event);
+}
