@@ -6,8 +6,10 @@
 #include <QColor>
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <iterator>
 #include <limits>
 
 using VTObjects::VOColorRamp;
@@ -116,14 +118,20 @@ QString translated(const char *source)
 QString describeColor(const QColor &color)
 {
     const Lab wanted = toLab(color.red(), color.green(), color.blue());
+    // A long list describes thousands of colours at once.
+    static const std::array<Lab, std::size(namedColors)> places = [] {
+        std::array<Lab, std::size(namedColors)> result = {};
+        std::transform(std::begin(namedColors), std::end(namedColors), result.begin(),
+                       [](const NamedColor &c) { return toLab(c.red, c.green, c.blue); });
+        return result;
+    }();
     const char *name = "";
     double nearest = std::numeric_limits<double>::max();
-    for (const NamedColor &candidate : namedColors) {
-        const double distance =
-            squaredDistance(wanted, toLab(candidate.red, candidate.green, candidate.blue));
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const double distance = squaredDistance(wanted, places[i]);
         if (distance < nearest) {
             nearest = distance;
-            name = candidate.name;
+            name = namedColors[i].name;
         }
     }
     return translated(name);

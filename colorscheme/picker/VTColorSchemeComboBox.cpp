@@ -2,17 +2,21 @@
 
 #include "colorscheme/model/colorRampPreviewPixmap.h"
 #include "colorscheme/model/defaultColorRamp.h"
+#include "colorscheme/model/describeColorRamp.h"
+#include "colorscheme/picker/VTColorSchemeMenu.h"
 #include "colorscheme/picker/defaultGroupCaptions.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPolygonF>
 
 #include <algorithm>
 #include <memory>
 
+using VTObjects::toQString;
 using VTObjects::toVOString;
 using VTObjects::VOColorRamp;
 using VTObjects::VOColorScheme;
@@ -52,6 +56,8 @@ VTColorSchemeComboBox::VTColorSchemeComboBox(QWidget *parent)
     setStyleSheet(QStringLiteral("QToolButton{border-radius: 2px; min-height:20;border: 1px groove "
                                  "gray;border-style: outset;}"));
     connect(this, &QToolButton::clicked, this, &VTColorSchemeComboBox::showMenu);
+    setAccessibleName(tr("Colour scheme"));
+    setAccessibleDescription(describeColorRamp(nullptr));
 }
 
 VTColorSchemeComboBox::~VTColorSchemeComboBox() = default;
@@ -113,6 +119,7 @@ void VTColorSchemeComboBox::updatePreview()
 {
     preview = colorRampPreviewPixmap(scheme.colorRamp, previewSize);
     update();
+    setAccessibleDescription(describeColorRamp(scheme.colorRamp));
 }
 
 void VTColorSchemeComboBox::paintEvent(QPaintEvent *event)
@@ -143,4 +150,25 @@ void VTColorSchemeComboBox::paintEvent(QPaintEvent *event)
     painter.drawPixmap(target, preview, preview.rect());
 }
 
-void VTColorSchemeComboBox::showMenu() {}
+void VTColorSchemeComboBox::keyPressEvent(QKeyEvent *event)
+{
+    const bool altDown = event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier;
+    if (altDown || event->key() == Qt::Key_F4)
+        showMenu();
+    else
+        QToolButton::keyPressEvent(event);
+}
+
+void VTColorSchemeComboBox::showMenu()
+{
+    QString caption;
+    VOColorSchemeGroup group;
+    const VOColorSchemeTeam &team = teamOf(teamName);
+    if (groupIndex >= 0 && static_cast<std::size_t>(groupIndex) < team.groups.size()) {
+        group = team.groups[static_cast<std::size_t>(groupIndex)];
+        caption = isTeam(teamName, QLatin1String("Default")) ? defaultGroupCaptions[group.name]
+                                                             : toQString(group.name);
+    }
+    VTColorSchemeMenu menu(caption, group, this);
+    menu.exec();
+}

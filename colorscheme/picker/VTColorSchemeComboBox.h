@@ -17,6 +17,9 @@ class VOColorSchemeTeam;
 ///
 /// The picker keeps a copy of its scheme. Choosing a scheme does not touch the store; only "User
 /// define" in the drop-down adds to it.
+///
+/// The accessible description always tells the colours that the face shows; the accessible name is
+/// the host's to change.
 class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeComboBox : public QToolButton
 {
     Q_OBJECT
@@ -52,11 +55,15 @@ protected:
     /// Shows a copy of the scheme.
     void setScheme(const VTObjects::VOColorScheme &scheme);
     void paintEvent(QPaintEvent *event) override;
+    /// Besides the keys of every button: Alt+Down and F4 open the drop-down.
+    void keyPressEvent(QKeyEvent *event) override;
 
 private Q_SLOTS:
     void showMenu();
 
 private:
+    friend class VTColorSchemeMenu; // the drop-down sets scheme, team and group as the user chooses
+
     static const int ARROW_WIDTH = 6;
     static const int ARROW_HEIGHT = 4;
     static const int ICON_MARGIN = 5;

@@ -1,0 +1,250 @@
+#include "colorscheme/picker/VTColorSchemeMenu.h"
+
+#include "colorscheme/editor/VTColorSchemeEditor.h"
+#include "colorscheme/model/GeneratedName.h"
+#include "colorscheme/model/colorRampPreviewPixmap.h"
+#include "colorscheme/model/defaultColorRamp.h"
+#include "colorscheme/model/describeColorRamp.h"
+#include "colorscheme/picker/EntryList_p.h"
+#include "colorscheme/picker/VTColorSchemeComboBox.h"
+#include "colorscheme/picker/VTColorSchemeGroupButton.h"
+#include "colorscheme/picker/VTSchemeMenuActionWidget.h"
+#include "vomap/VOColorRamp.h"
+#include "vomap/VOColorSchemeManager.h"
+#include "vomap/VOStringConversion.h"
+
+#include <QApplication>
+#include <QDesktopWidget>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
+#include <QWidgetAction>
+
+#include <algorithm>
+
+using VTObjects::toQString;
+using VTObjects::toVOString;
+using VTObjects::VOColorScheme;
+using VTObjects::VOColorSchemeGroup;
+using VTObjects::VOColorSchemeManager;
+using VTObjects::VOColorSchemeTeam;
+using VTObjects::VOString;
+
+namespace {
+
+const QSize smallest(160, 350);
+constexpr double shareOfPicker = 0.8;
+constexpr int stripHeight = 20;
+// A strip is this much narrower than the drop-down. Frame, margins and scroll bar have to do with
+// it, or they would cut the strips.
+constexpr int besideStrip = 20;
+constexpr int widestMargin = 3;
+constexpr int spacing = 2;
+
+enum TeamKind { DefaultTeam = 0, CustomTeam = 1, FavoriteTeam = 2 };
+
+} // namespace
+
+VTColorSchemeMenu::VTColorSchemeMenu(const QString &caption, const VOColorSchemeGroup &group,
+                                     QWidget *parent)
+    : QMenu(parent)
+    , comboBox(qobject_cast<VTColorSchemeComboBox *>(parent))
+    , groupButton(new VTColorSchemeGroupButton(this))
+    , customButton(new QPushButton(tr("User define"), this))
+    , scrollArea(new QScrollArea(this))
+    , listStyle(std::make_unique<EntryListStyle>(besideStrip))
+{
+    setMouseTracking(true);
+    setMinimumSize(smallest);
+    if (comboBox && shareOfPicker * comboBox->width() > width())
+        setMinimumSize(static_cast<int>(shareOfPicker * comboBox->width()), height());
+
+    groupButton->setText(caption);
+    scrollArea->setMouseTracking(true);
+    scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scrollArea->setFrameShape(QFrame::NoFrame);
+    scrollArea->setAlignment(Qt::AlignHCenter);
+    scrollArea->setFocusPolicy(Qt::NoFocus); // keys are for the drop-down itself
+    // Leaving an entry turns its name white, so all of the list is.
+    QPalette white = scrollArea->viewport()->palette();
+    white.setColor(QPalette::Base, Qt::white);
+    scrollArea->viewport()->setPalette(white);
+    scrollArea->viewport()->setBackgroundRole(QPalette::Base);
+    QScrollBar *const bar = scrollArea->verticalScrollBar();
+    bar->setStyle(listStyle.get());
+    connect(bar, &QScrollBar::valueChanged, this, &VTColorSchemeMenu::followPointer);
+
+    auto *layout = new QVBoxLayout;
+    const int margin = std::min((besideStrip - bar->sizeHint().width()) / 2, widestMargin);
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(spacing);
+    layout->addWidget(groupButton);
+    layout->addWidget(scrollArea);
+    layout->addWidget(customButton);
+    connect(customButton, &QPushButton::clicked, this, &VTColorSchemeMenu::onCustomButtonClicked);
+    connect(groupButton, &VTColorSchemeGroupButton::textChanged, this,
+            &VTColorSchemeMenu::onGroupButtonTextChanged);
+    setLayout(layout);
+    fill(group);
+}
+
+VTColorSchemeMenu::~VTColorSchemeMenu()
+{
+    clearList();
+    delete scrollArea; // its bar uses the style, which goes before the children
+}
+
+void VTColorSchemeMenu::fill(const VOColorSchemeGroup &record)
+{
+    group = record;
+    clearList();
+
+    auto *list = new EntryList(
+        [this](const QAction *action) { highlight(action ? action->data().toInt() : -1); },
+        scrollArea);
+    list->setStyle(listStyle.get());
+    list->setAttribute(Qt::WA_MouseTracking);
+    list->setAttribute(Qt::WA_TranslucentBackground);
+    list->setFocusPolicy(Qt::NoFocus);
+
+    const QSize stripSize(width() - besideStrip, stripHeight);
+    int index = 0;
+    for (const VOColorScheme &scheme : group.schemes) {
+        const QString name = toQString(scheme.name);
+        // Without a parent: the list takes it over with the action, and thousands of them open at
+        // once.
+        auto *entry = new VTSchemeMenuActionWidget(nullptr);
+        entry->setFixedWidth(stripSize.width()); // a long name makes no wider list
+        entry->showScheme(name, colorRampPreviewPixmap(scheme.colorRamp, stripSize));
+        entry->setAccessibleDescription(describeColorRamp(scheme.colorRamp));
+        auto *action = new QWidgetAction(list);
+        action->setText(QString(name).replace(QLatin1Char('&'), QLatin1String("&&")));
+        action->setDefaultWidget(entry);
+        action->setData(index++);
+        connect(action, &QAction::triggered, this, &VTColorSchemeMenu::onActionClicked);
+        list->addAction(action);
+    }
+    if (list->isEmpty())
+        delete list;
+    else
+        scrollArea->setWidget(list);
+}
+
+// Actions go first: a list that is deleted with thousands of them looks for each in turn.
+void VTColorSchemeMenu::clearList()
+{
+    current = -1;
+    typed.clear();
+    const std::unique_ptr<QWidget> list(scrollArea->takeWidget());
+    if (list)
+        qDeleteAll(list->actions());
+}
+
+void VTColorSchemeMenu::showEvent(QShowEvent * /*event*/)
+{
+    if (!comboBox)
+        return;
+    groupButton->setMinimumSize(customButton->size());
+    if (const QWidget *const host = comboBox->parentWidget())
+        move(host->mapToGlobal(comboBox->geometry().bottomLeft()));
+}
+
+void VTColorSchemeMenu::onActionClicked()
+{
+    const auto *const action = qobject_cast<QAction *>(sender());
+    const int index = action ? action->data().toInt() : -1;
+    if (index < 0 || static_cast<std::size_t>(index) >= group.schemes.size())
+        return;
+    VTColorSchemeComboBox *const picker = comboBox;
+    if (picker)
+        picker->setScheme(group.schemes[static_cast<std::size_t>(index)]);
+    close();
+    if (picker)
+        Q_EMIT picker->currentRampChanged();
+}
+
+void VTColorSchemeMenu::onGroupButtonTextChanged(const QString &text)
+{
+    const VOColorSchemeManager *const store = VOColorSchemeManager::instance();
+    const VOColorSchemeTeam *team = nullptr;
+    QString teamName;
+    QString name = text;
+    switch (groupButton->property("parent").toInt()) {
+    case DefaultTeam:
+        team = &store->defaultTeam;
+        teamName = QStringLiteral("Default");
+        name = groupButton->property("name").toString(); // the text is a caption
+        break;
+    case CustomTeam:
+        team = &store->customTeam;
+        teamName = QStringLiteral("Custom");
+        break;
+    case FavoriteTeam:
+        team = &store->favoriteTeam;
+        teamName = QStringLiteral("Favorite");
+        break;
+    default:
+        return;
+    }
+    const int index = team->index(toVOString(name));
+    if (comboBox) {
+        comboBox->teamName = teamName; // deliberate: even if there is no such group any more
+        if (index >= 0)
+            comboBox->groupIndex = index;
+    }
+    if (index >= 0)
+        fill(team->groups[static_cast<std::size_t>(index)]);
+}
+
+void VTColorSchemeMenu::onCustomButtonClicked(bool /*checked*/)
+{
+    // The editor closes the drop-down, and what is told of the outcome may do anything.
+    VTColorSchemeComboBox *const picker = comboBox;
+    VOColorSchemeManager *const store = VOColorSchemeManager::instance();
+    std::vector<VOColorSchemeGroup> &groups = store->customTeam.groups;
+    const VOString userGroup(L"User define"); // in no language but this: it is a key
+    const bool createdNow = !store->customTeam.contains(userGroup);
+    if (createdNow) {
+        VOColorSchemeGroup empty;
+        empty.name = userGroup;
+        groups.push_back(empty);
+    }
+    const int k = store->customTeam.index(userGroup);
+    VOColorSchemeGroup &userSchemes = groups[static_cast<std::size_t>(k)];
+    VOColorScheme scheme;
+    scheme.name = toVOString(makeAddSchemeName(userSchemes));
+    scheme.author = L"Admin";
+    scheme.describe = L"Even";
+    scheme.colorRamp = defaultColorRamp().release();
+    userSchemes.schemes.push_back(scheme);
+    const int last = static_cast<int>(userSchemes.schemes.size()) - 1;
+
+    VTColorSchemeEditor editor(last, &userSchemes, true, QApplication::desktop());
+    if (editor.exec() == QDialog::Accepted) {
+        if (picker) {
+            picker->setDefaultGroup(QStringLiteral("Custom"), k, last);
+            Q_EMIT picker->currentRampChanged();
+        }
+        store->saveCustomTeam();
+        return;
+    }
+    // By its position, and looked at again: the host's code ran while the editor was open. Where
+    // the group existed before, Cancel has removed the scheme and Escape leaves it.
+    const auto position = static_cast<std::size_t>(k);
+    if (createdNow && position < groups.size() && groups[position].name == userGroup)
+        groups.erase(groups.begin() + k);
+}
+
+void VTColorSchemeMenu::mousePressEvent(QMouseEvent *event)
+{
+    if (rect().contains(event->pos())) {
+        event->accept(); // a press beside entries and buttons is a miss and closes nothing
+        return;
+    }
+    // A press on the picker closes the drop-down; the press itself must not open it again.
+    if (comboBox && comboBox->rect().contains(comboBox->mapFromGlobal(event->globalPos())))
+        setAttribute(Qt::WA_NoMouseReplay);
+    QMenu::mousePressEvent(event);
+}

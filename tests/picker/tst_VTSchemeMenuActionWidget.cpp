@@ -1,0 +1,158 @@
+#include "colorscheme/picker/VTSchemeMenuActionWidget.h"
+
+#include <QBoxLayout>
+#include <QLabel>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+const QString blue = QStringLiteral("QLabel{background-color:rgba(51,153,255,255);}");
+const QString white = QStringLiteral("QLabel{background-color:rgba(255,255,255,255);}");
+
+QPixmap strip(int width)
+{
+    QPixmap pixmap(width, 20);
+    pixmap.fill(Qt::green);
+    return pixmap;
+}
+
+void send(QWidget *widget, QEvent::Type type)
+{
+    QEvent event(type);
+    QCoreApplication::sendEvent(widget, &event);
+}
+
+} // namespace
+
+class tst_VTSchemeMenuActionWidget : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void nameLiesAboveTheStripWithoutGaps();
+    void everyPartFollowsThePointer();
+    void pointerTurnsOnlyTheNameBlueAndLeavesItWhite();
+    void highlightingFromCodeLooksLikeThePointer();
+    void labelsGoWithTheEntry();
+    void nameIsNoMarkup();
+    void longNameEndsWithDotsAndIsToldInFull();
+    void nameStaysDarkInADarkTheme();
+};
+
+void tst_VTSchemeMenuActionWidget::nameLiesAboveTheStripWithoutGaps()
+{
+    VTSchemeMenuActionWidget entry(nullptr);
+    const QList<QLabel *> labels = entry.findChildren<QLabel *>();
+    QCOMPARE(labels.size(), 2);
+    QCOMPARE(labels[0]->minimumHeight(), 17);
+    QCOMPARE(labels[1]->minimumHeight(), 20);
+    auto *layout = qobject_cast<QVBoxLayout *>(entry.layout());
+    QVERIFY(layout);
+    QCOMPARE(layout->contentsMargins(), QMargins());
+    QCOMPARE(layout->spacing(), 0);
+    QCOMPARE(layout->itemAt(0)->widget(), labels[0]);
+    QCOMPARE(layout->itemAt(1)->widget(), labels[1]);
+
+    entry.showScheme(QStringLiteral("Blues"), strip(140));
+    QCOMPARE(labels[0]->text(), QStringLiteral("Blues"));
+    QCOMPARE(labels[1]->pixmap(Qt::ReturnByValue).size(), QSize(140, 20));
+    QCOMPARE(entry.accessibleName(), QStringLiteral("Blues"));
+    entry.adjustSize();
+    entry.grab(); // lays the parts out
+    QCOMPARE(labels[0]->geometry().topLeft(), QPoint(0, 0));
+    QCOMPARE(labels[1]->y(), labels[0]->height());
+    QCOMPARE(labels[1]->width(), 140);
+}
+
+void tst_VTSchemeMenuActionWidget::everyPartFollowsThePointer()
+{
+    VTSchemeMenuActionWidget entry(nullptr);
+    QVERIFY(entry.hasMouseTracking());
+    for (const QLabel *label : entry.findChildren<QLabel *>())
+        QVERIFY(label->hasMouseTracking());
+    QCOMPARE(entry.cursor().shape(), Qt::PointingHandCursor);
+}
+
+void tst_VTSchemeMenuActionWidget::pointerTurnsOnlyTheNameBlueAndLeavesItWhite()
+{
+    VTSchemeMenuActionWidget entry(nullptr);
+    const QList<QLabel *> labels = entry.findChildren<QLabel *>();
+    QCOMPARE(labels[0]->styleSheet(), QString());
+
+    send(&entry, QEvent::Enter);
+    QCOMPARE(labels[0]->styleSheet(), blue);
+    QCOMPARE(labels[1]->styleSheet(), QString());
+
+    send(&entry, QEvent::Leave);
+    QCOMPARE(labels[0]->styleSheet(), white);
+    QCOMPARE(labels[1]->styleSheet(), QString());
+}
+
+void tst_VTSchemeMenuActionWidget::highlightingFromCodeLooksLikeThePointer()
+{
+    VTSchemeMenuActionWidget entry(nullptr);
+    const QList<QLabel *> labels = entry.findChildren<QLabel *>();
+    entry.setHighlighted(true);
+    QCOMPARE(labels[0]->styleSheet(), blue);
+    entry.setHighlighted(false);
+    QCOMPARE(labels[0]->styleSheet(), white);
+    QCOMPARE(labels[1]->styleSheet(), QString());
+}
+
+void tst_VTSchemeMenuActionWidget::labelsGoWithTheEntry()
+{
+    auto entry = std::make_unique<VTSchemeMenuActionWidget>(nullptr);
+    const QList<QLabel *> labels = entry->findChildren<QLabel *>();
+    const QPointer<QLabel> name = labels[0];
+    const QPointer<QLabel> preview = labels[1];
+    entry.reset();
+    QVERIFY(name.isNull());
+    QVERIFY(preview.isNull());
+}
+
+void tst_VTSchemeMenuActionWidget::nameIsNoMarkup()
+{
+    VTSchemeMenuActionWidget entry(nullptr);
+    const QString name = QStringLiteral("<h1>Blues</h1>");
+    entry.showScheme(name, strip(140));
+    const QLabel *label = entry.findChildren<QLabel *>().constFirst();
+    QCOMPARE(label->text(), name);
+    QCOMPARE(label->textFormat(), Qt::PlainText);
+}
+
+void tst_VTSchemeMenuActionWidget::longNameEndsWithDotsAndIsToldInFull()
+{
+    // Given two names that differ only in what has no room
+    const QString start = QStringLiteral("a name that is much too long for its place, ");
+    QImage images[2];
+    for (int i = 0; i < 2; ++i) {
+        VTSchemeMenuActionWidget entry(nullptr);
+        entry.setFixedWidth(140);
+        entry.showScheme(start + QString(5, QLatin1Char(i == 0 ? 'W' : 'i')), strip(140));
+        QVERIFY(entry.toolTip().contains(start.trimmed()));
+        images[i] = entry.grab().toImage();
+    }
+    // Then they look the same, and not like one that is cut off in a letter
+    QCOMPARE(images[0], images[1]);
+    VTSchemeMenuActionWidget other(nullptr);
+    other.setFixedWidth(140);
+    other.showScheme(QStringLiteral("a name"), strip(140));
+    QVERIFY(other.grab().toImage() != images[0]);
+    QCOMPARE(other.toolTip(), QString());
+}
+
+void tst_VTSchemeMenuActionWidget::nameStaysDarkInADarkTheme()
+{
+    QPalette theme;
+    theme.setColor(QPalette::WindowText, Qt::white);
+    QWidget window;
+    window.setPalette(theme);
+    VTSchemeMenuActionWidget entry(&window);
+    entry.setHighlighted(false);
+    const QLabel *label = entry.findChildren<QLabel *>().constFirst();
+    QCOMPARE(label->palette().color(QPalette::WindowText), QColor(Qt::black));
+}
+
+QTEST_MAIN(tst_VTSchemeMenuActionWidget)
+#include "tst_VTSchemeMenuActionWidget.moc"
