@@ -1,0 +1,212 @@
+#include "apps/mapviewer/GridLayer.h"
+
+#include "apps/mapviewer/HillShade.h"
+#include "apps/mapviewer/NumberText.h"
+#include "apps/mapviewer/RampColors.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace mapviewer {
+
+namespace {
+
+constexpr int LegendTicks = 6;
+// A ramp with few colours is stretched over this many, so that a pixel needs no mixing.
+constexpr int StretchedColors = 1024;
+constexpr float DarkestShade = 0.35F; // of a colour, where no light falls
+constexpr float LightestTint = 0.45F; // towards white, where the light falls square
+
+int shadedComponent(int component, float shade, float level)
+{
+    if (shade <= level) {
+        const float dark = DarkestShade + (1.0F - DarkestShade) * (shade / level);
+        return int(std::lround(float(component) * dark));
+    }
+    const float light = LightestTint * (shade - level) / (1.0F - level);
+    return int(std::lround(float(component) + (255.0F - float(component)) * light));
+}
+
+QRgb shaded(QRgb color, float shade, float level)
+{
+    return qRgb(shadedComponent(qRed(color), shade, level),
+                shadedComponent(qGreen(color), shade, level),
+                shadedComponent(qBlue(color), shade, level));
+}
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("GridLayer", text);
+}
+
+} // namespace
+
+GridLayer::GridLayer(const QString &title, AsciiGrid cells, const QString &valueUnit)
+    : MapLayer(title)
+    , grid(std::move(cells))
+    , unit(valueUnit)
+    , range(grid.range())
+{
+    recolour();
+}
+
+QVector<Grading> GridLayer::availableGradings() const
+{
+    return {Grading::Continuous, Grading::EqualIntervals, Grading::Quantiles};
+}
+
+void GridLayer::setHillShading(bool on)
+{
+    m_hillShading = on;
+    if (on && shades.empty()) {
+        const CellLengths lengths = cellLengths(grid);
+        HillShadeLight light;
+        light.exaggeration = readableExaggeration(grid, lengths);
+        shades = hillShade(grid, lengths, light);
+        AsciiGrid flat;
+        flat.columns = flat.rows = 1;
+        flat.values = {0.0F};
+        levelShade = hillShade(flat, {}, light).front();
+    }
+    recolour();
+}
+
+void GridLayer::setZeroInMiddle(bool on)
+{
+    m_zeroInMiddle = on && crossesZero();
+    recolour();
+}
+
+double GridLayer::positionOf(double value) const
+{
+    const double low = range.first;
+    const double high = range.second;
+    if (m_zeroInMiddle)
+        return value < 0.0 ? 0.5 - 0.5 * value / low : 0.5 + 0.5 * value / high;
+    return high > low ? (value - low) / (high - low) : 0.5;
+}
+
+QRgb GridLayer::colorOf(float value) const
+{
+    if (grading() == Grading::Continuous) {
+        const double place = std::clamp(positionOf(value), 0.0, 1.0) * (colors.size() - 1);
+        return colors.at(int(std::lround(place)));
+    }
+    return colors.value(breaks.classOf(value), NoValueColor);
+}
+
+void GridLayer::recolour()
+{
+    if (grading() == Grading::Continuous) {
+        const QVector<QRgb> few = rampColors(ramp());
+        colors.clear();
+        for (int i = 0; i < StretchedColors; ++i) {
+            colors.append(few.isEmpty() ? NoValueColor
+                                        : colorAlong(few, double(i) / (StretchedColors - 1)));
+        }
+    } else {
+        if (grading() == Grading::EqualIntervals) {
+            breaks = equalIntervals(range.first, range.second, classCount());
+        } else {
+            breaks = quantiles(std::vector<double>(grid.values.begin(), grid.values.end()),
+                               classCount());
+        }
+        colors = classColors(ramp(), breaks.count());
+    }
+    image = QImage(grid.columns, grid.rows, QImage::Format_ARGB32_Premultiplied);
+    std::size_t index = 0;
+    for (int row = 0; row < grid.rows; ++row) {
+        auto *pixel = reinterpret_cast<QRgb *>(image.scanLine(row));
+        for (int column = 0; column < grid.columns; ++column, ++index) {
+            const float value = grid.values[index];
+            if (std::isnan(value)) {
+                pixel[column] = qRgba(0, 0, 0, 0);
+                continue;
+            }
+            const QRgb color = colorOf(value);
+            pixel[column] = m_hillShading ? shaded(color, shades[index], levelShade) : color;
+        }
+    }
+}
+
+void GridLayer::paint(QPainter *painter, const MapView &view) const
+{
+    const QRectF target = view.toScreen(extent());
+    const QRectF seen = target.intersected(view.target());
+    if (seen.isEmpty())
+        return;
+    // Only the cells that are seen, whole: far in, the whole grid would be a picture of millions
+    // of pixels.
+    const double cellWidth = target.width() / grid.columns;
+    const double cellHeight = target.height() / grid.rows;
+    const int left = std::max(0, int(std::floor((seen.left() - target.left()) / cellWidth)) - 1);
+    const int top = std::max(0, int(std::floor((seen.top() - target.top()) / cellHeight)) - 1);
+    const int right =
+        std::min(grid.columns, int(std::ceil((seen.right() - target.left()) / cellWidth)) + 1);
+    const int bottom =
+        std::min(grid.rows, int(std::ceil((seen.bottom() - target.top()) / cellHeight)) + 1);
+    const QRectF part(target.left() + left * cellWidth, target.top() + top * cellHeight,
+                      (right - left) * cellWidth, (bottom - top) * cellHeight);
+    const QRect source(left, top, right - left, bottom - top);
+    const double ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
+    painter->save();
+    painter->setClipRect(view.target(), Qt::IntersectClip);
+    // Mixed colours are none of the legend's, so classes keep hard edges.
+    painter->setRenderHint(QPainter::SmoothPixmapTransform, grading() == Grading::Continuous);
+    const QSize pixels = (part.size() * ratio).toSize().expandedTo(QSize(1, 1));
+    if (grading() == Grading::Continuous && pixels.width() < source.width()) {
+        const QImage small =
+            image.copy(source).scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        painter->drawImage(part, small, QRectF(small.rect()));
+    } else {
+        painter->drawImage(part, image, QRectF(source));
+    }
+    painter->restore();
+}
+
+QString GridLayer::valueText(double value) const
+{
+    return unit.isEmpty() ? numberText(value) : numberText(value) + QLatin1Char(' ') + unit;
+}
+
+Legend GridLayer::legend() const
+{
+    Legend legend;
+    legend.title = title();
+    if (std::isnan(range.first)) {
+        legend.remark = translated("No cell has a value.");
+        return legend;
+    }
+    const QString inUnit = unit.isEmpty() ? QString() : translated("Heights in %1").arg(unit);
+    legend.caption = inUnit;
+    if (grading() == Grading::Continuous) {
+        legend.strip = colors;
+        QVector<double> marks = roundSteps(range.first, range.second, LegendTicks);
+        const QStringList texts = numberTexts(marks);
+        for (int i = 0; i < marks.size(); ++i)
+            legend.ticks.append({positionOf(marks.at(i)), texts.at(i)});
+        return legend;
+    }
+    const QVector<double> bounds(breaks.bounds.begin(), breaks.bounds.end());
+    const QStringList texts = numberTexts(bounds);
+    for (int i = 0; i < breaks.count(); ++i) {
+        legend.classes.append(
+            {colors.at(i), translated("%1 to %2").arg(texts.at(i), texts.at(i + 1))});
+    }
+    // Maps have the high ground at the top of their legends.
+    std::reverse(legend.classes.begin(), legend.classes.end());
+    return legend;
+}
+
+Reading GridLayer::readingAt(const QPointF &position) const
+{
+    const float value = grid.valueAt(position);
+    if (std::isnan(value))
+        return {};
+    return {true, valueText(value), colorOf(value)};
+}
+
+} // namespace mapviewer

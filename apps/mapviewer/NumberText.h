@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QStringList>
+#include <QVector>
+
+namespace mapviewer {
+
+/// A number as a map's reader wants it: thousands grouped, a true minus sign, about four
+/// significant digits and no more decimals than they need. English, as all texts of the window.
+QString numberText(double value);
+
+/// The labels of one legend, with as few decimals as keep each within a fiftieth of the smallest
+/// distance between two of them.
+QStringList numberTexts(const QVector<double> &values);
+
+/// Round numbers (1, 2 or 5 times a power of ten apart) from \a minimum to \a maximum, at most
+/// \a most of them. Empty unless minimum < maximum.
+QVector<double> roundSteps(double minimum, double maximum, int most);
+
+} // namespace mapviewer
