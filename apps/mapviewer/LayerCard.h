@@ -1,0 +1,66 @@
+#pragma once
+
+#include "apps/mapviewer/CardFrame.h"
+#include "apps/mapviewer/MapLayer.h"
+#include "apps/mapviewer/SchemeChoice.h"
+
+class QCheckBox;
+class QComboBox;
+class QSpinBox;
+class QVBoxLayout;
+class VTColorSchemeComboBox;
+
+namespace mapviewer {
+
+class GridLayer;
+class LegendWidget;
+class PolygonLayer;
+
+/// One layer on the panel: whether it is shown, its scheme, how it is graded, its legend. This is
+/// where the picker meets the map: a chosen ramp goes straight into the layer.
+class LayerCard : public CardFrame
+{
+    Q_OBJECT
+public:
+    /// \a layer outlives the card and is changed by it. \a preferred names the schemes that suit
+    /// the layer best, the best first; they serve until the user has chosen another.
+    LayerCard(MapLayer *layer, const QStringList &preferred, QWidget *parent);
+
+    MapLayer *layer() const { return m_layer; }
+    VTColorSchemeComboBox *picker() const { return m_picker; }
+    /// The scheme that the picker shows; nothing when the store has no such scheme.
+    std::optional<SchemeChoice> currentScheme() const;
+    /// Shows another scheme of the store, as if the user had picked it. False if it is gone.
+    bool choose(const SchemeChoice &choice);
+    /// The store has changed: finds the remembered scheme in it again.
+    void reloadScheme();
+
+Q_SIGNALS:
+    /// The layer looks different now.
+    void changed();
+    void zoomRequested();
+    void removeRequested();
+
+private:
+    void addHeader(QVBoxLayout *column);
+    void addGrading(QVBoxLayout *column);
+    void addGridOptions(QVBoxLayout *column, GridLayer *grid);
+    void onRampChanged();
+    void onGradingChosen(int index);
+    void onFieldChosen(const QString &field);
+    void fillGradings();
+    void showChange();
+    /// The built-in group that serves the layer's present grading.
+    QString schemeGroup() const;
+    QString settingsKey() const;
+
+    MapLayer *m_layer;
+    PolygonLayer *polygons; // the layer if it is one, else null
+    QStringList preferred;
+    VTColorSchemeComboBox *m_picker = nullptr;
+    QComboBox *gradings = nullptr;
+    QSpinBox *classCount = nullptr;
+    LegendWidget *legend = nullptr;
+};
+
+} // namespace mapviewer

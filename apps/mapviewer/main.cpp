@@ -1,0 +1,81 @@
+#include "apps/mapviewer/AppSettings.h"
+#include "apps/mapviewer/MapWindow.h"
+#include "apps/mapviewer/Screenshots.h"
+
+#include "vomap/VOColorSchemeManager.h"
+#include "vtgiscore/VTApplication.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+#include <QStyleFactory>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+#include <optional>
+
+namespace {
+
+void useStore(const QString &folder)
+{
+    VTObjects::VOColorSchemeManager::setStoreDirectory(VTObjects::VOString(folder.toStdWString()));
+}
+
+// Pictures show the program as it comes, whatever this user has chosen, and change nothing of it.
+int makeScreenshots(const QString &folder, const QStringList &files)
+{
+    const QTemporaryDir scratch;
+    VTApplication::setVtgisSettingsFilePath(scratch.filePath(QStringLiteral("settings.ini")));
+    useStore(scratch.filePath(QStringLiteral("store")));
+    mapviewer::MapWindow window;
+    for (const QString &file : files) {
+        mapviewer::FileProblem problem;
+        if (!window.openFile(file, &problem)) {
+            QTextStream(stderr) << problem.message(QFileInfo(file).fileName()) << '\n';
+            return 2;
+        }
+    }
+    return mapviewer::writeScreenshots(&window, folder) ? 0 : 1;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("mapviewer"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Map Viewer"));
+    // The one style that takes every colour from the palette, as the dark theme needs.
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Shows maps and colours them by schemes that you pick."));
+    parser.addHelpOption();
+    const QCommandLineOption screenshots(
+        QStringLiteral("screenshots"),
+        QStringLiteral("Write a PNG of every window into <folder>, print the paths and end."),
+        QStringLiteral("folder"));
+    parser.addOption(screenshots);
+    parser.addPositionalArgument(QStringLiteral("files"),
+                                 QStringLiteral("ASCII grids and GeoJSON polygons to show."),
+                                 QStringLiteral("[files...]"));
+    parser.process(application);
+
+    if (parser.isSet(screenshots))
+        return makeScreenshots(parser.value(screenshots), parser.positionalArguments());
+
+    const QString store = mapviewer::appSettings().value(mapviewer::StoreFolderKey).toString();
+    if (!store.isEmpty() && QDir(store).exists())
+        useStore(store);
+    mapviewer::MapWindow window;
+    window.show();
+    for (const QString &file : parser.positionalArguments())
+        window.openFileOrTell(file);
+    return QApplication::exec();
+}
