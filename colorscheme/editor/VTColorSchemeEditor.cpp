@@ -153,7 +153,9 @@ void VTColorSchemeEditor::typeChangeUi(VOColorRamp::ColorRampType type)
     ui->label_seed->setVisible(seeded);
     ui->spinBox_seed->setVisible(seeded);
     ui->groupBox_hsv->setVisible(hsv);
-    // Else the dialog keeps the minimum height that the rows needed a moment ago.
+    // From the inside out, else the dialog keeps the minimum height that the rows just hidden
+    // needed.
+    ui->gridLayout->activate();
     layout()->activate();
     resize(dialogWidth, hsv ? hsvHeight : plainHeight);
 }
