@@ -70,33 +70,31 @@ void VTColorSchemeEditor::onSelectAll()
 
 void VTColorSchemeEditor::onInvetSelect()
 {
-    const QVector<int> formerRows = selectedRows(*ui->colorView);
-    QVector<std::pair<int, int>> gaps; // first and last row
+    QItemSelection others;
+    int lastRow = -1;
+    const auto addRows = [&](int first, int last) {
+        if (first > last)
+            return;
+        others.append(QItemSelectionRange(colorModel->index(first, 0),
+                                          colorModel->index(last, swatchColumn)));
+        lastRow = last;
+    };
     int next = 0;
+    const QVector<int> formerRows = selectedRows(*ui->colorView);
     for (const int row : formerRows) {
-        if (next < row)
-            gaps.append({next, row - 1});
+        addRows(next, row - 1);
         next = row + 1;
     }
-    if (next < colorModel->rowCount())
-        gaps.append({next, colorModel->rowCount() - 1});
+    addRows(next, colorModel->rowCount() - 1);
 
     ui->colorView->clearSelection();
-    if (gaps.isEmpty())
+    if (lastRow < 0)
         return;
-    // All but the last row in one go, since one by one takes seconds in a long list.
-    const int lastRow = gaps.last().second;
-    --gaps.last().second;
-    QItemSelection others;
-    for (const auto &[first, last] : qAsConst(gaps)) {
-        if (first <= last)
-            others.append(QItemSelectionRange(colorModel->index(first, 0),
-                                              colorModel->index(last, swatchColumn)));
-    }
-    ui->colorView->setSelectionMode(QAbstractItemView::MultiSelection);
-    ui->colorView->selectionModel()->select(others, QItemSelectionModel::Select);
-    ui->colorView->setCurrentIndex(colorModel->index(lastRow, 0)); // adds its row in this mode
-    ui->colorView->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    // All rows in one go, since one by one they take seconds in a long list. The last one becomes
+    // the current one, as if it had been added last.
+    QItemSelectionModel *const selection = ui->colorView->selectionModel();
+    selection->select(others, QItemSelectionModel::Select);
+    selection->setCurrentIndex(colorModel->index(lastRow, 0), QItemSelectionModel::NoUpdate);
 }
 
 void VTColorSchemeEditor::onColorAntitone()
