@@ -37,6 +37,15 @@ QRgb shaded(QRgb color, float shade, float level)
                 shadedComponent(qBlue(color), shade, level));
 }
 
+QVector<QRgb> stretched(const QVector<QRgb> &few, int count)
+{
+    QVector<QRgb> many;
+    many.reserve(count);
+    for (int i = 0; i < count; ++i)
+        many.append(few.isEmpty() ? NoValueColor : colorAlong(few, double(i) / (count - 1)));
+    return many;
+}
+
 QString translated(const char *text)
 {
     return QCoreApplication::translate("GridLayer", text);
@@ -102,10 +111,12 @@ void GridLayer::recolour()
 {
     if (grading() == Grading::Continuous) {
         const QVector<QRgb> few = rampColors(ramp());
-        colors.clear();
-        for (int i = 0; i < StretchedColors; ++i) {
-            colors.append(few.isEmpty() ? NoValueColor
-                                        : colorAlong(few, double(i) / (StretchedColors - 1)));
+        if (m_zeroInMiddle) {
+            const int half = (few.size() + 1) / 2;
+            colors = stretched(few.mid(0, half), StretchedColors / 2) +
+                     stretched(few.mid(few.size() - half), StretchedColors / 2);
+        } else {
+            colors = stretched(few, StretchedColors);
         }
     } else {
         if (grading() == Grading::EqualIntervals) {

@@ -26,8 +26,9 @@ public:
 
     /// Only a grid with values on both sides of zero can have the coast in the middle.
     bool crossesZero() const { return range.first < 0.0F && range.second > 0.0F; }
-    /// When on, a continuous ramp has its middle at zero: its first half is for what lies below,
-    /// its second half for what lies above.
+    /// When on, a continuous ramp has its middle at zero: the first half of its colours is for what
+    /// lies below, the second half for what lies above, and the shore between them is sharp. A
+    /// middle colour belongs to both halves.
     bool zeroInMiddle() const { return m_zeroInMiddle; }
     void setZeroInMiddle(bool on);
 

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void withoutARampAllIsGrey();
     void cellsWithoutValueAreTransparent();
     void zeroInTheMiddleSplitsTheRamp();
+    void theShoreIsSharp();
     void onlyAGridAcrossZeroHasItInTheMiddle();
     void equalIntervalsColourClasses();
     void quantilesColourClasses();
@@ -122,6 +123,14 @@ void tst_GridLayer::zeroInTheMiddleSplitsTheRamp()
         if (tick.text == "0")
             QCOMPARE(tick.position, 0.5);
     }
+}
+
+void tst_GridLayer::theShoreIsSharp()
+{
+    GridLayer layer("g", gridOf(4, 1, {-100, -0.01F, 0, 100}), {});
+    layer.setRamp(rampOf({Black, Blue, Green, White}).get());
+    layer.setZeroInMiddle(true);
+    QCOMPARE(row(layer), QVector<QRgb>({Black, Blue, Green, White}));
 }
 
 void tst_GridLayer::onlyAGridAcrossZeroHasItInTheMiddle()
