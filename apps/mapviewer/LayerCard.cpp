@@ -36,12 +36,7 @@ LayerCard::LayerCard(MapLayer *layer, const QStringList &preferredSchemes, QWidg
     column->setContentsMargins(10, 8, 10, 8);
     column->setSpacing(6);
     addHeader(column);
-    m_picker = new VTColorSchemeComboBox(this);
-    m_picker->setFixedHeight(PickerHeight);
-    m_picker->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    m_picker->setToolTip(tr("Pick a colour scheme for this layer"));
-    m_picker->setAccessibleName(tr("Colour scheme of %1").arg(layer->title()));
-    column->addWidget(m_picker);
+    addPicker(column);
     addGrading(column);
     if (auto *grid = dynamic_cast<GridLayer *>(layer))
         addGridOptions(column, grid);
@@ -80,6 +75,25 @@ void LayerCard::addHeader(QVBoxLayout *column)
     remove->setToolTip(tr("Remove this layer from the map"));
     connect(remove, &QToolButton::clicked, this, &LayerCard::removeRequested);
     row->addWidget(remove);
+    column->addLayout(row);
+}
+
+void LayerCard::addPicker(QVBoxLayout *column)
+{
+    auto *row = new QHBoxLayout;
+    m_picker = new VTColorSchemeComboBox(this);
+    m_picker->setFixedHeight(PickerHeight);
+    m_picker->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    m_picker->setToolTip(tr("Pick a colour scheme for this layer"));
+    m_picker->setAccessibleName(tr("Colour scheme of %1").arg(m_layer->title()));
+    row->addWidget(m_picker, 1);
+    auto *edit = new QToolButton(this);
+    edit->setObjectName(QStringLiteral("editScheme"));
+    edit->setText(tr("Edit…"));
+    edit->setFixedHeight(PickerHeight);
+    edit->setToolTip(tr("Edit this scheme, or a copy of it if it is not your own"));
+    connect(edit, &QToolButton::clicked, this, &LayerCard::editRequested);
+    row->addWidget(edit);
     column->addLayout(row);
 }
 
@@ -174,8 +188,7 @@ QString LayerCard::settingsKey() const
 
 void LayerCard::reloadScheme()
 {
-    const QSettings settings = appSettings();
-    std::optional<SchemeChoice> choice = SchemeChoice::read(settings, settingsKey());
+    choice = SchemeChoice::read(appSettings(), settingsKey());
     if (!choice || choice->schemeIndex() < 0)
         choice = builtInScheme(schemeGroup(), preferred);
     // A store without built-in schemes leaves the picker's own default ramp.
@@ -185,26 +198,42 @@ void LayerCard::reloadScheme()
     showChange();
 }
 
-bool LayerCard::choose(const SchemeChoice &choice)
+void LayerCard::syncWithStore()
 {
-    const int index = choice.schemeIndex();
-    if (index < 0 || !m_picker->setDefaultGroup(choice.team, choice.group, index))
-        return false;
-    onRampChanged();
-    return true;
+    const int index = choice ? choice->schemeIndex() : -1;
+    if (index < 0) {
+        choice.reset();
+        // Groups may have moved: the drop-down must not list whatever stands there now.
+        m_picker->setDefaultGroup(QStringLiteral("Default"), schemeGroup(), -1);
+        return;
+    }
+    m_picker->setDefaultGroup(choice->team, choice->group, index);
+    m_layer->setRamp(m_picker->currentColorRamp());
+    showChange();
 }
 
-std::optional<SchemeChoice> LayerCard::currentScheme() const
+bool LayerCard::choose(const SchemeChoice &wanted)
 {
-    return findScheme(m_picker->currentColorRamp());
+    const int index = wanted.schemeIndex();
+    if (index < 0 || !m_picker->setDefaultGroup(wanted.team, wanted.group, index))
+        return false;
+    take(wanted);
+    return true;
 }
 
 void LayerCard::onRampChanged()
 {
+    take(findScheme(m_picker->currentColorRamp()));
+}
+
+void LayerCard::take(const std::optional<SchemeChoice> &chosen)
+{
+    choice = chosen;
     m_layer->setRamp(m_picker->currentColorRamp());
-    QSettings settings = appSettings();
-    if (const std::optional<SchemeChoice> choice = currentScheme())
+    if (choice) {
+        QSettings settings = appSettings();
         choice->write(&settings, settingsKey());
+    }
     showChange();
 }
 

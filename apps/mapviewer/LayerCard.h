@@ -28,24 +28,30 @@ public:
 
     MapLayer *layer() const { return m_layer; }
     VTColorSchemeComboBox *picker() const { return m_picker; }
-    /// The scheme that the picker shows; nothing when the store has no such scheme.
-    std::optional<SchemeChoice> currentScheme() const;
+    /// The scheme that the picker shows; nothing when the store had no such scheme.
+    std::optional<SchemeChoice> currentScheme() const { return choice; }
     /// Shows another scheme of the store, as if the user had picked it. False if it is gone.
     bool choose(const SchemeChoice &choice);
-    /// The store has changed: finds the remembered scheme in it again.
+    /// Another store: finds the remembered scheme in it, else a default.
     void reloadScheme();
+    /// The store has changed: takes the scheme as it is there now. When it is gone the layer
+    /// keeps its colours.
+    void syncWithStore();
 
 Q_SIGNALS:
     /// The layer looks different now.
     void changed();
     void zoomRequested();
+    void editRequested();
     void removeRequested();
 
 private:
     void addHeader(QVBoxLayout *column);
+    void addPicker(QVBoxLayout *column);
     void addGrading(QVBoxLayout *column);
     void addGridOptions(QVBoxLayout *column, GridLayer *grid);
     void onRampChanged();
+    void take(const std::optional<SchemeChoice> &chosen);
     void onGradingChosen(int index);
     void onFieldChosen(const QString &field);
     void fillGradings();
@@ -57,6 +63,7 @@ private:
     MapLayer *m_layer;
     PolygonLayer *polygons; // the layer if it is one, else null
     QStringList preferred;
+    std::optional<SchemeChoice> choice;
     VTColorSchemeComboBox *m_picker = nullptr;
     QComboBox *gradings = nullptr;
     QSpinBox *classCount = nullptr;

@@ -21,11 +21,13 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QScrollArea>
-#include <QScrollBar>
 #include <QStatusBar>
+#include <QStyle>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace mapviewer {
 
@@ -54,6 +56,7 @@ MapWindow::MapWindow(QWidget *parent)
     bar->setMovable(false);
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     buildFileMenu(bar);
+    buildSchemeMenu(bar);
     buildViewMenu(bar);
     buildHelpMenu();
     buildStatusBar();
@@ -86,19 +89,18 @@ void MapWindow::buildCentre()
     row->setContentsMargins(8, 8, 8, 4);
     row->setSpacing(8);
 
-    auto *scroll = new QScrollArea(centre);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroll->setFixedWidth(PanelWidth + scroll->verticalScrollBar()->sizeHint().width());
-    panel = new QWidget(scroll);
+    panelArea = new QScrollArea(centre);
+    panelArea->setWidgetResizable(true);
+    panelArea->setFrameShape(QFrame::NoFrame);
+    panelArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    panel = new QWidget(panelArea);
     panel->setObjectName(QStringLiteral("layers"));
     cardColumn = new QVBoxLayout(panel);
     cardColumn->setContentsMargins(0, 0, 2, 0);
     cardColumn->setSpacing(8);
     cardColumn->addStretch();
-    scroll->setWidget(panel);
-    row->addWidget(scroll);
+    panelArea->setWidget(panel);
+    row->addWidget(panelArea);
 
     auto *right = new QVBoxLayout;
     right->setSpacing(8);
@@ -114,6 +116,13 @@ void MapWindow::buildCentre()
     connect(m_map, &MapWidget::pointed, this, &MapWindow::onPointed);
     connect(m_map, &MapWidget::pointerLeft, this, &MapWindow::onPointerLeft);
     connect(m_map, &MapWidget::insetClicked, this, &MapWindow::showLayer);
+}
+
+void MapWindow::fitPanel()
+{
+    // As wide as the widest card asks for in this font, with room for the scroll bar beside it.
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, panelArea);
+    panelArea->setFixedWidth(std::max(PanelWidth, panel->minimumSizeHint().width()) + bar);
 }
 
 QWidget *MapWindow::makeHint()

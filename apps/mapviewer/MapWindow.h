@@ -8,6 +8,7 @@
 
 class QActionGroup;
 class QLabel;
+class QScrollArea;
 class QToolBar;
 class QVBoxLayout;
 
@@ -45,6 +46,11 @@ public:
     QList<LayerCard *> cards() const;
     void setDarkTheme(bool on);
     void setVision(ColorVision vision);
+    /// The library's manager on the store; layers follow what was changed there.
+    void manageSchemes();
+    /// The library's editor on the scheme of one layer: on the scheme itself if it is the user's
+    /// own, else on a copy that becomes so.
+    void editScheme(LayerCard *card);
     /// Shows one layer as large as it fits.
     void showLayer(const MapLayer *layer);
 
@@ -58,6 +64,7 @@ private:
 
     void buildCentre();
     void buildFileMenu(QToolBar *bar);
+    void buildSchemeMenu(QToolBar *bar);
     void buildViewMenu(QToolBar *bar);
     void buildHelpMenu();
     void buildStatusBar();
@@ -70,9 +77,12 @@ private:
     void onPointed(const QPointF &position, const MapLayer *layer, const Reading &reading);
     void onPointerLeft();
     void restoreState();
+    void syncCards();
+    void fitPanel();
 
     MapLayers layers;
     MapWidget *m_map = nullptr;
+    QScrollArea *panelArea = nullptr;
     QWidget *panel = nullptr;
     QVBoxLayout *cardColumn = nullptr;
     QLabel *positionLabel = nullptr;

@@ -7,9 +7,6 @@
 #include "apps/mapviewer/MapWindow.h"
 #include "apps/mapviewer/PolygonLayer.h"
 
-#include "vomap/VOColorSchemeManager.h"
-
-#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
@@ -51,14 +48,16 @@ void MapWindow::addOwnLayers()
         countries->setField(QStringLiteral("GDP per head (USD)"));
         countries->setGrading(Grading::Quantiles);
         countries->setSource(tr("Countries: made with Natural Earth (public domain)"));
-        addLayer(std::move(layer), {QStringLiteral("Yellow to red")});
+        addLayer(std::move(layer),
+                 {QStringLiteral("Yellow to red"), QStringLiteral("Political, soft")});
     }
     const QString unit = tr("m");
     const QString agencies = tr("Heights: agencies of the United States government");
     if (auto layer = readLayerFile(OwnData + "terrain.asc", tr("Terrain"), unit, &problem)) {
         static_cast<GridLayer *>(layer.get())->setHillShading(true);
         layer->setSource(agencies);
-        addLayer(std::move(layer), {QStringLiteral("Dry relief")});
+        addLayer(std::move(layer),
+                 {QStringLiteral("Temperate hills"), QStringLiteral("Dry relief")});
     }
     if (auto layer =
             readLayerFile(OwnData + "relief.asc", tr("Relief and sea floor"), unit, &problem)) {
@@ -66,7 +65,8 @@ void MapWindow::addOwnLayers()
         relief->setHillShading(true);
         relief->setZeroInMiddle(true);
         layer->setSource(agencies);
-        addLayer(std::move(layer), {QStringLiteral("Lowland to snow")});
+        addLayer(std::move(layer),
+                 {QStringLiteral("Sea and land"), QStringLiteral("Lowland to snow")});
     }
 }
 
@@ -77,10 +77,12 @@ void MapWindow::addLayer(std::unique_ptr<MapLayer> layer, const QStringList &pre
     cardColumn->insertWidget(0, card);
     connect(card, &LayerCard::changed, m_map, &MapWidget::refresh);
     connect(card, &LayerCard::zoomRequested, this, [this, card] { showLayer(card->layer()); });
+    connect(card, &LayerCard::editRequested, this, [this, card] { editScheme(card); });
     // Queued, because the button that asks for it lies on the card.
     connect(
         card, &LayerCard::removeRequested, this, [this, card] { removeLayer(card); },
         Qt::QueuedConnection);
+    fitPanel();
     m_map->refresh();
 }
 
@@ -107,7 +109,6 @@ void MapWindow::buildFileMenu(QToolBar *bar)
         onOpen(tr("Open polygons"), tr("GeoJSON (*.geojson *.json);;All files (*)"));
     });
     polygons->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+O")));
-    menu->addAction(tr("Open scheme &store…"), this, &MapWindow::onOpenStore);
     menu->addSeparator();
     QAction *save = menu->addAction(style()->standardIcon(QStyle::SP_DialogSaveButton),
                                     tr("&Export map…"), this, &MapWindow::onExport);
@@ -146,30 +147,6 @@ void MapWindow::onOpen(const QString &caption, const QString &filter)
                                                       QFileDialog::DontUseNativeDialog);
     if (!path.isEmpty())
         openFileOrTell(path);
-}
-
-void MapWindow::onOpenStore()
-{
-    const QString folder = QFileDialog::getExistingDirectory(
-        this, tr("Open scheme store"), lastFolder(),
-        QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog);
-    if (!folder.isEmpty())
-        openStore(folder);
-}
-
-bool MapWindow::openStore(const QString &folder)
-{
-    VTObjects::VOColorSchemeManager::setStoreDirectory(VTObjects::VOString(folder.toStdWString()));
-    const bool good = VTObjects::VOColorSchemeManager::instance()->load();
-    appSettings().setValue(StoreFolderKey, folder);
-    for (LayerCard *card : cards())
-        card->reloadScheme();
-    if (!good) {
-        QMessageBox::warning(this, tr("Scheme store"),
-                             tr("Some schemes of %1 could not be read.").arg(folder),
-                             QMessageBox::Close);
-    }
-    return good;
 }
 
 bool MapWindow::exportMap(const QString &path) const

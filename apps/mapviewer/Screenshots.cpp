@@ -4,11 +4,23 @@
 #include "apps/mapviewer/MapWidget.h"
 #include "apps/mapviewer/MapWindow.h"
 
+#include "colorscheme/editor/VTColorSchemeEditor.h"
+#include "colorscheme/manager/VTColorSchemeManager.h"
+#include "colorscheme/picker/VTColorSchemeComboBox.h"
+#include "colorscheme/picker/VTColorSchemeGroupButton.h"
+#include "colorscheme/picker/VTColorSchemeGroupMenu.h"
+#include "colorscheme/picker/VTColorSchemeMenu.h"
+#include "colorscheme/picker/defaultGroupCaptions.h"
+#include "vomap/VOColorSchemeManager.h"
+#include "vtcontrolbase/VTColorMenu.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QTextStream>
 
 namespace mapviewer {
+
+using namespace VTObjects;
 
 namespace {
 
@@ -48,6 +60,37 @@ private:
     bool good = true;
 };
 
+// The windows that wait for the user when they are run; here they are only shown.
+void writeSchemeWindows(MapWindow *window, Writer *writer)
+{
+    VTColorSchemeManager manager(window);
+    manager.show();
+    writer->write(&manager, QStringLiteral("scheme-manager"));
+    manager.hide();
+
+    VOColorSchemeGroup group = VOColorSchemeManager::instance()->defaultTeam.groups.front();
+    VTColorSchemeEditor editor(0, &group, false, window);
+    editor.show();
+    writer->write(&editor, QStringLiteral("scheme-editor"));
+    editor.hide();
+
+    VTColorSchemeMenu dropDown(defaultGroupCaptions.value(group.name), group,
+                               window->cards().first()->picker());
+    dropDown.show();
+    writer->write(&dropDown, QStringLiteral("picker-drop-down"));
+    VTColorSchemeGroupMenu groups(dropDown.findChild<VTColorSchemeGroupButton *>());
+    groups.show();
+    writer->write(&groups, QStringLiteral("picker-groups"));
+    groups.hide();
+    dropDown.hide();
+
+    VTColorMenu colors(window);
+    colors.setColor(window->palette().color(QPalette::Highlight));
+    colors.show();
+    writer->write(&colors, QStringLiteral("colour-menu"));
+    colors.hide();
+}
+
 } // namespace
 
 bool writeScreenshots(MapWindow *window, const QString &folder)
@@ -64,6 +107,7 @@ bool writeScreenshots(MapWindow *window, const QString &folder)
                                                    : QStringLiteral("map-terrain"));
     }
     window->map()->showAll();
+    writeSchemeWindows(window, &writer);
     window->setVision(ColorVision::Deutan);
     writer.write(window, QStringLiteral("map-deutan-vision"));
     window->setVision(ColorVision::Normal);

@@ -1,20 +1,18 @@
+#include "tests/mapviewer/MapWindowTest.h"
+
 #include "tests/support/ModalDriver.h"
-#include "tests/support/TestStore.h"
 
 #include "apps/mapviewer/AppSettings.h"
 #include "apps/mapviewer/GridLayer.h"
-#include "apps/mapviewer/LayerCard.h"
 #include "apps/mapviewer/LegendWidget.h"
 #include "apps/mapviewer/MapWidget.h"
-#include "apps/mapviewer/MapWindow.h"
 #include "apps/mapviewer/PolygonLayer.h"
 #include "apps/mapviewer/RampColors.h"
 
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
-#include "vomap/VOColorSchemeManager.h"
 
+#include <QApplication>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QLabel>
 #include <QMessageBox>
 #include <QSpinBox>
@@ -23,26 +21,19 @@
 #include <QtTest>
 
 #include <cmath>
-#include <memory>
 
 using namespace mapviewer;
 using namespace VTObjects;
 
-class tst_MapWindow : public QObject
+class tst_MapWindow : public MapWindowTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void startsWithThreeLayersAndTheirLegends();
-    void aPickedSchemeRecoloursMapAndLegend();
-    void settersOfThePickerAloneChangeNothing();
-    void theChosenSchemeComesBack();
-    void aSchemeThatIsGoneIsReplacedByADefault();
-    void anotherGradingAsksForAnotherGroup();
-    void aNumberAfterATextIsShownInRanges();
     void classCountShowsWithClasses();
     void hillShadingChangesTheMap();
     void aGoodFileBecomesTheUppermostLayer();
@@ -59,74 +50,11 @@ private Q_SLOTS:
     void darkThemeReachesTheMapAndComesBack();
     void simulatedVisionReachesEverything();
     void theMapIsExported();
-    void anotherStoreIsTaken();
     void theHintStaysClosed();
-
-private:
-    void open();
-    LayerCard *card(const QString &title) const;
-    QRgb pixelAt(double longitude, double latitude) const;
-    QString writeFile(const QString &name, const QByteArray &text) const;
-
-    std::unique_ptr<TestStore> store;
-    std::unique_ptr<MapWindow> window;
 };
-
-// Inside Australia, where neither outline nor inset nor meridian is near.
-static const QPointF Outback(133.0, -25.0);
-
-void tst_MapWindow::init()
-{
-    store = std::make_unique<TestStore>();
-    open();
-}
-
-void tst_MapWindow::cleanup()
-{
-    window.reset();
-    store.reset();
-}
-
-void tst_MapWindow::open()
-{
-    window = std::make_unique<MapWindow>();
-    window->resize(1200, 800);
-    window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-}
-
-LayerCard *tst_MapWindow::card(const QString &title) const
-{
-    for (LayerCard *found : window->cards()) {
-        if (found->layer()->title() == title)
-            return found;
-    }
-    return nullptr;
-}
-
-QRgb tst_MapWindow::pixelAt(double longitude, double latitude) const
-{
-    const QImage image = window->map()->grab().toImage();
-    return image.pixel(window->map()->view().toScreen(QPointF(longitude, latitude)).toPoint());
-}
-
-QString tst_MapWindow::writeFile(const QString &name, const QByteArray &text) const
-{
-    QFile file(store->path(name));
-    if (!file.open(QIODevice::WriteOnly))
-        return {};
-    file.write(text);
-    return file.fileName();
-}
 
 static const QByteArray SmallGrid =
     "ncols 2\nnrows 1\nxllcorner 5000\nyllcorner 5000\ncellsize 10\n1 2\n";
-
-static void pick(LayerCard *card, const QString &group, int scheme)
-{
-    QVERIFY(card->picker()->setDefaultGroup("Default", group, scheme));
-    Q_EMIT card->picker()->currentRampChanged();
-}
 
 void tst_MapWindow::startsWithThreeLayersAndTheirLegends()
 {
@@ -147,96 +75,6 @@ void tst_MapWindow::startsWithThreeLayersAndTheirLegends()
                                                    "GDP per head (USD)", "Name", "Population"}));
     auto *relief = static_cast<GridLayer *>(cards.at(0)->layer());
     QVERIFY(relief->crossesZero() && relief->hillShading());
-}
-
-void tst_MapWindow::aPickedSchemeRecoloursMapAndLegend()
-{
-    LayerCard *countries = card("Countries");
-    const VOColorSchemeTeam &team = VOColorSchemeManager::instance()->defaultTeam;
-    const int groupIndex = team.index("Range");
-    QVERIFY(groupIndex >= 0);
-    const VOColorSchemeGroup &group = team.groups[std::size_t(groupIndex)];
-    QVERIFY(group.schemes.size() >= 3);
-    for (int i = 0; i < 3; ++i) {
-        pick(countries, "Range", i);
-        // Australia is in the highest class, which has the ramp's last colour.
-        const QRgb last = rampColors(group.schemes[std::size_t(i)].colorRamp).last();
-        QCOMPARE(pixelAt(Outback.x(), Outback.y()), last);
-        QCOMPARE(countries->findChild<LegendWidget *>()->legend().classes.first().color, last);
-    }
-}
-
-void tst_MapWindow::settersOfThePickerAloneChangeNothing()
-{
-    LayerCard *countries = card("Countries");
-    pick(countries, "Range", 0);
-    const QRgb before = pixelAt(Outback.x(), Outback.y());
-    QVERIFY(countries->picker()->setDefaultGroup("Default", "Range", 1));
-    QCOMPARE(pixelAt(Outback.x(), Outback.y()), before);
-}
-
-void tst_MapWindow::theChosenSchemeComesBack()
-{
-    pick(card("Countries"), "Range", 2);
-    pick(card("Terrain"), "Random", 1);
-    const SchemeChoice countries = *card("Countries")->currentScheme();
-    const SchemeChoice terrain = *card("Terrain")->currentScheme();
-    const QRgb color = pixelAt(Outback.x(), Outback.y());
-    open();
-    QCOMPARE(card("Countries")->currentScheme()->scheme, countries.scheme);
-    QCOMPARE(card("Terrain")->currentScheme()->group, QString("Random"));
-    QCOMPARE(card("Terrain")->currentScheme()->scheme, terrain.scheme);
-    QCOMPARE(pixelAt(Outback.x(), Outback.y()), color);
-}
-
-void tst_MapWindow::aSchemeThatIsGoneIsReplacedByADefault()
-{
-    VOColorSchemeGroup group = makeGroup("Mine", {"one"});
-    group.schemes[0].colorRamp->setColor(0, rgb_color<float>(1.0F, 2.0F, 3.0F));
-    VOColorSchemeManager::instance()->customTeam.groups.push_back(group);
-    QVERIFY(card("Countries")->choose({"Custom", "Mine", "one"}));
-    QVERIFY(!card("Countries")->choose({"Custom", "Mine", "two"}));
-    open();
-    QCOMPARE(card("Countries")->currentScheme()->group, QString("Mine"));
-    VOColorSchemeManager::instance()->customTeam.groups.clear();
-    open();
-    QCOMPARE(card("Countries")->currentScheme()->team, QString("Default"));
-    QCOMPARE(card("Countries")->currentScheme()->group, QString("Range"));
-}
-
-static void choose(QComboBox *box, const QString &text)
-{
-    const int index = box->findText(text);
-    QVERIFY2(index >= 0, qPrintable(text));
-    box->setFocus();
-    QTest::keyClick(box, Qt::Key_Home);
-    for (int i = 0; i < index; ++i)
-        QTest::keyClick(box, Qt::Key_Down);
-    QCOMPARE(box->currentText(), text);
-}
-
-void tst_MapWindow::anotherGradingAsksForAnotherGroup()
-{
-    LayerCard *countries = card("Countries");
-    QCOMPARE(countries->currentScheme()->group, QString("Range"));
-    const SchemeChoice range = *countries->currentScheme();
-    choose(countries->findChild<QComboBox *>("grading"), "Unique values");
-    QCOMPARE(countries->layer()->grading(), Grading::UniqueValues);
-    QCOMPARE(countries->currentScheme()->group, QString("Unique"));
-    choose(countries->findChild<QComboBox *>("grading"), "Equal intervals");
-    QCOMPARE(countries->currentScheme()->scheme, range.scheme);
-}
-
-void tst_MapWindow::aNumberAfterATextIsShownInRanges()
-{
-    LayerCard *countries = card("Countries");
-    choose(countries->findChild<QComboBox *>("field"), "Continent");
-    QCOMPARE(countries->layer()->grading(), Grading::UniqueValues);
-    QCOMPARE(countries->findChild<LegendWidget *>()->legend().classes.size(), 8);
-    QCOMPARE(countries->findChild<QComboBox *>("grading")->count(), 1);
-    choose(countries->findChild<QComboBox *>("field"), "Population");
-    QCOMPARE(countries->layer()->grading(), Grading::Quantiles);
-    QCOMPARE(countries->currentScheme()->group, QString("Range"));
 }
 
 void tst_MapWindow::classCountShowsWithClasses()
@@ -455,23 +293,6 @@ void tst_MapWindow::theMapIsExported()
     const QImage image(path);
     QCOMPARE(image.size(), QSize(2800, 1800));
     QVERIFY(!window->exportMap(store->path("absent/map.png")));
-}
-
-void tst_MapWindow::anotherStoreIsTaken()
-{
-    // Given a store elsewhere with another first scheme in "Range"
-    VOColorSchemeManager *schemes = VOColorSchemeManager::instance();
-    schemes->customTeam.groups = {makeGroup("Elsewhere", {"x"})};
-    const QString folder = store->path("elsewhere");
-    QVERIFY(QDir().mkpath(folder));
-    VOColorSchemeManager::setStoreDirectory(VOString(folder.toStdWString()));
-    QVERIFY(schemes->save());
-    schemes->customTeam.groups.clear();
-    // When the window opens it
-    QVERIFY(window->openStore(folder));
-    // Then its groups are there, and the next start takes it again
-    QVERIFY(schemes->customTeam.contains("Elsewhere"));
-    QCOMPARE(appSettings().value(StoreFolderKey).toString(), folder);
 }
 
 void tst_MapWindow::theHintStaysClosed()
