@@ -187,12 +187,15 @@ void VTColorSchemeGroupMenu::scrollWithin(int height)
     auto *groups = new QWidget;
     groups->setLayout(layout()); // takes the labels and buttons along
     scrollArea->setWidget(groups);
+    groups->setAutoFillBackground(false); // the menu's own background shines through
+    scrollArea->viewport()->setAutoFillBackground(false);
     scrollArea->setMinimumWidth(groups->sizeHint().width() +
                                 scrollArea->verticalScrollBar()->sizeHint().width());
     auto *frame = new QVBoxLayout;
     frame->setContentsMargins(1, 1, 1, 1);
     frame->addWidget(scrollArea);
     setLayout(frame);
+    scrollArea->show(); // the chooser's other children are shown already
     setFixedSize(frame->sizeHint().width(), height);
     frame->activate();
 }
