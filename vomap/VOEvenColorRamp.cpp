@@ -1,8 +1,7 @@
 #include "vomap/VOEvenColorRamp.h"
 
-#include <cmath>
-#include <limits>
-#include <new>
+#include "vomap/evenColours_p.h"
+#include "vomap/generatedColors_p.h"
 
 namespace VTObjects {
 
@@ -10,41 +9,12 @@ VOEvenColorRamp::VOEvenColorRamp() = default;
 
 VOEvenColorRamp::~VOEvenColorRamp() = default;
 
-namespace {
-
-rgb_color<float> between(rgb_color<float> from, rgb_color<float> to, double t)
-{
-    const auto mixed = [t](float a, float b) {
-        return static_cast<float>(std::floor(a + (double(b) - double(a)) * t + 0.5));
-    };
-    return rgb_color<float>(mixed(from.red, to.red), mixed(from.green, to.green),
-                            mixed(from.blue, to.blue));
-}
-
-} // namespace
-
 bool VOEvenColorRamp::split(unsigned int count)
 {
-    if (count > static_cast<unsigned int>(std::numeric_limits<int>::max() / 16))
-        return false;
-    QVector<rgb_color<float>> output;
-    try {
-        output.resize(static_cast<int>(count));
-    } catch (const std::bad_alloc &) {
-        return false;
-    }
-    const int last = sourceColors.size() - 1;
-    for (int i = 0; i < output.size() && last >= 0; ++i) {
-        const qint64 scaled = qint64(i) * last;
-        const qint64 steps = output.size() > 1 ? output.size() - 1 : 1;
-        const int segment = static_cast<int>(scaled / steps);
-        const qint64 rest = scaled % steps;
-        output[i] = rest == 0 ? sourceColors.at(segment)
-                              : between(sourceColors.at(segment), sourceColors.at(segment + 1),
-                                        double(rest) / double(steps));
-    }
-    colors = output;
-    return true;
+    return generateColors(colors, count, [this](rgb_color<float> *first, std::size_t size) {
+        fillWithEvenColours(sourceColors.constData(), static_cast<std::size_t>(sourceColors.size()),
+                            first, size);
+    });
 }
 
 VOColorRamp *VOEvenColorRamp::clone()
@@ -59,7 +29,7 @@ VOColorRamp::ColorRampType VOEvenColorRamp::category()
 
 bool VOEvenColorRamp::setSourceColor(long count, rgb_color<float> *colors)
 {
-    if (count < 0 || count > std::numeric_limits<int>::max() / 16 || (count > 0 && !colors))
+    if (count < 0 || count > static_cast<long>(maxLevel) || (count > 0 && !colors))
         return false;
     QVector<rgb_color<float>> sources;
     sources.reserve(static_cast<int>(count));

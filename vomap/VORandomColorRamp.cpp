@@ -1,8 +1,7 @@
 #include "vomap/VORandomColorRamp.h"
 
-#include <limits>
-#include <new>
-#include <random>
+#include "vomap/generatedColors_p.h"
+#include "vomap/randomColours_p.h"
 
 namespace VTObjects {
 
@@ -12,22 +11,9 @@ VORandomColorRamp::~VORandomColorRamp() = default;
 
 bool VORandomColorRamp::split(unsigned int count)
 {
-    if (count > static_cast<unsigned int>(std::numeric_limits<int>::max() / 16))
-        return false;
-    QVector<rgb_color<float>> output;
-    try {
-        output.resize(static_cast<int>(count));
-    } catch (const std::bad_alloc &) {
-        return false;
-    }
-    std::mt19937 generator(static_cast<std::mt19937::result_type>(seed));
-    for (rgb_color<float> &color : output) {
-        const auto bits = generator();
-        color = rgb_color<float>(float((bits >> 16) & 0xFF), float((bits >> 8) & 0xFF),
-                                 float(bits & 0xFF));
-    }
-    colors = output;
-    return true;
+    return generateColors(colors, count, [this](rgb_color<float> *first, std::size_t size) {
+        fillWithRandomColours(seed, first, size);
+    });
 }
 
 VOColorRamp *VORandomColorRamp::clone()

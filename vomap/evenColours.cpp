@@ -1,0 +1,211 @@
+#include "vomap/evenColours_p.h"
+
+#include "vomap/fixedPointColour_p.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace VTObjects {
+
+using namespace FixedPointColour;
+
+namespace {
+
+constexpr int factorBits = 20;
+constexpr int placeBits = 30;
+
+constexpr std::int64_t factor(double value)
+{
+    // Constants only, and their products are no ties: the compiler itself computes this.
+    return static_cast<std::int64_t>(value * (1 << factorBits) + (value < 0 ? -0.5 : 0.5));
+}
+
+constexpr std::int64_t one = linearOne;
+
+// Lr of Ottosson: k1 = 0.206, k2 = 0.03, k3 = (1 + k1) / (1 + k2)
+constexpr std::int64_t k1 = factor(0.206) << (linearBits - factorBits);
+constexpr std::int64_t k2 = factor(0.03) << (linearBits - factorBits);
+
+// A source in OKLab, all with linearBits fraction bits. What a and b add to the three cone signals
+// is kept instead of them: it is as straight as they are, and nearer to the result.
+struct Place
+{
+    std::int64_t lightness = 0; // Lr
+    std::int64_t l = 0;
+    std::int64_t m = 0;
+    std::int64_t s = 0;
+};
+
+// Cube root of light / one; the last four bits are of no account.
+std::int64_t coneSignal(std::int64_t light)
+{
+    return cubeRoot(std::max<std::int64_t>(light, 0) << 36) << (linearBits - 20);
+}
+
+// Linear light of a component, straight between the whole ones.
+std::int64_t linearOfFraction(float component)
+{
+    constexpr std::int64_t steps = 1 << 16;
+    const auto scaled = static_cast<std::int64_t>(component * float(steps));
+    const std::int64_t whole = scaled / steps;
+    const std::int64_t low = linearOf(static_cast<std::uint8_t>(whole));
+    if (whole >= 255)
+        return low;
+    const std::int64_t high = linearOf(static_cast<std::uint8_t>(whole + 1));
+    return low + (high - low) * (scaled % steps) / steps;
+}
+
+Place placeOf(const rgb_color<float> &colour)
+{
+    const std::int64_t red = linearOfFraction(colour.red);
+    const std::int64_t green = linearOfFraction(colour.green);
+    const std::int64_t blue = linearOfFraction(colour.blue);
+    const auto signal = [&](std::int64_t r, std::int64_t g, std::int64_t b) {
+        return coneSignal((r * red + g * green + b * blue) >> factorBits);
+    };
+    const std::int64_t l = signal(factor(0.4122214708), factor(0.5363325363), factor(0.0514459929));
+    const std::int64_t m = signal(factor(0.2119034982), factor(0.6806995451), factor(0.1073969566));
+    const std::int64_t s = signal(factor(0.0883024619), factor(0.2817188376), factor(0.6299787005));
+    const std::int64_t lightness =
+        (factor(0.2104542553) * l + factor(0.7936177850) * m - factor(0.0040720468) * s) >>
+        factorBits;
+    // Lr = (u + sqrt(u^2 + 4 k2 k3 L)) / 2 with u = k3 L - k1
+    const std::int64_t k3L = lightness * (one + k1) / (one + k2);
+    const std::int64_t u = k3L - k1;
+    const std::int64_t estimate = (u + squareRoot(u * u + 4 * k2 * k3L)) / 2;
+    return {estimate, l - lightness, m - lightness, s - lightness};
+}
+
+struct Tables
+{
+    // L by Lr, with linearBits fraction bits: intervals of 2^-12, straight between.
+    std::array<std::int32_t, 4097 + 1> lightness;
+    // The smallest component that light in an interval of 2^-12 may have.
+    std::array<std::uint8_t, 4096 + 1> component;
+    // Where linear light rounds to a component rather than to the one below it.
+    std::array<std::int32_t, 257> threshold;
+
+    Tables()
+    {
+        for (std::size_t i = 0; i < lightness.size(); ++i) {
+            const std::int64_t x = static_cast<std::int64_t>(i) << (linearBits - 12);
+            // L = (x^2 + k1 x) / (k3 (x + k2))
+            const std::int64_t fraction = x * (x + k1) / (x + k2);
+            lightness[i] = static_cast<std::int32_t>(fraction * (one + k2) / (one + k1));
+        }
+        threshold[0] = 0;
+        for (std::size_t i = 1; i < 256; ++i)
+            threshold[i] = static_cast<std::int32_t>(linearOfHalves(2 * static_cast<int>(i) - 1));
+        threshold[256] = static_cast<std::int32_t>(2 * one);
+        std::size_t lowest = 0;
+        for (std::size_t i = 0; i < component.size(); ++i) {
+            const auto light = static_cast<std::int32_t>(i << (linearBits - 12));
+            while (threshold[lowest + 1] <= light)
+                ++lowest;
+            component[i] = static_cast<std::uint8_t>(lowest);
+        }
+    }
+};
+
+const Tables &tables()
+{
+    static const Tables instance;
+    return instance;
+}
+
+// The straight way between two sources.
+class Segment
+{
+public:
+    Segment(const Place &from, const Place &to)
+        : table(&tables())
+        , from(from)
+        , delta{to.lightness - from.lightness, to.l - from.l, to.m - from.m, to.s - from.s}
+    {
+    }
+
+    // `place` from 0 to 2^placeBits.
+    rgb_color<float> at(std::int64_t place) const
+    {
+        const std::int64_t estimate =
+            std::clamp<std::int64_t>(along(from.lightness, delta.lightness, place), 0, one);
+        const auto i = static_cast<std::size_t>(estimate >> (linearBits - 12));
+        const std::int64_t rest = estimate & ((1 << (linearBits - 12)) - 1);
+        const std::int64_t low = table->lightness[i];
+        const std::int64_t lightness =
+            low + (((table->lightness[i + 1] - low) * rest) >> (linearBits - 12));
+        const std::int64_t l = cube(lightness + along(from.l, delta.l, place));
+        const std::int64_t m = cube(lightness + along(from.m, delta.m, place));
+        const std::int64_t s = cube(lightness + along(from.s, delta.s, place));
+        return {component(factor(4.0767416621) * l - factor(3.3077115913) * m +
+                          factor(0.2309699292) * s),
+                component(factor(-1.2684380046) * l + factor(2.6097574011) * m -
+                          factor(0.3413193965) * s),
+                component(factor(-0.0041960863) * l - factor(0.7034186147) * m +
+                          factor(1.7076147010) * s)};
+    }
+
+private:
+    static std::int64_t along(std::int64_t start, std::int64_t step, std::int64_t place)
+    {
+        return start + ((step * place) >> placeBits);
+    }
+    static std::int64_t cube(std::int64_t x) { return (((x * x) >> linearBits) * x) >> linearBits; }
+    float component(std::int64_t light) const
+    {
+        const std::int64_t cut = std::clamp<std::int64_t>(light >> factorBits, 0, one);
+        std::size_t found = table->component[static_cast<std::size_t>(cut >> (linearBits - 12))];
+        // An interval holds one threshold at most, since no component is narrower than one.
+        found += cut >= table->threshold[found + 1] ? 1 : 0;
+        return static_cast<float>(found);
+    }
+
+    const Tables *table;
+    Place from;
+    Place delta;
+};
+
+} // namespace
+
+void fillWithEvenColours(const rgb_color<float> *sources, std::size_t sourceCount,
+                         rgb_color<float> *colours, std::size_t count)
+{
+    if (sourceCount == 0) {
+        std::fill_n(colours, count, rgb_color<float>());
+        return;
+    }
+    const std::size_t last = sourceCount - 1;
+    const std::size_t steps = std::max<std::size_t>(count, 2) - 1;
+    // Colour i lies at i * last / steps: on whole sources, and the rest in parts of `steps`.
+    const std::size_t wholeStep = last / steps;
+    const std::size_t restStep = last % steps;
+    const auto scale = static_cast<std::int64_t>((std::uint64_t(1) << 62) / steps);
+    std::size_t whole = 0;
+    std::size_t rest = 0;
+    std::size_t prepared = sourceCount;
+    Place end;
+    Segment segment(end, end);
+    for (std::size_t i = 0; i < count; ++i) {
+        if (rest == 0) {
+            colours[i] = sources[whole];
+        } else {
+            if (prepared != whole) {
+                const Place start = prepared + 1 == whole ? end : placeOf(sources[whole]);
+                end = placeOf(sources[whole + 1]);
+                segment = Segment(start, end);
+                prepared = whole;
+            }
+            // rest / steps, rounded down, with placeBits fraction bits
+            colours[i] = segment.at((static_cast<std::int64_t>(rest) * scale) >> (62 - placeBits));
+        }
+        whole += wholeStep;
+        rest += restStep;
+        if (rest >= steps) {
+            rest -= steps;
+            ++whole;
+        }
+    }
+}
+
+} // namespace VTObjects
