@@ -31,6 +31,9 @@ VTColorSchemeManager::VTColorSchemeManager(QWidget *parent)
 
 VTColorSchemeManager::~VTColorSchemeManager()
 {
+    // A dialog that goes while it is shown hides itself, which ends what is being typed in the
+    // table. That must happen as long as there is somebody to hear of it.
+    hide();
     for (QStandardItem **root : {&defaultItem, &customItem, &favoriteItem}) {
         delete *root;
         *root = nullptr;

@@ -68,6 +68,8 @@ VTColorSchemeView::VTColorSchemeView(QWidget *parent)
 
 VTColorSchemeView::~VTColorSchemeView()
 {
+    // An open editor talks to this view when it loses the keyboard.
+    qDeleteAll(viewport()->findChildren<VTLineEditWidget *>());
     delete contextMenu;
 }
 
@@ -77,6 +79,15 @@ void VTColorSchemeView::setGroup(int teamKind, const int &groupIndex,
     this->teamKind = teamKind;
     this->groupIndex = groupIndex;
     tableModel->setGroup(group);
+}
+
+void VTColorSchemeView::reset()
+{
+    const bool wasNamed = viewport()->findChild<VTLineEditWidget *>() != nullptr;
+    QTableView::reset();
+    // The base drops an open editor without telling its delegate.
+    if (wasNamed)
+        Q_EMIT information(true);
 }
 
 QVector<int> VTColorSchemeView::selectedRowNumbers() const

@@ -42,6 +42,7 @@ public:
     int groupIndex = -1; ///< its position in the team, or -1
 
 public Q_SLOTS:
+    void reset() override;
     /// Asks for a folder and writes the selected schemes there, each into a file of its name.
     void onExportScheme();
     void onDoubleClicked(const QModelIndex &index);

@@ -25,6 +25,8 @@ VTLineEditWidget::VTLineEditWidget(QWidget *parent)
 
 VTLineEditWidget::~VTLineEditWidget()
 {
+    // The field can lose the keyboard while it is taken down, when nobody is left to relay that.
+    ui->lineEdit->disconnect(this);
     movie->stop();
 }
 

@@ -61,10 +61,12 @@ void VtColorSchemeNameDelegate::updateEditorGeometry(QWidget *editor,
 
 bool VtColorSchemeNameDelegate::eventFilter(QObject *object, QEvent *event)
 {
-    auto *field = qobject_cast<QLineEdit *>(object);
+    if (qobject_cast<VTLineEditWidget *>(object))
+        return QItemDelegate::eventFilter(object, event);
+    const auto *field = qobject_cast<QLineEdit *>(object);
     QWidget *editor = field ? qobject_cast<VTLineEditWidget *>(field->parentWidget()) : nullptr;
     if (!editor)
-        return QItemDelegate::eventFilter(object, event);
+        return false;
     // What leaves the field leaves the editor: the base knows what to do then, but it watches only
     // the editor itself. Return and Escape reach that by themselves, Tab and the focus do not.
     bool leaves = event->type() == QEvent::FocusOut;
