@@ -19,6 +19,17 @@ using VTObjects::VOString;
 
 bool dataModified = false;
 
+namespace {
+
+/// Exactly of this size. An icon that just names its file takes on another size once it has been
+/// painted, and the rows of the tree with it.
+QIcon iconOfSize(const QString &file, int size)
+{
+    return QIcon(QIcon(file).pixmap(QSize(size, size)));
+}
+
+} // namespace
+
 VTColorSchemeManager::VTColorSchemeManager(QWidget *parent)
     : QDialog(parent)
     , ui(std::make_unique<Ui::VTColorSchemeManagerBase>())
@@ -58,7 +69,7 @@ void VTColorSchemeManager::initUi()
         palette.setColor(group, QPalette::Highlight, QColor(0, 0, 255, 50));
     }
     ui->teamView->setPalette(palette);
-    groupIcon.addFile(QStringLiteral(":/icon/Group.png"), QSize(16, 16));
+    groupIcon = iconOfSize(QStringLiteral(":/icon/Group.png"), 16);
     const VOColorSchemeManager *store = VOColorSchemeManager::instance();
 
     defaultItem = appendTeam(QStringLiteral(":/icon/Default.png"), tr("Default"),
@@ -96,12 +107,10 @@ void VTColorSchemeManager::initUi()
 QStandardItem *VTColorSchemeManager::appendTeam(const QString &icon, const QString &text,
                                                 const VOString &name, int type)
 {
-    QIcon teamIcon;
-    teamIcon.addFile(icon, QSize(24, 24));
     QFont font;
     font.setPointSize(10);
     font.setWeight(QFont::Bold);
-    auto *item = new QStandardItem(teamIcon, text);
+    auto *item = new QStandardItem(iconOfSize(icon, 24), text);
     item->setData(QVariant::fromValue(ColorSchemeNodeInfo(name, static_cast<NodeType>(type))),
                   nodeInfoRole);
     item->setFont(font);
