@@ -27,6 +27,10 @@ else()
     set(vt_pc_flags " -Wl,-u,vtcontrolcolorscheme_resources")
     set(vt_pc_defines " -DVOBASE_STATIC_DEFINE -DVOMAP_STATIC_DEFINE -DVTGISCORE_STATIC_DEFINE -DVTCONTROLBASE_STATIC_DEFINE -DVTCONTROLCOLORSCHEME_STATIC_DEFINE")
 endif()
+# Relative to the file, because the prefix may change when the package is installed or moved.
+file(RELATIVE_PATH vt_pc_prefix
+    ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+string(REGEX REPLACE "/$" "" vt_pc_prefix ${vt_pc_prefix})
 configure_file(
     ${PROJECT_SOURCE_DIR}/cmake/vtcontrolcolorscheme.pc.in
     ${PROJECT_BINARY_DIR}/vtcontrolcolorscheme.pc @ONLY)

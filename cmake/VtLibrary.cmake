@@ -49,7 +49,10 @@ function(vt_add_library name)
     set_target_properties(${name} PROPERTIES
         POSITION_INDEPENDENT_CODE ON
         VERSION ${PROJECT_VERSION}
-        SOVERSION ${PROJECT_VERSION_MAJOR})
+        # As in the version file of the package: each minor version may break the one before.
+        SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
+        # The five find each other, wherever they are installed.
+        INSTALL_RPATH "$ORIGIN")
     # Tests reach inner units that the library does not export.
     if(NOT VT_BUILD_TESTS)
         set_target_properties(${name} PROPERTIES
