@@ -2,6 +2,7 @@
 
 #include "colorscheme/picker/VTColorSchemeGroupButton.h"
 #include "colorscheme/picker/defaultGroupCaptions.h"
+#include "colorscheme/picker/pickerAccessibility_p.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 
@@ -78,6 +79,7 @@ VTColorSchemeGroupMenu::VTColorSchemeGroupMenu(QWidget *parent)
     : QMenu(parent)
     , groupButton(qobject_cast<VTColorSchemeGroupButton *>(parent))
 {
+    installPickerAccessibility();
     auto *layout = new QVBoxLayout;
     layout->setContentsMargins(margin, margin, margin, margin);
     layout->setSpacing(spacing);

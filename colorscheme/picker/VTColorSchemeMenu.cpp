@@ -9,6 +9,7 @@
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "colorscheme/picker/VTColorSchemeGroupButton.h"
 #include "colorscheme/picker/VTSchemeMenuActionWidget.h"
+#include "colorscheme/picker/pickerAccessibility_p.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
@@ -56,6 +57,7 @@ VTColorSchemeMenu::VTColorSchemeMenu(const QString &caption, const VOColorScheme
     , scrollArea(new QScrollArea(this))
     , listStyle(std::make_unique<EntryListStyle>(besideStrip))
 {
+    installPickerAccessibility();
     setMouseTracking(true);
     setMinimumSize(smallest);
     if (comboBox && shareOfPicker * comboBox->width() > width())
@@ -108,6 +110,7 @@ void VTColorSchemeMenu::fill(const VOColorSchemeGroup &record)
     list->setAttribute(Qt::WA_MouseTracking);
     list->setAttribute(Qt::WA_TranslucentBackground);
     list->setFocusPolicy(Qt::NoFocus);
+    list->setAccessibleName(tr("Colour schemes"));
 
     const QSize stripSize(width() - besideStrip, stripHeight);
     int index = 0;

@@ -11,6 +11,8 @@ namespace {
 constexpr int nameHeight = 17;
 constexpr int stripHeight = 20;
 constexpr int nameIndent = 2;
+constexpr char highlightedStyle[] = "QLabel{background-color:rgba(51,153,255,255);}";
+constexpr char plainStyle[] = "QLabel{background-color:rgba(255,255,255,255);}";
 
 /// A label that ends a text that is too long with dots. It keeps the whole text.
 class NameLabel : public QLabel
@@ -83,10 +85,13 @@ void VTSchemeMenuActionWidget::showScheme(const QString &name, const QPixmap &st
 
 void VTSchemeMenuActionWidget::setHighlighted(bool highlighted)
 {
-    nameLabel->setStyleSheet(
-        highlighted ? QStringLiteral("QLabel{background-color:rgba(51,153,255,255);}")
-                    : QStringLiteral("QLabel{background-color:rgba(255,255,255,255);}"));
+    nameLabel->setStyleSheet(QLatin1String(highlighted ? highlightedStyle : plainStyle));
     nameLabel->update();
+}
+
+bool VTSchemeMenuActionWidget::isHighlighted() const
+{
+    return nameLabel->styleSheet() == QLatin1String(highlightedStyle);
 }
 
 void VTSchemeMenuActionWidget::enterEvent(QEvent * /*event*/)

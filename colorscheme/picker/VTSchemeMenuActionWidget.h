@@ -21,6 +21,7 @@ public:
     void showScheme(const QString &name, const QPixmap &strip);
     /// Lights the name up as the pointer does, or back to white. The strip never changes.
     void setHighlighted(bool highlighted);
+    bool isHighlighted() const;
 
 protected:
     void enterEvent(QEvent *event) override;
