@@ -145,8 +145,5 @@ void tst_Classification::unknownAndInvalidValuesHaveNoClass()
     QCOMPARE(UniqueValues().count(), 0);
 }
 
-Q_DECLARE_METATYPE(std::vector<double>)
-Q_DECLARE_METATYPE(std::vector<int>)
-
 QTEST_APPLESS_MAIN(tst_Classification)
 #include "tst_Classification.moc"
