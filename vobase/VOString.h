@@ -53,10 +53,10 @@ public:
     int Replace(wchar_t from, wchar_t to);
 
     operator const std::wstring() const;
-
-private:
+    /// The characters without a copy of them, valid until this string changes or goes.
     const std::wstring &text() const;
 
+private:
     std::shared_ptr<const std::wstring> shared; // null: the empty string
 };
 

@@ -56,4 +56,13 @@ unsigned int VOColorRampContainer::getLevel()
     return static_cast<unsigned int>(colors.size());
 }
 
+void VOColorRampContainer::setColors(const rgb_color<float> *replacement, std::size_t count)
+{
+    QVector<rgb_color<float>> fresh;
+    fresh.reserve(static_cast<int>(count));
+    for (std::size_t i = 0; i < count; ++i)
+        fresh.append(clamped(replacement[i]));
+    colors.swap(fresh);
+}
+
 } // namespace VTObjects

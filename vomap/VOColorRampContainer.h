@@ -4,6 +4,8 @@
 
 #include <QVector>
 
+#include <cstddef>
+
 namespace VTObjects {
 
 /// Holds a ramp's output colours and implements the list operations on them.
@@ -21,6 +23,9 @@ public:
     void deleteColor(unsigned int index) override;
     void deleteAll() override;
     unsigned int getLevel() override;
+
+    /// Replaces the whole output list by a copy of `count` colours at once.
+    void setColors(const rgb_color<float> *replacement, std::size_t count);
 
 protected:
     VOColorRampContainer() = default;

@@ -11,6 +11,7 @@ VOColorScheme::VOColorScheme(const VOColorScheme &other)
     , author(other.author)
     , describe(other.describe)
     , colorRamp(other.colorRamp ? other.colorRamp->clone() : nullptr)
+    , unknownFields(other.unknownFields)
 {
 }
 

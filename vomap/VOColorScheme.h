@@ -3,6 +3,8 @@
 #include "vobase/VOString.h"
 #include "vomap/vomap_export.h"
 
+#include <memory>
+#include <string>
 #include <utility>
 
 namespace VTObjects {
@@ -22,6 +24,7 @@ public:
         , author(std::move(other.author))
         , describe(std::move(other.describe))
         , colorRamp(std::exchange(other.colorRamp, nullptr))
+        , unknownFields(std::move(other.unknownFields))
     {
     }
     VOColorScheme &operator=(const VOColorScheme &other);
@@ -32,6 +35,7 @@ public:
         author = std::move(other.author);
         describe = std::move(other.describe);
         std::swap(colorRamp, other.colorRamp);
+        unknownFields = std::move(other.unknownFields);
         return *this;
     }
     ~VOColorScheme();
@@ -41,6 +45,9 @@ public:
     VOString describe;
     /// Owned by the record; may be null. Whoever stores another ramp deletes this one first.
     VOColorRamp *colorRamp = nullptr;
+    /// What a later release of the library stored beside the fields above: kept through copies,
+    /// written back by the store, not for anyone else. Null where there is nothing.
+    std::shared_ptr<const std::string> unknownFields;
 };
 
 } // namespace VTObjects

@@ -25,6 +25,8 @@ public:
 
     VOString name;                      ///< unique within its team
     std::vector<VOColorScheme> schemes; ///< in display order
+    /// As VOColorScheme::unknownFields.
+    std::shared_ptr<const std::string> unknownFields;
 };
 
 } // namespace VTObjects

@@ -2,7 +2,11 @@
 
 #include "vomap/VOColorSchemeTeam.h"
 
+#include <memory>
+
 namespace VTObjects {
+
+class SchemeStore;
 
 /// The store: every scheme that the application knows, in three teams. One for the whole process;
 /// its teams are edited in place and reach the disk with save() or saveCustomTeam() only.
@@ -25,11 +29,19 @@ public:
 
     /// Reads the store again from its directory and answers whether all of it could be read.
     /// Where nothing was ever saved, the built-in schemes are there, and the answer is true.
+    /// Of a damaged team the last good copy is read, and the damaged file is kept in the folder
+    /// "damaged".
     bool load();
-    /// Writes the whole store to its directory.
+    /// Writes the whole store to its directory. False, with the old files as they were, if it
+    /// cannot be written, if another process does not let go of the store within two seconds, or
+    /// if a newer release of the library wrote it. What another process saved since the last
+    /// load() is not lost: it is merged into the files, and appears here with the next load().
     bool save();
-    /// Writes the custom team only.
+    /// Writes the custom team only; the files of the other teams are not touched.
     bool saveCustomTeam();
+    /// Makes the default team what this release of the library ships. The disk has it with the
+    /// next save().
+    void resetDefaultTeam();
 
     /// Loads one scheme file. False, with `scheme` as it was, if the file cannot be read or is no
     /// scheme file. The path uses "/" as separator.
@@ -43,6 +55,8 @@ private:
     ~VOColorSchemeManager();
     VOColorSchemeManager(const VOColorSchemeManager &) = delete;
     VOColorSchemeManager &operator=(const VOColorSchemeManager &) = delete;
+
+    std::unique_ptr<SchemeStore> store;
 };
 
 } // namespace VTObjects
