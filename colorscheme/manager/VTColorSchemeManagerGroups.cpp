@@ -58,6 +58,7 @@ void VTColorSchemeManager::onDeleteGroup()
     const QStandardItem *item = currentItem();
     if (!item || item->parent() != customItem)
         return;
+    ui->schemeView->finishEditing();
     const QString text = tr("The group(%1) cannot be restored after deletion.").arg(item->text()) +
                          QLatin1Char('\n') + tr("Are you sure to delete it?");
     if (!isConfirmed(this, tr("Delete group"), text, QMessageBox::Ok, tr("Delete"), tr("Cancel")))

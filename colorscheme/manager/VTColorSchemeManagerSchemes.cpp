@@ -79,6 +79,8 @@ void VTColorSchemeManager::onDeleteScheme()
                          QLatin1Char('\n') + tr("Are you sure to delete it?");
     if (!isConfirmed(this, tr("Delete scheme"), text, QMessageBox::Ok, tr("Delete"), tr("Cancel")))
         return;
+    // Thousands of selected rows would be gone through at each removal; none of them stays.
+    table->clearSelection();
     // From the end, so that no removal shifts the rows still to come.
     for (auto row = rows.crbegin(); row != rows.crend(); ++row)
         table->schemeModel()->removeScheme(*row, QModelIndex());
@@ -96,6 +98,7 @@ void VTColorSchemeManager::onDeleteScheme()
 
 void VTColorSchemeManager::onSelectAll()
 {
+    ui->schemeView->finishEditing();
     ui->schemeView->setFocus(Qt::OtherFocusReason);
     ui->schemeView->selectAll();
 }
@@ -103,6 +106,7 @@ void VTColorSchemeManager::onSelectAll()
 void VTColorSchemeManager::onInvertSelect()
 {
     VTColorSchemeView *const table = ui->schemeView;
+    table->finishEditing();
     const QVector<int> selected = table->selectedRowNumbers();
     const int rowCount = table->schemeModel()->rowCount();
     const int lastColumn = table->schemeModel()->columnCount() - 1;
