@@ -245,11 +245,3 @@ void VTColorSchemeView::commitData(QWidget *editor)
     makeNameUsable(qobject_cast<VTLineEditWidget *>(editor));
     QTableView::commitData(editor);
 }
-
-void VTColorSchemeView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
-{
-    // The base takes the keyboard back, which the delegate would take for the end of the editing.
-    if (auto *nameEditor = qobject_cast<VTLineEditWidget *>(editor))
-        nameEditor->lineEdit()->removeEventFilter(itemDelegateForColumn(NameColumn));
-    QTableView::closeEditor(editor, hint);
-}

@@ -60,7 +60,6 @@ protected:
 
 protected Q_SLOTS:
     void commitData(QWidget *editor) override;
-    void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private:
     QString makeRenameName(int row) const;

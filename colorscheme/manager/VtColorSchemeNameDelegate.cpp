@@ -74,6 +74,5 @@ bool VtColorSchemeNameDelegate::eventFilter(QObject *object, QEvent *event)
         const int key = static_cast<QKeyEvent *>(event)->key();
         leaves = key == Qt::Key_Tab || key == Qt::Key_Backtab;
     }
-    // A hidden editor is on its way out already.
-    return leaves && !editor->isHidden() && QItemDelegate::eventFilter(editor, event);
+    return leaves && QItemDelegate::eventFilter(editor, event);
 }

@@ -290,6 +290,11 @@ void tst_VTColorSchemeManager::rowsOfTheTreeKeepTheirHeight()
     user->table->selectRow(0);
     manager->onFavorite({0});
     user->tree->doItemsLayout();
+    const QSize large(64, 64);
+    QCOMPARE(user->node(1, 0).data(Qt::DecorationRole).value<QIcon>().actualSize(large),
+             QSize(16, 16));
+    QCOMPARE(user->node(1).data(Qt::DecorationRole).value<QIcon>().actualSize(large),
+             QSize(24, 24));
     QCOMPARE(user->tree->visualRect(user->node(1, 0)).height(), before);
 }
 
