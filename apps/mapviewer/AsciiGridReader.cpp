@@ -101,6 +101,8 @@ private:
 
 bool Reader::readHeader()
 {
+    if (text.startsWith("\xEF\xBB\xBF"))
+        position = 3; // some editors put a byte order mark before any text
     static const QList<QByteArray> keys = {"ncols",     "nrows",     "xllcorner", "xllcenter",
                                            "yllcorner", "yllcenter", "cellsize",  "nodata_value"};
     for (;;) {

@@ -16,6 +16,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -49,6 +50,7 @@ MapWindow::MapWindow(QWidget *parent)
     : QMainWindow(parent)
 {
     setWindowTitle(tr("Map Viewer"));
+    setWindowIcon(QIcon(QStringLiteral(":/icon/Default.png")));
     resize(StartSize);
     buildCentre();
     auto *bar = addToolBar(tr("Tools"));

@@ -96,6 +96,8 @@ void writeSchemeWindows(MapWindow *window, Writer *writer)
 bool writeScreenshots(MapWindow *window, const QString &folder)
 {
     Writer writer(folder);
+    if (!writer.allWritten())
+        return false;
     window->show();
     writer.write(window, QStringLiteral("map-world"));
     const QList<LayerCard *> cards = window->cards();

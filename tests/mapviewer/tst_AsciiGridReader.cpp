@@ -52,6 +52,9 @@ void tst_AsciiGridReader::readsEveryFormOfHeader_data()
         "NCOLS 2\nNROWS 1\nXLLCORNER 10\nYLLCORNER 20\nCELLSIZE 5\nnodata_VALUE -1\n");
     QTest::newRow("tabs, blanks and carriage returns") << QByteArray(
         "ncols\t2\r\n  nrows   1\r\nxllcorner 10\r\nyllcorner 20\r\n\r\ncellsize 5\r\n");
+    QTest::newRow("byte order mark")
+        << QByteArray("\xEF\xBB\xBF"
+                      "ncols 2\nnrows 1\nxllcorner 10\nyllcorner 20\ncellsize 5\n");
     QTest::newRow("signs and exponents")
         << QByteArray("ncols +2\nnrows 1\nxllcorner 1e1\nyllcorner +2.0E+1\ncellsize 5\n");
 }

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void cleanup() { tearDown(); }
 
     void aPickedSchemeRecoloursMapAndLegend();
+    void aSchemeChosenInTheDropDownRecoloursTheMap();
     void settersOfThePickerAloneChangeNothing();
     void theChosenSchemeComesBack();
     void aSchemeThatIsGoneIsReplacedByADefault();
@@ -71,6 +72,25 @@ void tst_mapWindowSchemes::aPickedSchemeRecoloursMapAndLegend()
         QCOMPARE(pixelAt(Outback.x(), Outback.y()), last);
         QCOMPARE(countries->findChild<LegendWidget *>()->legend().classes.first().color, last);
     }
+}
+
+void tst_mapWindowSchemes::aSchemeChosenInTheDropDownRecoloursTheMap()
+{
+    LayerCard *countries = card("Countries");
+    pick(countries, "Range", 0);
+    const VOColorSchemeTeam &team = VOColorSchemeManager::instance()->defaultTeam;
+    const VOColorSchemeGroup &group = team.groups[std::size_t(team.index("Range"))];
+    ModalDriver driver;
+    driver.next([](QWidget *menu) {
+        // The entries follow one another; Home goes to the first.
+        QTest::keyClick(menu, Qt::Key_Home);
+        QTest::keyClick(menu, Qt::Key_Down);
+        QTest::keyClick(menu, Qt::Key_Return);
+    });
+    QTest::mouseClick(countries->picker(), Qt::LeftButton);
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(countries->currentScheme()->schemeIndex(), 1);
+    QCOMPARE(pixelAt(Outback.x(), Outback.y()), rampColors(group.schemes[1].colorRamp).last());
 }
 
 void tst_mapWindowSchemes::settersOfThePickerAloneChangeNothing()
