@@ -10,6 +10,11 @@ ColorRowDelegate::ColorRowDelegate(QObject *parent)
 
 ColorRowDelegate::~ColorRowDelegate() = default;
 
+QString ColorRowDelegate::displayText(const QVariant &value, const QLocale &) const
+{
+    return value.toString();
+}
+
 void ColorRowDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);

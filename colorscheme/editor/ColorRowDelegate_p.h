@@ -11,6 +11,9 @@ public:
     explicit ColorRowDelegate(QObject *parent);
     ~ColorRowDelegate() override;
 
+    /// Without the thousands separators of a locale, for which there is no room.
+    QString displayText(const QVariant &value, const QLocale &locale) const override;
+
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 };

@@ -4,8 +4,6 @@
 
 namespace {
 
-enum Column { NumberColumn, SwatchColumn, ColumnCount };
-
 const QSize swatchSize(500, 23);
 
 } // namespace

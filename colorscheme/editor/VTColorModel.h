@@ -14,6 +14,8 @@ class VTCONTROLCOLORSCHEME_EXPORT VTColorModel : public QAbstractListModel
 {
     Q_OBJECT
 public:
+    enum Column { NumberColumn, SwatchColumn, ColumnCount };
+
     explicit VTColorModel(QObject *parent = nullptr);
     ~VTColorModel() override;
 

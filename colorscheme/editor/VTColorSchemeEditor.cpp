@@ -6,6 +6,8 @@
 #include "colorscheme/model/colorConversion.h"
 #include "colorscheme/model/colorRampPreviewPixmap.h"
 #include "colorscheme/model/defaultColorRamp.h"
+#include "colorscheme/model/describeCells.h"
+#include "colorscheme/model/describeColorRamp.h"
 #include "vomap/VOColorSchemeGroup.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VOStringConversion.h"
@@ -28,6 +30,7 @@ constexpr int dialogWidth = 555;
 constexpr int plainHeight = 450;
 constexpr int hsvHeight = 515;
 constexpr int numberColumnWidth = 25;
+const QSize previewSize(515, 30);
 const QSize swatchSize(500, 23);
 
 constexpr int initialRandomSeed = 2;
@@ -97,6 +100,7 @@ void VTColorSchemeEditor::initUi()
     header->resizeSection(0, numberColumnWidth);
     header->setSectionResizeMode(0, QHeaderView::Fixed);
     ui->colorView->setIconSize(swatchSize);
+    describeParts();
 
     ui->comboBox_type->insertItem(VOColorRamp::RandomRamp, tr("Random"));
     ui->comboBox_type->insertItem(VOColorRamp::RandomHsvRamp, tr("RandomForHsv"));
@@ -108,6 +112,23 @@ void VTColorSchemeEditor::initUi()
     const VOColorScheme &scheme = stored ? *stored : empty;
     typeChangeUi(scheme.colorRamp ? scheme.colorRamp->category() : VOColorRamp::EvenRamp);
     viewScheme(scheme);
+}
+
+void VTColorSchemeEditor::describeParts()
+{
+    describeCells(ui->colorView, [this](const QModelIndex &index) {
+        CellText words;
+        if (index.column() == VTColorModel::SwatchColumn) {
+            const QColor color = colorModel->colors.value(index.row());
+            words.name = describeColor(color);
+            words.description = color.name();
+        }
+        return words;
+    });
+    ui->colorView->setAccessibleName(tr("Colors"));
+    ui->previewLabel->setAccessibleName(tr("Preview"));
+    // The label beside it belongs to the whole name field and not to the line in it.
+    ui->nameWidget->lineEdit()->setAccessibleName(ui->label->text());
 }
 
 void VTColorSchemeEditor::setupConnections()
@@ -211,7 +232,13 @@ void VTColorSchemeEditor::viewScheme(const VOColorScheme &scheme)
     colorModel->setColors(listedColors(ramp));
     // From the scheme's own ramp: what is loaded is shown as it is, even where the controls cannot
     // hold it.
+    showPreview(ramp);
+}
+
+void VTColorSchemeEditor::showPreview(VOColorRamp *ramp)
+{
     ui->previewLabel->setPixmap(colorRampPreviewPixmap(ramp, previewSize));
+    ui->previewLabel->setAccessibleDescription(describeColorRamp(ramp));
 }
 
 VOColorScheme *VTColorSchemeEditor::currentScheme() const

@@ -66,9 +66,11 @@ private Q_SLOTS:
 
 private:
     void initUi();
+    void describeParts();
     void setupConnections();
     void typeChangeUi(VTObjects::VOColorRamp::ColorRampType type);
     void viewScheme(const VTObjects::VOColorScheme &scheme);
+    void showPreview(VTObjects::VOColorRamp *ramp);
     /// A new ramp made of what the widgets show; null for a kind that does not exist.
     std::unique_ptr<VTObjects::VOColorRamp> updateColorRamp() const;
 

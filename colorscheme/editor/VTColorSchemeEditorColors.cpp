@@ -14,7 +14,6 @@ namespace {
 
 constexpr QRgb addedColor = qRgb(15, 225, 255);
 constexpr int fewestSourceColors = 2;
-constexpr int swatchColumn = 1;
 
 /// The selected rows, ascending; the search ends after `most` of them. Reads the ranges of the
 /// selection: selectedRows() takes a time that grows with the square of their number.
@@ -76,7 +75,7 @@ void VTColorSchemeEditor::onInvetSelect()
         if (first > last)
             return;
         others.append(QItemSelectionRange(colorModel->index(first, 0),
-                                          colorModel->index(last, swatchColumn)));
+                                          colorModel->index(last, VTColorModel::SwatchColumn)));
         lastRow = last;
     };
     int next = 0;
@@ -188,14 +187,14 @@ void VTColorSchemeEditor::onSelectionChanged(const QItemSelection &, const QItem
 
 void VTColorSchemeEditor::onColorDoubleClicked(const QModelIndex &index)
 {
-    if (!index.isValid() || index.column() != swatchColumn)
+    if (!index.isValid() || index.column() != VTColorModel::SwatchColumn)
         return;
     const int row = index.row();
     if (row >= colorModel->colors.size())
         return;
     VTColorMenu menu(this);
     menu.setColor(colorModel->colors.at(row));
-    const QPoint corner(ui->colorView->columnViewportPosition(swatchColumn),
+    const QPoint corner(ui->colorView->columnViewportPosition(VTColorModel::SwatchColumn),
                         ui->colorView->rowViewportPosition(row) + ui->colorView->rowHeight(row));
     menu.exec(ui->colorView->viewport()->mapToGlobal(corner));
     const QColor color(menu.getColor());

@@ -3,7 +3,6 @@
 #include "colorscheme/editor/VTColorSchemeEditor.h"
 #include "colorscheme/editor/editorControls_p.h"
 #include "colorscheme/model/colorConversion.h"
-#include "colorscheme/model/colorRampPreviewPixmap.h"
 #include "colorscheme/model/lastOpenFilePath.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOPredefineColorRamp.h"
@@ -90,7 +89,7 @@ std::unique_ptr<VOColorRamp> VTColorSchemeEditor::updateColorRamp() const
 void VTColorSchemeEditor::onPreview()
 {
     const std::unique_ptr<VOColorRamp> ramp = updateColorRamp();
-    ui->previewLabel->setPixmap(colorRampPreviewPixmap(ramp.get(), previewSize));
+    showPreview(ramp.get());
 }
 
 void VTColorSchemeEditor::onNameChanged(const QString &text)
@@ -113,6 +112,8 @@ void VTColorSchemeEditor::onNameChanged(const QString &text)
         ui->nameWidget->hideWarning();
     else
         ui->nameWidget->showWarning(problem);
+    // For those who do not see the icon.
+    ui->nameWidget->lineEdit()->setAccessibleDescription(problem);
     ui->pushButton_ok->setEnabled(problem.isEmpty());
 }
 

@@ -3,11 +3,6 @@
 #include "ui_VTColorSchemeEditorBase.h"
 #include "vomap/VORandomColorRampForHsv.h"
 
-#include <QSize>
-
-/// The preview strip, in pixels.
-inline constexpr QSize previewSize(515, 30);
-
 /// One bound of the HSV random kind: where it is shown, where the ramp keeps it, and what it is
 /// for a scheme of another kind.
 struct HsvBound

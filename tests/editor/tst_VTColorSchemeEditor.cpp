@@ -2,11 +2,13 @@
 
 #include "colorscheme/manager/VTLineEditWidget.h"
 #include "colorscheme/model/defaultColorRamp.h"
+#include "colorscheme/model/describeColorRamp.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VORandomColorRampForHsv.h"
 #include "vomap/VOStringConversion.h"
 
+#include <QAccessible>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -65,6 +67,9 @@ private Q_SLOTS:
     void everyNumberBoxRefreshesThePreview();
     void everyCommandRunsItsSlot_data();
     void everyCommandRunsItsSlot();
+    void theColorsHaveWords();
+    void thePreviewHasWords();
+    void theNameFieldAndItsWarningHaveWords();
     void itGoesAwayWithASelection();
 };
 
@@ -809,6 +814,52 @@ void tst_VTColorSchemeEditor::everyCommandRunsItsSlot()
     QCOMPARE(test.colors(), expected);
     QCOMPARE(test.selectedRows(), selection);
     QCOMPARE(test.preview(), stripOf(evenRamp(expected, 8).get()));
+}
+
+void tst_VTColorSchemeEditor::theColorsHaveWords()
+{
+    EditorUnderTest test(evenRamp({Qt::red, Qt::black}, 4));
+    QAccessibleInterface *list = QAccessible::queryAccessibleInterface(test.view());
+    QCOMPARE(list->text(QAccessible::Name), QStringLiteral("Colors"));
+    const auto swatch = [list](int row) { return list->tableInterface()->cellAt(row, 1); };
+    QCOMPARE(swatch(0)->text(QAccessible::Name), describeColor(Qt::red));
+    QCOMPARE(swatch(0)->text(QAccessible::Description), QStringLiteral("#ff0000"));
+    QCOMPARE(swatch(1)->text(QAccessible::Name), describeColor(Qt::black));
+    QCOMPARE(list->tableInterface()->cellAt(1, 0)->text(QAccessible::Name), QStringLiteral("2"));
+    QVERIFY(swatch(0)->text(QAccessible::Name) != swatch(1)->text(QAccessible::Name));
+    test.run("onColorAntitone");
+    QCOMPARE(swatch(0)->text(QAccessible::Name), describeColor(Qt::black));
+    test.run("onAddColor");
+    QCOMPARE(swatch(2)->text(QAccessible::Description), QStringLiteral("#0fe1ff"));
+}
+
+void tst_VTColorSchemeEditor::thePreviewHasWords()
+{
+    EditorUnderTest test(evenRamp(defaultSources, 10));
+    QAccessibleInterface *preview =
+        QAccessible::queryAccessibleInterface(test.part<QLabel>("previewLabel"));
+    QCOMPARE(preview->text(QAccessible::Name), QStringLiteral("Preview"));
+    QCOMPARE(preview->text(QAccessible::Description),
+             describeColorRamp(evenRamp(defaultSources, 10).get()));
+    test.box("spinBox_level")->setValue(4);
+    QCOMPARE(preview->text(QAccessible::Description),
+             describeColorRamp(evenRamp(defaultSources, 4).get()));
+}
+
+void tst_VTColorSchemeEditor::theNameFieldAndItsWarningHaveWords()
+{
+    EditorUnderTest test(evenRamp(defaultSources, 10));
+    QAccessibleInterface *field = QAccessible::queryAccessibleInterface(test.nameField());
+    QCOMPARE(field->text(QAccessible::Name), QStringLiteral("Name:"));
+    QCOMPARE(field->text(QAccessible::Description), QString());
+    test.nameField()->selectAll();
+    QTest::keyClick(test.nameField(), Qt::Key_Delete);
+    QCOMPARE(field->text(QAccessible::Description), QStringLiteral("The name cannot be empty!"));
+    QTest::keyClicks(test.nameField(), QStringLiteral("Fresh"));
+    QCOMPARE(field->text(QAccessible::Description), QString());
+    QAccessibleInterface *level =
+        QAccessible::queryAccessibleInterface(test.part<QSpinBox>("spinBox_level"));
+    QCOMPARE(level->text(QAccessible::Name), QStringLiteral("Level:"));
 }
 
 void tst_VTColorSchemeEditor::itGoesAwayWithASelection()

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void deletingNothingRefreshesNothing();
     void whatIsLeftSelectedAfterDeletingDecidesOnTheMoves();
     void deletingGoesFromTheLastRowToTheFirst();
+    void singleCellsAreNoSelectedRows();
 
     void antitoneReversesTheList_data();
     void antitoneReversesTheList();
@@ -234,6 +235,19 @@ void tst_VTColorSchemeEditorColors::deletingGoesFromTheLastRowToTheFirst()
             });
     test.run("onDeleteColor");
     QCOMPARE(removed, QVector<int>({4, 2, 0}));
+}
+
+void tst_VTColorSchemeEditorColors::singleCellsAreNoSelectedRows()
+{
+    EditorUnderTest test(randomRamp(1, 5));
+    test.select({1});
+    for (const int column : {0, 1})
+        test.view()->selectionModel()->select(test.model()->index(3 + column, column),
+                                              QItemSelectionModel::Select);
+    QCOMPARE(test.enabledMoves(), QStringList({"Top", "Bottom", "Up", "Down"}));
+    const QVector<QColor> before = test.colors();
+    test.run("onDeleteColor");
+    QCOMPARE(test.colors(), before.mid(0, 1) + before.mid(2));
 }
 
 void tst_VTColorSchemeEditorColors::antitoneReversesTheList_data()
