@@ -40,4 +40,4 @@ install(FILES ${PROJECT_BINARY_DIR}/vtcontrolcolorscheme.pc
 # Hosts copy this file below their own application's folder, as resources/warning.gif.
 install(FILES ${vt_warning_movie}
     DESTINATION ${CMAKE_INSTALL_DATADIR}/vtcontrolcolorscheme/resources)
-install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md CHANGELOG.md NOTICE DESTINATION ${CMAKE_INSTALL_DOCDIR})

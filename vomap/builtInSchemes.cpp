@@ -3,163 +3,181 @@
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VOPredefineColorRamp.h"
 #include "vomap/VORandomColorRampForHsv.h"
+#include "vomap/VOStringConversion.h"
 
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <cmath>
 #include <memory>
 #include <vector>
+
+// Not in a namespace: the macro declares a function of its own. A program that links the static
+// library has the files without a call, because whoever reads them comes through here.
+static void initializeSchemeFiles()
+{
+    Q_INIT_RESOURCE(vomap_schemes);
+}
 
 namespace VTObjects {
 
 namespace {
 
-using Colors = std::vector<rgb_color<float>>;
+constexpr int mostColours = 256;
 
-VOColorScheme scheme(const wchar_t *name, const wchar_t *describe,
-                     std::unique_ptr<VOColorRamp> ramp)
+std::optional<QString> textOf(const QJsonObject &object, const char *key)
 {
-    VOColorScheme made;
-    made.name = name;
-    made.author = L"Built-in";
-    made.describe = describe;
-    made.colorRamp = ramp.release();
-    return made;
+    const QString text = object.value(QLatin1String(key)).toString();
+    return text.isEmpty() ? std::nullopt : std::make_optional(text);
 }
 
-template <typename Ramp>
-VOColorScheme spread(const wchar_t *name, const wchar_t *describe, unsigned int level,
-                     Colors sources)
+std::optional<int> numberOf(const QJsonValue &value, int least, int most)
 {
-    auto ramp = std::make_unique<Ramp>();
-    ramp->setSourceColor(static_cast<long>(sources.size()), sources.data());
-    ramp->split(level);
-    return scheme(name, describe, std::move(ramp));
+    const double number = value.toDouble(std::nan(""));
+    if (!(number >= least && number <= most) || number != std::floor(number))
+        return std::nullopt;
+    return static_cast<int>(number);
 }
 
-VOColorScheme random(const wchar_t *name, const wchar_t *describe, int seed)
+/// Colours as "#rrggbb".
+std::optional<std::vector<rgb_color<float>>> coloursOf(const QJsonArray &texts)
 {
-    auto ramp = std::make_unique<VORandomColorRamp>();
-    ramp->setSeed(seed);
-    ramp->split(10);
-    return scheme(name, describe, std::move(ramp));
+    std::vector<rgb_color<float>> colours;
+    for (const QJsonValue &value : texts) {
+        const QString text = value.toString();
+        bool isNumber = false;
+        const uint bits = text.midRef(1).toUInt(&isNumber, 16);
+        if (text.size() != 7 || text.at(0) != QLatin1Char('#') || !isNumber)
+            return std::nullopt;
+        colours.emplace_back(float(bits >> 16), float(bits >> 8 & 255), float(bits & 255));
+    }
+    if (colours.size() < 2)
+        return std::nullopt;
+    return colours;
 }
 
-struct HsvBox
+std::unique_ptr<VOColorRamp> evenRamp(std::unique_ptr<VOEvenColorRamp> ramp,
+                                      const QJsonObject &object)
 {
-    int minH, maxH, minS, maxS, minV, maxV;
-};
-
-VOColorScheme bounded(const wchar_t *name, const wchar_t *describe, int seed, HsvBox box)
-{
-    auto ramp = std::make_unique<VORandomColorRampForHsv>();
-    ramp->setSeed(seed);
-    ramp->minH = box.minH;
-    ramp->maxH = box.maxH;
-    ramp->minS = box.minS;
-    ramp->maxS = box.maxS;
-    ramp->minV = box.minV;
-    ramp->maxV = box.maxV;
-    ramp->split(10);
-    return scheme(name, describe, std::move(ramp));
+    auto sources = coloursOf(object.value(QLatin1String("sources")).toArray());
+    if (!sources || !ramp->setSourceColor(static_cast<long>(sources->size()), sources->data()))
+        return nullptr;
+    return ramp;
 }
 
-VOColorSchemeGroup group(const wchar_t *name, std::vector<VOColorScheme> schemes)
+bool readBounds(const QJsonObject &object, const char *key, int most, int &low, int &high)
 {
-    VOColorSchemeGroup made;
-    made.name = name;
-    made.schemes = std::move(schemes);
-    return made;
+    const QJsonArray bounds = object.value(QLatin1String(key)).toArray();
+    const auto first = numberOf(bounds.at(0), 0, most);
+    const auto second = numberOf(bounds.at(1), 0, most);
+    if (bounds.size() != 2 || !first || !second)
+        return false;
+    low = *first;
+    high = *second;
+    return true;
 }
 
-VOColorSchemeGroup dem()
+std::unique_ptr<VOColorRamp> randomRamp(std::unique_ptr<VORandomColorRamp> ramp,
+                                        const QJsonObject &object)
 {
-    return group(L"DEM", {spread<VOPredefineColorRamp>(L"Lowland to snow", L"Elevation tints", 64,
-                                                       {{46, 125, 77},
-                                                        {158, 190, 110},
-                                                        {240, 226, 165},
-                                                        {196, 150, 96},
-                                                        {133, 94, 66},
-                                                        {255, 255, 255}}),
-                          spread<VOPredefineColorRamp>(
-                              L"Dry relief", L"Elevation tints for dry land", 64,
-                              {{112, 92, 66}, {186, 152, 104}, {226, 202, 152}, {244, 234, 212}}),
-                          spread<VOPredefineColorRamp>(
-                              L"Sea floor", L"Depths, deep to shallow", 64,
-                              {{8, 29, 88}, {34, 94, 168}, {65, 182, 196}, {199, 233, 240}})});
+    const auto seed = numberOf(object.value(QLatin1String("seed")), 0, 100000);
+    if (!seed)
+        return nullptr;
+    ramp->setSeed(*seed);
+    if (auto *bounded = dynamic_cast<VORandomColorRampForHsv *>(ramp.get())) {
+        if (!readBounds(object, "hue", 720, bounded->minH, bounded->maxH) ||
+            !readBounds(object, "saturation", 100, bounded->minS, bounded->maxS) ||
+            !readBounds(object, "value", 100, bounded->minV, bounded->maxV))
+            return nullptr;
+        bounded->paramsChanged = true;
+    }
+    return ramp;
 }
 
-VOColorSchemeGroup unique()
+/// The output list of a random ramp stands in the file too: it is the one its seed gives, but it
+/// takes the start a tenth of the time to read it.
+bool fill(VOColorRamp &ramp, int level, const QJsonArray &texts)
 {
-    return group(
-        L"Unique",
-        {spread<VOEvenColorRamp>(L"Eight clear hues", L"Qualitative, 8 classes", 8,
-                                 {{31, 120, 180},
-                                  {230, 120, 20},
-                                  {45, 150, 60},
-                                  {200, 35, 45},
-                                  {125, 85, 170},
-                                  {140, 90, 70},
-                                  {225, 120, 190},
-                                  {120, 120, 120}}),
-         spread<VOEvenColorRamp>(L"Six pastels", L"Qualitative, 6 classes", 6,
-                                 {{166, 206, 227},
-                                  {253, 205, 172},
-                                  {203, 225, 180},
-                                  {244, 190, 205},
-                                  {221, 208, 232},
-                                  {255, 242, 174}}),
-         spread<VOEvenColorRamp>(
-             L"Five dark tones", L"Qualitative, 5 classes", 5,
-             {{27, 110, 90}, {190, 90, 10}, {100, 95, 165}, {190, 35, 120}, {90, 140, 25}})});
+    if (texts.isEmpty())
+        return ramp.split(static_cast<unsigned int>(level));
+    const auto colours = coloursOf(texts);
+    if (!colours || colours->size() != static_cast<size_t>(level))
+        return false;
+    for (const rgb_color<float> &colour : *colours)
+        ramp.addColor(colour);
+    return true;
 }
 
-VOColorSchemeGroup range()
+std::unique_ptr<VOColorRamp> rampOf(const QJsonObject &object)
 {
-    return group(L"Range",
-                 {spread<VOEvenColorRamp>(L"Yellow to red", L"Sequential", 7,
-                                          {{255, 247, 188}, {254, 153, 41}, {140, 20, 20}}),
-                  spread<VOEvenColorRamp>(L"Pale to deep blue", L"Sequential", 7,
-                                          {{239, 243, 255}, {107, 174, 214}, {8, 48, 107}}),
-                  spread<VOEvenColorRamp>(L"Red to blue", L"Diverging", 9,
-                                          {{178, 24, 43}, {247, 247, 247}, {33, 102, 172}})});
+    const QString kind = object.value(QLatin1String("kind")).toString();
+    std::unique_ptr<VOColorRamp> ramp;
+    if (kind == QLatin1String("even"))
+        ramp = evenRamp(std::make_unique<VOEvenColorRamp>(), object);
+    else if (kind == QLatin1String("predefined"))
+        ramp = evenRamp(std::make_unique<VOPredefineColorRamp>(), object);
+    else if (kind == QLatin1String("random"))
+        ramp = randomRamp(std::make_unique<VORandomColorRamp>(), object);
+    else if (kind == QLatin1String("random-hsv"))
+        ramp = randomRamp(std::make_unique<VORandomColorRampForHsv>(), object);
+    const auto level = numberOf(object.value(QLatin1String("level")), 2, mostColours);
+    const QJsonArray colours = object.value(QLatin1String("colours")).toArray();
+    if (!ramp || !level || !fill(*ramp, *level, colours))
+        return nullptr;
+    return ramp;
 }
 
-VOColorSchemeGroup graph()
+std::optional<VOColorScheme> schemeOf(const QJsonObject &object)
 {
-    return group(
-        L"Graph",
-        {spread<VOEvenColorRamp>(L"Four strong", L"Charts, 4 series", 4,
-                                 {{0, 114, 178}, {213, 94, 0}, {0, 158, 115}, {204, 121, 167}}),
-         spread<VOEvenColorRamp>(
-             L"Five warm and cool", L"Charts, 5 series", 5,
-             {{38, 70, 83}, {42, 157, 143}, {233, 196, 106}, {244, 162, 97}, {231, 111, 81}}),
-         spread<VOEvenColorRamp>(L"Three greys", L"Charts in print, 3 series", 3,
-                                 {{40, 40, 40}, {200, 200, 200}})});
-}
-
-VOColorSchemeGroup even()
-{
-    return group(
-        L"Even",
-        {spread<VOEvenColorRamp>(L"Red, yellow, blue", L"Even", 10,
-                                 {{196, 69, 57}, {255, 255, 191}, {48, 95, 207}}),
-         spread<VOEvenColorRamp>(L"Black to white", L"Even", 10, {{0, 0, 0}, {255, 255, 255}}),
-         spread<VOEvenColorRamp>(L"White to green", L"Even", 10, {{247, 252, 245}, {0, 90, 50}})});
-}
-
-VOColorSchemeGroup randomGroup()
-{
-    return group(L"Random",
-                 {random(L"Any colour", L"Random, seed 1", 1),
-                  bounded(L"Pastel", L"Random, pale", 2, {0, 360, 20, 45, 85, 100}),
-                  bounded(L"Earth", L"Random, brown to green", 3, {20, 100, 30, 65, 35, 80})});
+    const auto name = textOf(object, "name");
+    const auto author = textOf(object, "author");
+    const auto description = textOf(object, "description");
+    std::unique_ptr<VOColorRamp> ramp = rampOf(object);
+    if (!name || !author || !description || !ramp)
+        return std::nullopt;
+    VOColorScheme scheme;
+    scheme.name = toVOString(*name);
+    scheme.author = toVOString(*author);
+    scheme.describe = toVOString(*description);
+    scheme.colorRamp = ramp.release();
+    return scheme;
 }
 
 } // namespace
 
+std::optional<VOColorSchemeGroup> builtInGroup(const QByteArray &json)
+{
+    const QJsonObject object = QJsonDocument::fromJson(json).object();
+    const auto name = textOf(object, "group");
+    const QJsonArray schemes = object.value(QLatin1String("schemes")).toArray();
+    if (!name || schemes.isEmpty())
+        return std::nullopt;
+    VOColorSchemeGroup group;
+    group.name = toVOString(*name);
+    group.schemes.reserve(static_cast<size_t>(schemes.size()));
+    for (const QJsonValue &value : schemes) {
+        auto scheme = schemeOf(value.toObject());
+        if (!scheme || group.contains(scheme->name))
+            return std::nullopt;
+        group.schemes.push_back(std::move(*scheme));
+    }
+    return group;
+}
+
 VOColorSchemeTeam builtInTeam()
 {
+    initializeSchemeFiles();
     VOColorSchemeTeam team;
     team.name = L"Default";
-    team.groups = {dem(), unique(), range(), graph(), even(), randomGroup()};
+    for (const char *name : {"DEM", "Unique", "Range", "Graph", "Even", "Random"}) {
+        QFile file(QStringLiteral(":/vomap/schemes/%1.json").arg(QLatin1String(name)));
+        if (!file.open(QIODevice::ReadOnly))
+            continue;
+        if (auto group = builtInGroup(file.readAll()))
+            team.groups.push_back(std::move(*group));
+    }
     return team;
 }
 
