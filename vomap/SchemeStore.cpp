@@ -19,12 +19,18 @@ VOColorSchemeTeam firstTeam(SchemeStore::Team which)
 {
     VOColorSchemeTeam team;
     if (which == SchemeStore::Default)
-        team = builtInTeam();
+        team = shippedTeam();
     team.name = teamNames[which];
     return team;
 }
 
 } // namespace
+
+const VOColorSchemeTeam &shippedTeam()
+{
+    static const VOColorSchemeTeam team = builtInTeam();
+    return team;
+}
 
 SchemeStore::Found::Found(const std::string &path)
 {
@@ -106,7 +112,7 @@ bool SchemeStore::loadTeam(Team which, bool locked, VOColorSchemeTeam &team)
             putRecovered(which, found, last, content);
     }
     if (which == Default && !now.newer)
-        upgradeBuiltIns(content, builtInTeam());
+        upgradeBuiltIns(content, shippedTeam());
     now.extras = std::move(content.extras);
     team = std::move(content.team);
     team.name = teamNames[which];
@@ -134,7 +140,7 @@ TeamContent SchemeStore::recovered(Team which, Found &found, Found &last) const
         content.team = firstTeam(which);
     // Without the list nobody knows what the user deleted: nothing is offered again.
     if (which == Default && !knowsShipped)
-        content.extras.shipped = shippedList(builtInTeam());
+        content.extras.shipped = shippedList(shippedTeam());
     return content;
 }
 

@@ -2,7 +2,6 @@
 
 #include "vomap/SchemeStore_p.h"
 #include "vomap/VOStringConversion.h"
-#include "vomap/builtInSchemes_p.h"
 #include "vomap/fileSystem_p.h"
 #include "vomap/schemeText_p.h"
 
@@ -86,7 +85,7 @@ bool VOColorSchemeManager::saveCustomTeam()
 void VOColorSchemeManager::resetDefaultTeam()
 {
     succeeds([this] {
-        defaultTeam = builtInTeam();
+        defaultTeam = shippedTeam();
         return true;
     });
 }

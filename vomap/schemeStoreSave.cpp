@@ -1,6 +1,5 @@
 #include "vomap/SchemeStore_p.h"
 
-#include "vomap/builtInSchemes_p.h"
 #include "vomap/schemeStoreFound_p.h"
 #include "vomap/teamMerge_p.h"
 
@@ -80,7 +79,7 @@ bool SchemeStore::prepare(Work &work) const
     const std::string path = pathOf(work.which);
     work.extras = now.extras;
     if (work.which == Default && work.extras.shipped.empty())
-        work.extras.shipped = shippedList(builtInTeam());
+        work.extras.shipped = shippedList(shippedTeam());
     if (now.base.size() > 0 && fileHolds(path, now.base.view())) {
         work.replaces = true;
         return !now.newer && encodeTeam(*work.team, work.extras, work.bytes);
