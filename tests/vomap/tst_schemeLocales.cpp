@@ -1,0 +1,136 @@
+#include "tests/support/ChildProcess.h"
+#include "tests/support/SchemeSamples.h"
+#include "vomap/TeamFile_p.h"
+#include "vomap/schemeText_p.h"
+
+#include <QLocale>
+#include <QObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <clocale>
+#include <cstdio>
+
+using namespace VTObjects;
+
+// No locale changes a byte: not its decimal comma, not its letters.
+class tst_schemeLocales : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void cleanup();
+    void hostileSchemesComeBackAndAreSavedAlike_data();
+    void hostileSchemesComeBackAndAreSavedAlike();
+    void everyLocaleWritesTheSameBytes();
+
+private:
+    bool enter(const char *name);
+
+    QTemporaryDir locales;
+};
+
+namespace {
+
+const char *const names[] = {"C", "de_DE.UTF-8", "tr_TR.UTF-8"};
+
+} // namespace
+
+void tst_schemeLocales::initTestCase()
+{
+    // A bare machine has their sources only.
+    QVERIFY(locales.isValid());
+    for (const char *language : {"de_DE", "tr_TR"}) {
+        const QString target = locales.filePath(QString::fromLatin1(language) + ".UTF-8");
+        QProcess localedef;
+        localedef.start("localedef", {"-i", language, "-f", "UTF-8", target});
+        QVERIFY2(localedef.waitForFinished(120000) && localedef.exitCode() == 0,
+                 "localedef comes with the packages libc-bin and locales");
+    }
+    QVERIFY(qputenv("LOCPATH", locales.path().toLocal8Bit()));
+}
+
+void tst_schemeLocales::cleanup()
+{
+    std::setlocale(LC_ALL, "C");
+    QLocale::setDefault(QLocale::c());
+}
+
+bool tst_schemeLocales::enter(const char *name)
+{
+    QLocale::setDefault(QLocale(QString::fromLatin1(name)));
+    if (!std::setlocale(LC_ALL, name))
+        return false;
+    // It is the locale that it says it is.
+    char number[8] = {};
+    std::snprintf(number, sizeof(number), "%.1f", 1.5);
+    return QByteArray(number) == (qstrcmp(name, "C") == 0 ? "1.5" : "1,5");
+}
+
+void tst_schemeLocales::hostileSchemesComeBackAndAreSavedAlike_data()
+{
+    QTest::addColumn<QByteArray>("locale");
+    for (const char *name : names)
+        QTest::newRow(name) << QByteArray(name);
+}
+
+void tst_schemeLocales::hostileSchemesComeBackAndAreSavedAlike()
+{
+    QFETCH(QByteArray, locale);
+    QVERIFY(enter(locale.constData()));
+    const int count = shortOrLong(500, 100000);
+    SchemeSamples samples(77);
+    int different = 0;
+    int unstable = 0;
+    int differentInStore = 0;
+    int kinds[4] = {};
+    std::string first;
+    std::string second;
+    for (int i = 0; i < count; ++i) {
+        VOColorSchemeTeam team;
+        team.groups.resize(1);
+        team.groups[0].schemes.push_back(samples.scheme());
+        const VOColorScheme &scheme = team.groups[0].schemes[0];
+        const QByteArray fields = dump(scheme);
+        ++kinds[scheme.colorRamp->category()];
+        // The scheme file
+        VOColorScheme back;
+        const bool read = writeSchemeText(scheme, first) && readSchemeText(first, back);
+        different += read && dump(back) == fields ? 0 : 1;
+        unstable += read && writeSchemeText(back, second) && first == second ? 0 : 1;
+        // and the team file.
+        ByteBuffer bytes;
+        TeamContent content;
+        bool complete = false;
+        const bool same = encodeTeam(team, TeamExtras(), bytes) &&
+                          decodeTeam(bytes.view(), content, complete) == TeamFileState::Whole &&
+                          dump(content.team.groups[0].schemes[0]) == fields;
+        differentInStore += same ? 0 : 1;
+    }
+    qInfo("%d schemes (%d, %d, %d, %d of the kinds): %d different, %d saved differently, "
+          "%d different in the store",
+          count, kinds[0], kinds[1], kinds[2], kinds[3], different, unstable, differentInStore);
+    QCOMPARE(different, 0);
+    QCOMPARE(unstable, 0);
+    QCOMPARE(differentInStore, 0);
+}
+
+void tst_schemeLocales::everyLocaleWritesTheSameBytes()
+{
+    std::string texts[3];
+    for (int i = 0; i < 3; ++i) {
+        QVERIFY(enter(names[i]));
+        SchemeSamples samples(78);
+        for (int j = 0; j < 50; ++j) {
+            std::string text;
+            QVERIFY(writeSchemeText(samples.scheme(), text));
+            texts[i] += text;
+        }
+    }
+    QVERIFY(texts[0] == texts[1]);
+    QVERIFY(texts[0] == texts[2]);
+}
+
+QTEST_APPLESS_MAIN(tst_schemeLocales)
+#include "tst_schemeLocales.moc"
