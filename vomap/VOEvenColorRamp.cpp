@@ -11,10 +11,17 @@ VOEvenColorRamp::~VOEvenColorRamp() = default;
 
 bool VOEvenColorRamp::split(unsigned int count)
 {
-    return generateColors(colors, count, [this](rgb_color<float> *first, std::size_t size) {
+    const auto fill = [this](rgb_color<float> *first, std::size_t size) {
         fillWithEvenColours(sourceColors.constData(), static_cast<std::size_t>(sourceColors.size()),
                             first, size);
-    });
+    };
+    // Nothing can fail on the way, so a list of its own is written in place: fetching fresh memory
+    // would take as long as the colours.
+    if (count > 0 && count == getLevel() && colors.isDetached()) {
+        fill(colors.data(), count);
+        return true;
+    }
+    return generateColors(colors, count, fill);
 }
 
 VOColorRamp *VOEvenColorRamp::clone()

@@ -6,6 +6,13 @@ namespace VTObjects {
 
 /// Output colours spread evenly between a list of source colours: the first and the last output
 /// colour are exactly the first and the last source colour.
+///
+/// The way between two sources is straight in OKLab (B. Ottosson, "A perceptual color space for
+/// image processing", 2020) with the lightness estimate Lr in the place of L (the same, "Okhsv and
+/// Okhsl", 2021). Colour i of n lies at i / (n - 1) of the whole way, where every source has the
+/// same distance from the next; where that place is a source, which is the case for all sources
+/// if n - 1 is a multiple of their number less one, the colour is exactly that source. All other
+/// colours have whole components. The same colours come out on every platform.
 class VOMAP_EXPORT VOEvenColorRamp : public VOColorRampContainer
 {
 public:

@@ -8,11 +8,15 @@ VOPredefineColorRamp::~VOPredefineColorRamp() = default;
 
 bool VOPredefineColorRamp::split(unsigned int count)
 {
-    if (sourceColors.isEmpty())
-        sourceColors = {{49, 54, 149},  {69, 117, 180},  {116, 173, 209},
-                        {102, 189, 99}, {217, 239, 139}, {254, 224, 139},
-                        {253, 174, 97}, {244, 109, 67},  {165, 0, 38}};
-    return VOEvenColorRamp::split(count);
+    if (!sourceColors.isEmpty())
+        return VOEvenColorRamp::split(count);
+    sourceColors = {{43, 48, 140},   {42, 104, 188},  {60, 158, 196}, {112, 197, 164},
+                    {184, 226, 134}, {250, 241, 145}, {253, 189, 96}, {241, 124, 62},
+                    {209, 60, 48},   {146, 8, 42}};
+    if (VOEvenColorRamp::split(count))
+        return true;
+    sourceColors.clear();
+    return false;
 }
 
 VOColorRamp *VOPredefineColorRamp::clone()

@@ -7,8 +7,12 @@ namespace VTObjects {
 /// Random colours bounded in hue, saturation and value.
 ///
 /// Hue is in degrees, where values above 360 wrap; saturation and value are in percent, where
-/// values above 100 are cut. Bounds in the wrong order are swapped. Every colour lies inside its
-/// bounds. The fields keep what was written into them.
+/// values above 100 are cut; what is negative counts as 0. Each bound is treated so for itself, and
+/// then bounds in the wrong order are swapped. The fields keep what was written into them.
+///
+/// The colours are chosen as VORandomColorRamp does it, inside the bounds. Every colour is a
+/// colour of the box, rounded to whole components; where the box holds enough of them, the rounded
+/// colours lie inside it too. A box with fewer colours than asked for repeats them.
 class VOMAP_EXPORT VORandomColorRampForHsv : public VORandomColorRamp
 {
 public:

@@ -85,6 +85,7 @@ struct Tables
     std::array<std::uint8_t, 4096 + 1> component;
     // Where linear light rounds to a component rather than to the one below it.
     std::array<std::int32_t, 257> threshold;
+    std::array<float, 256> shown;
 
     Tables()
     {
@@ -94,6 +95,8 @@ struct Tables
             const std::int64_t fraction = x * (x + k1) / (x + k2);
             lightness[i] = static_cast<std::int32_t>(fraction * (one + k2) / (one + k1));
         }
+        for (std::size_t i = 0; i < shown.size(); ++i)
+            shown[i] = static_cast<float>(i);
         threshold[0] = 0;
         for (std::size_t i = 1; i < 256; ++i)
             threshold[i] = static_cast<std::int32_t>(linearOfHalves(2 * static_cast<int>(i) - 1));
@@ -114,56 +117,81 @@ const Tables &tables()
     return instance;
 }
 
-// The straight way between two sources.
-class Segment
+// Walks the straight way between two sources in equal steps.
+class Walk
 {
 public:
-    Segment(const Place &from, const Place &to)
+    Walk()
         : table(&tables())
-        , from(from)
-        , delta{to.lightness - from.lightness, to.l - from.l, to.m - from.m, to.s - from.s}
     {
     }
 
-    // `place` from 0 to 2^placeBits.
-    rgb_color<float> at(std::int64_t place) const
+    // From `first` to `last`, beginning `done` of `steps` behind the first one, each time `stride`
+    // further.
+    void start(const Place &first, const Place &last, std::int64_t done, std::int64_t stride,
+               std::int64_t steps)
     {
-        const std::int64_t estimate =
-            std::clamp<std::int64_t>(along(from.lightness, delta.lightness, place), 0, one);
-        const auto i = static_cast<std::size_t>(estimate >> (linearBits - 12));
-        const std::int64_t rest = estimate & ((1 << (linearBits - 12)) - 1);
-        const std::int64_t low = table->lightness[i];
-        const std::int64_t lightness =
-            low + (((table->lightness[i + 1] - low) * rest) >> (linearBits - 12));
-        const std::int64_t l = cube(lightness + along(from.l, delta.l, place));
-        const std::int64_t m = cube(lightness + along(from.m, delta.m, place));
-        const std::int64_t s = cube(lightness + along(from.s, delta.s, place));
-        return {component(factor(4.0767416621) * l - factor(3.3077115913) * m +
-                          factor(0.2309699292) * s),
-                component(factor(-1.2684380046) * l + factor(2.6097574011) * m -
-                          factor(0.3413193965) * s),
-                component(factor(-0.0041960863) * l - factor(0.7034186147) * m +
-                          factor(1.7076147010) * s)};
+        // What the division drops adds up to less than 2^-26 on the longest way.
+        const auto begin = [=](std::int64_t from, std::int64_t to) {
+            const std::int64_t step = (to - from) * (std::int64_t(1) << placeBits) / steps;
+            return Running{(from * (std::int64_t(1) << placeBits)) + step * done, step * stride};
+        };
+        lightness = begin(first.lightness, last.lightness);
+        l = begin(first.l, last.l);
+        m = begin(first.m, last.m);
+        s = begin(first.s, last.s);
+    }
+
+    rgb_color<float> next()
+    {
+        const std::int64_t shown = lightnessOf(lightness.value >> placeBits);
+        const std::int64_t x = cube(shown + (l.value >> placeBits));
+        const std::int64_t y = cube(shown + (m.value >> placeBits));
+        const std::int64_t z = cube(shown + (s.value >> placeBits));
+        lightness.value += lightness.step;
+        l.value += l.step;
+        m.value += m.step;
+        s.value += s.step;
+        // Each row of the published matrix has the sum 1, so that two products do.
+        return {component(y, factor(4.0767416621) * (x - y) + factor(0.2309699292) * (z - y)),
+                component(y, factor(-1.2684380046) * (x - y) + factor(-0.3413193965) * (z - y)),
+                component(y, factor(-0.0041960863) * (x - y) + factor(1.7076147010) * (z - y))};
     }
 
 private:
-    static std::int64_t along(std::int64_t start, std::int64_t step, std::int64_t place)
+    struct Running
     {
-        return start + ((step * place) >> placeBits);
-    }
-    static std::int64_t cube(std::int64_t x) { return (((x * x) >> linearBits) * x) >> linearBits; }
-    float component(std::int64_t light) const
+        std::int64_t value = 0; // linearBits + placeBits fraction bits
+        std::int64_t step = 0;
+    };
+    // What lies between two sources lies in the table: a walk never steps beyond its ends.
+    std::int64_t lightnessOf(std::int64_t estimate) const
     {
-        const std::int64_t cut = std::clamp<std::int64_t>(light >> factorBits, 0, one);
-        std::size_t found = table->component[static_cast<std::size_t>(cut >> (linearBits - 12))];
-        // An interval holds one threshold at most, since no component is narrower than one.
-        found += cut >= table->threshold[found + 1] ? 1 : 0;
-        return static_cast<float>(found);
+        const auto i = static_cast<std::size_t>(estimate >> restBits);
+        const std::int64_t low = table->lightness[i];
+        const std::int64_t step = table->lightness[i + 1] - low;
+        return low + ((step * (estimate & ((1 << restBits) - 1))) >> restBits);
     }
 
+    static std::int64_t cube(std::int64_t x) { return (((x * x) >> linearBits) * x) >> linearBits; }
+
+    // Rounds linear light, given as one part with linearBits fraction bits and one with factorBits
+    // more.
+    float component(std::int64_t light, std::int64_t more) const
+    {
+        const std::int64_t cut = std::clamp<std::int64_t>(light + (more >> factorBits), 0, one);
+        const std::size_t least = table->component[static_cast<std::size_t>(cut >> restBits)];
+        // An interval holds one threshold at most, since no component is narrower than one.
+        return table->shown[least + (cut >= table->threshold[least + 1] ? 1 : 0)];
+    }
+
+    static constexpr int restBits = linearBits - 12;
+
     const Tables *table;
-    Place from;
-    Place delta;
+    Running lightness;
+    Running l;
+    Running m;
+    Running s;
 };
 
 } // namespace
@@ -180,12 +208,11 @@ void fillWithEvenColours(const rgb_color<float> *sources, std::size_t sourceCoun
     // Colour i lies at i * last / steps: on whole sources, and the rest in parts of `steps`.
     const std::size_t wholeStep = last / steps;
     const std::size_t restStep = last % steps;
-    const auto scale = static_cast<std::int64_t>((std::uint64_t(1) << 62) / steps);
     std::size_t whole = 0;
     std::size_t rest = 0;
     std::size_t prepared = sourceCount;
     Place end;
-    Segment segment(end, end);
+    Walk walk;
     for (std::size_t i = 0; i < count; ++i) {
         if (rest == 0) {
             colours[i] = sources[whole];
@@ -193,11 +220,11 @@ void fillWithEvenColours(const rgb_color<float> *sources, std::size_t sourceCoun
             if (prepared != whole) {
                 const Place start = prepared + 1 == whole ? end : placeOf(sources[whole]);
                 end = placeOf(sources[whole + 1]);
-                segment = Segment(start, end);
+                walk.start(start, end, static_cast<std::int64_t>(rest),
+                           static_cast<std::int64_t>(restStep), static_cast<std::int64_t>(steps));
                 prepared = whole;
             }
-            // rest / steps, rounded down, with placeBits fraction bits
-            colours[i] = segment.at((static_cast<std::int64_t>(rest) * scale) >> (62 - placeBits));
+            colours[i] = walk.next();
         }
         whole += wholeStep;
         rest += restStep;

@@ -1,0 +1,158 @@
+#include "tests/vomap/rampColours.h"
+#include "vomap/VOEvenColorRamp.h"
+#include "vomap/VOPredefineColorRamp.h"
+#include "vomap/VORandomColorRampForHsv.h"
+
+#include <QtTest>
+
+#include <cmath>
+#include <limits>
+#include <memory>
+
+using namespace VTObjects;
+using RampColours::Colour;
+
+class tst_VOColorRampContainer : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void coloursAreAppendedAndRead();
+    void oneColourIsOverwritten();
+    void oneColourIsRemoved();
+    void allColoursAreRemoved();
+    void whatIsOutOfRangeDoesNothing_data();
+    void whatIsOutOfRangeDoesNothing();
+    void componentsAreClampedAtTheDoor_data();
+    void componentsAreClampedAtTheDoor();
+    void aCopyStaysAsItIsWhenTheOriginalIsWritten();
+    void everyKindTellsItsClass();
+};
+
+void tst_VOColorRampContainer::coloursAreAppendedAndRead()
+{
+    VORandomColorRamp ramp;
+    ramp.addColor(Colour(1.5F, 2, 3));
+    ramp.addColor(Colour(4, 5, 6));
+    QCOMPARE(ramp.getLevel(), 2U);
+    QVERIFY(ramp.getColor(0) == Colour(1.5F, 2, 3));
+    QVERIFY(ramp.getColor(1) == Colour(4, 5, 6));
+}
+
+void tst_VOColorRampContainer::oneColourIsOverwritten()
+{
+    VOEvenColorRamp ramp;
+    QVERIFY(ramp.split(3));
+    ramp.setColor(1, Colour(7, 8, 9));
+    QVERIFY(RampColours::of(ramp) == (std::vector<Colour>{{}, {7, 8, 9}, {}}));
+}
+
+void tst_VOColorRampContainer::oneColourIsRemoved()
+{
+    VOEvenColorRamp ramp;
+    for (int i = 1; i <= 3; ++i)
+        ramp.addColor(Colour(float(i), 0, 0));
+    ramp.deleteColor(1);
+    QVERIFY(RampColours::of(ramp) == (std::vector<Colour>{{1, 0, 0}, {3, 0, 0}}));
+}
+
+void tst_VOColorRampContainer::allColoursAreRemoved()
+{
+    VORandomColorRamp ramp;
+    ramp.setSeed(5);
+    QVERIFY(ramp.split(4));
+    ramp.deleteAll();
+    QCOMPARE(ramp.getLevel(), 0U);
+    QCOMPARE(ramp.seed, 5);
+}
+
+void tst_VOColorRampContainer::whatIsOutOfRangeDoesNothing_data()
+{
+    QTest::addColumn<unsigned int>("index");
+    QTest::newRow("one past the end") << 2U;
+    QTest::newRow("far past the end") << 1000000U;
+    QTest::newRow("negative for int") << 0x80000000U;
+    QTest::newRow("largest") << std::numeric_limits<unsigned int>::max();
+}
+
+void tst_VOColorRampContainer::whatIsOutOfRangeDoesNothing()
+{
+    QFETCH(unsigned int, index);
+    VORandomColorRamp ramp;
+    ramp.addColor(Colour(1, 2, 3));
+    ramp.addColor(Colour(4, 5, 6));
+    const std::vector<Colour> before = RampColours::of(ramp);
+    QVERIFY(ramp.getColor(index) == Colour());
+    ramp.setColor(index, Colour(9, 9, 9));
+    ramp.deleteColor(index);
+    QVERIFY(RampColours::of(ramp) == before);
+}
+
+void tst_VOColorRampContainer::componentsAreClampedAtTheDoor_data()
+{
+    QTest::addColumn<float>("given");
+    QTest::addColumn<float>("kept");
+    using Limits = std::numeric_limits<float>;
+    QTest::newRow("below") << -0.5F << 0.0F;
+    QTest::newRow("far below") << -Limits::max() << 0.0F;
+    QTest::newRow("minus infinity") << -Limits::infinity() << 0.0F;
+    QTest::newRow("not a number") << Limits::quiet_NaN() << 0.0F;
+    QTest::newRow("zero") << 0.0F << 0.0F;
+    QTest::newRow("smallest") << Limits::denorm_min() << Limits::denorm_min();
+    QTest::newRow("a fraction") << 12.345F << 12.345F;
+    QTest::newRow("top") << 255.0F << 255.0F;
+    QTest::newRow("above") << 255.5F << 255.0F;
+    QTest::newRow("infinity") << Limits::infinity() << 255.0F;
+}
+
+void tst_VOColorRampContainer::componentsAreClampedAtTheDoor()
+{
+    QFETCH(float, given);
+    QFETCH(float, kept);
+    VORandomColorRamp ramp;
+    ramp.addColor(Colour(given, 1, 2));
+    ramp.addColor(Colour());
+    ramp.setColor(1, Colour(3, given, given));
+    QVERIFY(ramp.getColor(0) == Colour(kept, 1, 2));
+    QVERIFY(ramp.getColor(1) == Colour(3, kept, kept));
+    // A negative zero would leave its sign in files.
+    QVERIFY(!std::signbit(ramp.getColor(0).red));
+    ramp.setColor(0, Colour(-0.0F, 0, 0));
+    QVERIFY(!std::signbit(ramp.getColor(0).red));
+}
+
+void tst_VOColorRampContainer::aCopyStaysAsItIsWhenTheOriginalIsWritten()
+{
+    VOEvenColorRamp ramp;
+    ramp.addColor(Colour(1, 2, 3));
+    const std::unique_ptr<VOColorRamp> copy(ramp.clone());
+    ramp.setColor(0, Colour(9, 9, 9));
+    ramp.addColor(Colour(8, 8, 8));
+    QCOMPARE(copy->getLevel(), 1U);
+    QVERIFY(copy->getColor(0) == Colour(1, 2, 3));
+    copy->deleteAll();
+    QCOMPARE(ramp.getLevel(), 2U);
+}
+
+void tst_VOColorRampContainer::everyKindTellsItsClass()
+{
+    const std::unique_ptr<VOColorRamp> ramps[] = {
+        std::make_unique<VORandomColorRamp>(), std::make_unique<VORandomColorRampForHsv>(),
+        std::make_unique<VOEvenColorRamp>(), std::make_unique<VOPredefineColorRamp>()};
+    for (int kind = 0; kind < 4; ++kind) {
+        VOColorRamp *ramp = ramps[kind].get();
+        QCOMPARE(int(ramp->category()), kind);
+        QVERIFY(dynamic_cast<VOColorRampContainer *>(ramp));
+        QCOMPARE(dynamic_cast<VORandomColorRamp *>(ramp) != nullptr, kind <= 1);
+        QCOMPARE(dynamic_cast<VORandomColorRampForHsv *>(ramp) != nullptr, kind == 1);
+        QCOMPARE(dynamic_cast<VOEvenColorRamp *>(ramp) != nullptr, kind >= 2);
+        QCOMPARE(dynamic_cast<VOPredefineColorRamp *>(ramp) != nullptr, kind == 3);
+        QCOMPARE(ramp->getLevel(), 0U);
+    }
+    QCOMPARE(int(VOColorRamp::RandomRamp), 0);
+    QCOMPARE(int(VOColorRamp::RandomHsvRamp), 1);
+    QCOMPARE(int(VOColorRamp::EvenRamp), 2);
+    QCOMPARE(int(VOColorRamp::PredefineRamp), 3);
+}
+
+QTEST_GUILESS_MAIN(tst_VOColorRampContainer)
+#include "tst_VOColorRampContainer.moc"
