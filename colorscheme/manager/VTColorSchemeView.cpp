@@ -9,9 +9,11 @@
 #include "colorscheme/manager/dataModified_p.h"
 #include "colorscheme/manager/tableColumns_p.h"
 #include "colorscheme/model/GeneratedName.h"
+#include "colorscheme/model/describeColorRamp.h"
 #include "colorscheme/model/lastOpenFilePath.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
+#include "vomap/safeFileName.h"
 
 #include <QContextMenuEvent>
 #include <QFileDialog>
@@ -22,6 +24,7 @@
 
 #include <algorithm>
 
+using VTObjects::safeFileName;
 using VTObjects::toQString;
 using VTObjects::toVOString;
 using VTObjects::VOColorScheme;
@@ -50,6 +53,11 @@ VTColorSchemeView::VTColorSchemeView(QWidget *parent)
     horizontalHeader()->setSectionResizeMode(RampColumn, QHeaderView::Fixed);
     setEditTriggers(QAbstractItemView::DoubleClicked);
     connect(this, &QTableView::doubleClicked, this, &VTColorSchemeView::onDoubleClicked);
+    setAccessibleName(tr("Colour schemes"));
+    connect(tableModel, &QAbstractItemModel::dataChanged, this,
+            &VTColorSchemeView::describeCurrentRow);
+    connect(tableModel, &QAbstractItemModel::rowsRemoved, this,
+            &VTColorSchemeView::describeCurrentRow);
 
     contextMenu = new QMenu(this);
     auto *copyAction = new QAction(tr("Copy to"), contextMenu);
@@ -85,6 +93,7 @@ void VTColorSchemeView::reset()
 {
     const bool wasNamed = viewport()->findChild<VTLineEditWidget *>() != nullptr;
     QTableView::reset();
+    describeCurrentRow();
     // The base drops an open editor without telling its delegate.
     if (wasNamed)
         Q_EMIT information(true);
@@ -144,7 +153,8 @@ void VTColorSchemeView::onExportScheme()
     bool ok = true;
     for (const int row : rows) {
         const VOColorScheme &scheme = tableModel->group().schemes[static_cast<std::size_t>(row)];
-        const VOString path = directory + "/" + scheme.name + ".vcs";
+        // A name can be any text; its file stays inside the folder.
+        const VOString path = directory + "/" + safeFileName(scheme.name) + ".vcs";
         ok = VOColorSchemeManager::saveFile(scheme, path) && ok;
     }
     if (ok)
@@ -178,6 +188,21 @@ void VTColorSchemeView::contextMenuEvent(QContextMenuEvent *event)
     customGroups = std::move(customs);
     if (!contextMenu->isEmpty())
         contextMenu->popup(event->globalPos());
+}
+
+void VTColorSchemeView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QTableView::currentChanged(current, previous);
+    describeCurrentRow();
+}
+
+void VTColorSchemeView::describeCurrentRow()
+{
+    const int row = currentIndex().row();
+    const std::vector<VOColorScheme> &schemes = tableModel->group().schemes;
+    const bool exists = row >= 0 && static_cast<std::size_t>(row) < schemes.size();
+    setAccessibleDescription(
+        exists ? describeColorRamp(schemes[static_cast<std::size_t>(row)].colorRamp) : QString());
 }
 
 void VTColorSchemeView::onNameEdited(const QString &name)

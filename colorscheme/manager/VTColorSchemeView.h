@@ -20,6 +20,8 @@ class VOColorSchemeGroup;
 /// while what is typed cannot be used; author and description too; a double-click on number or
 /// preview opens the editor. Works on its model's copy of the group only.
 ///
+/// To assistive tools it describes the colours of its current row, whose preview has no text.
+///
 /// The context menu and the favourites are there only for a view whose parent is a manager.
 class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeView : public QTableView
 {
@@ -57,6 +59,7 @@ Q_SIGNALS:
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
 
 protected Q_SLOTS:
     void commitData(QWidget *editor) override;
@@ -64,6 +67,7 @@ protected Q_SLOTS:
 private:
     QString makeRenameName(int row) const;
     void makeNameUsable(VTLineEditWidget *editor);
+    void describeCurrentRow();
 
     QMenu *contextMenu = nullptr;
     QAction *defaultAction = nullptr;

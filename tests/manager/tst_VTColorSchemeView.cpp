@@ -2,13 +2,15 @@
 #include "colorscheme/manager/VTColorSchemeView.h"
 #include "colorscheme/manager/VTLineEditWidget.h"
 #include "colorscheme/manager/VtColorSchemeNameDelegate.h"
+#include "colorscheme/model/describeColorRamp.h"
 #include "tests/manager/ManagerUser.h"
 #include "tests/support/ModalDriver.h"
 #include "tests/support/TestStore.h"
-#include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
+#include "vomap/VOEvenColorRamp.h"
 #include "vomap/VOStringConversion.h"
 
+#include <QAccessible>
 #include <QDir>
 #include <QFileDialog>
 #include <QHeaderView>
@@ -21,9 +23,13 @@
 
 #include <memory>
 
+using VTObjects::rgb_color;
 using VTObjects::toVOString;
+using VTObjects::VOColorRamp;
 using VTObjects::VOColorScheme;
+using VTObjects::VOColorSchemeGroup;
 using VTObjects::VOColorSchemeManager;
+using VTObjects::VOEvenColorRamp;
 
 class tst_VTColorSchemeView : public QObject
 {
@@ -51,7 +57,11 @@ private Q_SLOTS:
     void exportTurnsBackslashes();
     void exportGoesOnAfterAFailure();
     void exportOfTwoEqualNamesKeepsTheLater();
+    void exportKeepsInsideTheChosenFolder_data();
+    void exportKeepsInsideTheChosenFolder();
     void theDelegateEditsByTheEditRole();
+    void onlyVisibleRowsRenderTheirPreviews();
+    void assistiveToolsHearOfTheCurrentRow();
 
 private:
     std::unique_ptr<TestStore> store;
@@ -66,6 +76,27 @@ void selectRows(VTColorSchemeView &view, const QVector<int> &rows)
         view.selectionModel()->select(view.schemeModel()->index(row, 0),
                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
+
+/// Remembers which ramps were asked for colours.
+class AskedRamp : public VOEvenColorRamp
+{
+public:
+    AskedRamp()
+    {
+        rgb_color<float> sources[] = {{0, 0, 0}, {255, 255, 255}};
+        setSourceColor(2, sources);
+        split(5);
+    }
+    VOColorRamp *clone() override { return new AskedRamp(*this); }
+    unsigned int getLevel() override
+    {
+        asked.insert(this);
+        return VOEvenColorRamp::getLevel();
+    }
+    static QSet<const AskedRamp *> asked;
+};
+
+QSet<const AskedRamp *> AskedRamp::asked;
 
 /// Sees a message box with one button, and closes it.
 ModalDriver::Handler expectBox(const QString &title, const QString &text,
@@ -345,6 +376,43 @@ void tst_VTColorSchemeView::exportOfTwoEqualNamesKeepsTheLater()
     QCOMPARE(toQString(read.describe), QStringLiteral("the later"));
 }
 
+void tst_VTColorSchemeView::exportKeepsInsideTheChosenFolder_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("upwards") << QString("../up");
+    QTest::newRow("absolute") << QString("/etc/scheme");
+    QTest::newRow("below") << QString("sub/scheme");
+    QTest::newRow("backslashes") << QString("..\\up");
+    QTest::newRow("only dots") << QString("..");
+    QTest::newRow("empty") << QString();
+    QTest::newRow("line feed") << QString("a\nb");
+    QTest::newRow("very long") << QString(400, QLatin1Char('x'));
+}
+
+void tst_VTColorSchemeView::exportKeepsInsideTheChosenFolder()
+{
+    QFETCH(QString, name);
+    QVERIFY(QDir(store->path()).mkdir(QStringLiteral("chosen")));
+    QVERIFY(QDir(store->path()).mkdir(QStringLiteral("chosen/sub")));
+    view->setGroup(1, 0, makeGroup("g", {name}));
+    view->selectRow(0);
+    ModalDriver driver;
+    driver.next(choose({store->path(QStringLiteral("chosen"))}));
+    driver.next(expectBox(exportTitle, exported, QMessageBox::Ok));
+    view->onExportScheme();
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    const QDir chosen(store->path(QStringLiteral("chosen")));
+    const QStringList files = chosen.entryList(QDir::Files | QDir::Hidden);
+    QCOMPARE(files.size(), 1);
+    QVERIFY(files.first().endsWith(QLatin1String(".vcs")));
+    QVERIFY(QDir(store->path()).entryList(QDir::Files | QDir::Hidden).isEmpty());
+    QVERIFY(QDir(chosen.filePath(QStringLiteral("sub"))).isEmpty());
+    // The name itself is in the file.
+    VOColorScheme read;
+    QVERIFY(VOColorSchemeManager::readFile(read, toVOString(chosen.filePath(files.first()))));
+    QCOMPARE(toQString(read.name), name);
+}
+
 void tst_VTColorSchemeView::theDelegateEditsByTheEditRole()
 {
     view->setGroup(1, 0, makeGroup("g", {"a", "b"}));
@@ -373,6 +441,58 @@ void tst_VTColorSchemeView::theDelegateEditsByTheEditRole()
     // What is typed is stored with its blanks.
     delegate->setModelData(editor, view->schemeModel(), index);
     QCOMPARE(schemeNames(view->schemeModel()->group()), (QStringList{"a", " ac "}));
+}
+
+void tst_VTColorSchemeView::onlyVisibleRowsRenderTheirPreviews()
+{
+    VOColorSchemeGroup group;
+    group.schemes.resize(10000);
+    for (VOColorScheme &scheme : group.schemes)
+        scheme.colorRamp = new AskedRamp;
+    view->setGroup(1, 0, group);
+    view->resize(600, 400);
+    view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(view.get()));
+    AskedRamp::asked.clear();
+    QVERIFY(!view->grab().isNull());
+    const int visible = view->viewport()->height() / view->rowHeight(0) + 1;
+    QVERIFY(!AskedRamp::asked.isEmpty());
+    QVERIFY2(AskedRamp::asked.size() <= visible, qPrintable(QString::number(visible)));
+    // Nor does selecting, scrolling or leaving the selection ask the others.
+    AskedRamp::asked.clear();
+    view->selectAll();
+    view->scrollToBottom();
+    view->clearSelection();
+    QVERIFY(!view->grab().isNull());
+    QVERIFY(AskedRamp::asked.size() <= 2 * visible);
+}
+
+void tst_VTColorSchemeView::assistiveToolsHearOfTheCurrentRow()
+{
+    auto group = makeGroup("g", {"a", "b"});
+    delete group.schemes[1].colorRamp;
+    group.schemes[1].colorRamp = nullptr;
+    view->setGroup(1, 0, group);
+    QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(view.get());
+    QVERIFY(interface);
+    QCOMPARE(interface->text(QAccessible::Name), QStringLiteral("Colour schemes"));
+    view->selectRow(0);
+    QCOMPARE(interface->text(QAccessible::Description),
+             describeColorRamp(group.schemes[0].colorRamp));
+    view->selectRow(1);
+    QCOMPARE(interface->text(QAccessible::Description), describeColorRamp(nullptr));
+    view->setGroup(1, 0, makeGroup("g", {"a", "b", "c"}));
+    QCOMPARE(interface->text(QAccessible::Description), QString());
+    auto *ramp = view->schemeModel()->group().schemes[1].colorRamp;
+    ramp->setColor(0, {0, 0, 0});
+    view->selectRow(0);
+    view->schemeModel()->removeScheme(0, QModelIndex());
+    QCOMPARE(interface->text(QAccessible::Description), describeColorRamp(ramp));
+    view->schemeModel()->group().schemes[0].colorRamp->deleteAll();
+    Q_EMIT view->schemeModel()->dataChanged(view->currentIndex(), QModelIndex());
+    QCOMPARE(interface->text(QAccessible::Description), describeColorRamp(nullptr));
+    view->setGroup(1, 1, makeGroup("empty", {}));
+    QCOMPARE(interface->text(QAccessible::Description), QString());
 }
 
 QTEST_MAIN(tst_VTColorSchemeView)
