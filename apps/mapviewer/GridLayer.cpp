@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <iterator>
 
@@ -143,12 +144,81 @@ void GridLayer::recolour()
     }
 }
 
+GridLayer::Blend GridLayer::blendAt(double column, double row) const
+{
+    // Between the centres of four cells; beyond the outer centres the last cell goes on.
+    const double x = std::clamp(column, 0.0, grid.columns - 1.0);
+    const double y = std::clamp(row, 0.0, grid.rows - 1.0);
+    const int left = std::min(int(x), std::max(grid.columns - 2, 0));
+    const int top = std::min(int(y), std::max(grid.rows - 2, 0));
+    const int right = std::min(left + 1, grid.columns - 1);
+    const int bottom = std::min(top + 1, grid.rows - 1);
+    const auto fx = float(x - left);
+    const auto fy = float(y - top);
+    const auto at = [this](int r, int c) {
+        return std::size_t(r) * std::size_t(grid.columns) + std::size_t(c);
+    };
+    const std::array<std::size_t, 4> cells = {at(top, left), at(top, right), at(bottom, left),
+                                              at(bottom, right)};
+    const std::array<float, 4> weights = {(1.0F - fx) * (1.0F - fy), fx * (1.0F - fy),
+                                          (1.0F - fx) * fy, fx * fy};
+    Blend blend{0.0F, 0.0F};
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        blend.value += weights[i] * grid.values[cells[i]];
+        if (m_hillShading)
+            blend.shade += weights[i] * shades[cells[i]];
+    }
+    if (std::isnan(blend.value)) {
+        // Next to a gap nothing is mixed, so that gaps keep their cells' edges.
+        const std::size_t nearest = cells[std::size_t((fy < 0.5F ? 0 : 2) + (fx < 0.5F ? 0 : 1))];
+        blend = {grid.values[nearest], m_hillShading ? shades[nearest] : 0.0F};
+    }
+    return blend;
+}
+
+void GridLayer::paintBlended(QPainter *painter, const QRectF &target, const QRectF &seen,
+                             double ratio) const
+{
+    const QRect area = QRectF(seen.topLeft() * ratio, seen.size() * ratio).toAlignedRect();
+    QImage picture(area.size(), QImage::Format_ARGB32_Premultiplied);
+    const double columnsPerPixel = grid.columns / (target.width() * ratio);
+    const double rowsPerPixel = grid.rows / (target.height() * ratio);
+    for (int y = 0; y < area.height(); ++y) {
+        auto *pixel = reinterpret_cast<QRgb *>(picture.scanLine(y));
+        const double row = (area.top() + y + 0.5 - target.top() * ratio) * rowsPerPixel;
+        for (int x = 0; x < area.width(); ++x) {
+            const double column = (area.left() + x + 0.5 - target.left() * ratio) * columnsPerPixel;
+            const bool inside =
+                column >= 0.0 && column < grid.columns && row >= 0.0 && row < grid.rows;
+            const Blend blend = blendAt(column - 0.5, row - 0.5);
+            if (!inside || std::isnan(blend.value)) {
+                pixel[x] = qRgba(0, 0, 0, 0);
+                continue;
+            }
+            const QRgb color = colorOf(blend.value);
+            pixel[x] = m_hillShading ? shaded(color, blend.shade, levelShade) : color;
+        }
+    }
+    picture.setDevicePixelRatio(ratio);
+    painter->drawImage(QPointF(area.topLeft()) / ratio, picture);
+}
+
 void GridLayer::paint(QPainter *painter, const MapView &view) const
 {
     const QRectF target = view.toScreen(extent());
     const QRectF seen = target.intersected(view.target());
     if (seen.isEmpty())
         return;
+    const double ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
+    const bool continuous = grading() == Grading::Continuous;
+    painter->save();
+    painter->setClipRect(view.target(), Qt::IntersectClip);
+    if (continuous && target.width() * ratio >= grid.columns) {
+        // Heights are mixed and not colours: a coast runs between the cells, not along them.
+        paintBlended(painter, target, seen, ratio);
+        painter->restore();
+        return;
+    }
     // Only the cells that are seen, whole: far in, the whole grid would be a picture of millions
     // of pixels.
     const double cellWidth = target.width() / grid.columns;
@@ -162,17 +232,15 @@ void GridLayer::paint(QPainter *painter, const MapView &view) const
     const QRectF part(target.left() + left * cellWidth, target.top() + top * cellHeight,
                       (right - left) * cellWidth, (bottom - top) * cellHeight);
     const QRect source(left, top, right - left, bottom - top);
-    const double ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
-    painter->save();
-    painter->setClipRect(view.target(), Qt::IntersectClip);
-    // Mixed colours are none of the legend's, so classes keep hard edges.
-    painter->setRenderHint(QPainter::SmoothPixmapTransform, grading() == Grading::Continuous);
-    const QSize pixels = (part.size() * ratio).toSize().expandedTo(QSize(1, 1));
-    if (grading() == Grading::Continuous && pixels.width() < source.width()) {
+    if (continuous) {
+        const QSize pixels = (part.size() * ratio).toSize().expandedTo(QSize(1, 1));
         const QImage small =
             image.copy(source).scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        painter->setRenderHint(QPainter::SmoothPixmapTransform);
         painter->drawImage(part, small, QRectF(small.rect()));
     } else {
+        // Mixed colours are none of the legend's, so classes keep hard edges.
+        painter->setRenderHint(QPainter::SmoothPixmapTransform, false);
         painter->drawImage(part, image, QRectF(source));
     }
     painter->restore();

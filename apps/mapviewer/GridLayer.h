@@ -39,6 +39,14 @@ protected:
     void recolour() override;
 
 private:
+    struct Blend
+    {
+        float value; // NaN where there is none
+        float shade; // 0 without shading
+    };
+    Blend blendAt(double column, double row) const;
+    void paintBlended(QPainter *painter, const QRectF &target, const QRectF &seen,
+                      double ratio) const;
     double positionOf(double value) const;
     QRgb colorOf(float value) const;
     QString valueText(double value) const;

@@ -34,6 +34,8 @@ private Q_SLOTS:
     void readingGivesValueUnitAndLegendColour();
     void paintsEachCellWhereItLies();
     void paintsTheSeenPartWhenFarIn();
+    void aCoastRunsWhereTheHeightIsZero();
+    void gapsKeepTheEdgesOfTheirCells();
 };
 
 static const float None = std::numeric_limits<float>::quiet_NaN();
@@ -285,6 +287,43 @@ void tst_GridLayer::paintsTheSeenPartWhenFarIn()
     QCOMPARE(image.pixel(27, 45), Red);
     QCOMPARE(image.pixel(45, 63), Red);
     QCOMPARE(image.pixel(1, 88), Red);
+}
+
+static QImage painted(const GridLayer &layer, int width, int height)
+{
+    QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::green);
+    QPainter painter(&image);
+    layer.paint(&painter, MapView::fitted(layer.extent(), image.rect(), false, 0));
+    return image;
+}
+
+void tst_GridLayer::aCoastRunsWhereTheHeightIsZero()
+{
+    // Cells of 100 pixels with centres at 50 and 150; from -100 to 300 zero comes after a quarter.
+    GridLayer layer("g", gridOf(2, 1, {-100, 300}), {});
+    layer.setRamp(rampOf({Blue, Blue, Red, Red}).get());
+    layer.setZeroInMiddle(true);
+    const QImage image = painted(layer, 200, 100);
+    for (const int y : {0, 50, 99}) {
+        QCOMPARE(image.pixel(0, y), Blue);
+        QCOMPARE(image.pixel(74, y), Blue);
+        QCOMPARE(image.pixel(75, y), Red);
+        QCOMPARE(image.pixel(199, y), Red);
+    }
+}
+
+void tst_GridLayer::gapsKeepTheEdgesOfTheirCells()
+{
+    GridLayer layer("g", gridOf(3, 1, {0, None, 10}), {});
+    layer.setRamp(rampOf({Red, White}).get());
+    layer.setHillShading(true);
+    const QImage image = painted(layer, 300, 100);
+    const QRgb empty = QColor(Qt::green).rgba();
+    QVERIFY(image.pixel(99, 50) != empty);
+    QCOMPARE(image.pixel(101, 50), empty);
+    QCOMPARE(image.pixel(198, 50), empty);
+    QVERIFY(image.pixel(201, 50) != empty);
 }
 
 QTEST_GUILESS_MAIN(tst_GridLayer)
