@@ -5,6 +5,7 @@
 #include "colorscheme/model/describeColorRamp.h"
 #include "colorscheme/picker/VTColorSchemeMenu.h"
 #include "colorscheme/picker/defaultGroupCaptions.h"
+#include "colorscheme/picker/drawKeyboardFocus_p.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
@@ -148,6 +149,7 @@ void VTColorSchemeComboBox::paintEvent(QPaintEvent *event)
     // Deliberate: the strip lies 3 pixels inside and not ICON_MARGIN.
     const QRectF target(3.0, 3.0, static_cast<int>(separator - 4), height() - 5);
     painter.drawPixmap(target, preview, preview.rect());
+    drawKeyboardFocus(painter, this);
 }
 
 void VTColorSchemeComboBox::keyPressEvent(QKeyEvent *event)

@@ -1,6 +1,7 @@
 #include "colorscheme/picker/VTColorSchemeGroupButton.h"
 
 #include "colorscheme/picker/VTColorSchemeGroupMenu.h"
+#include "colorscheme/picker/drawKeyboardFocus_p.h"
 
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
@@ -33,6 +34,7 @@ void VTColorSchemeGroupButton::paintEvent(QPaintEvent * /*event*/)
     option.text = fontMetrics().elidedText(text(), Qt::ElideRight, room);
     option.text.replace(QLatin1Char('&'), QLatin1String("&&"));
     painter.drawComplexControl(QStyle::CC_ToolButton, option);
+    drawKeyboardFocus(painter, this);
 }
 
 void VTColorSchemeGroupButton::showMenu()

@@ -17,6 +17,8 @@
 #include <QApplication>
 #include <QDesktopWidget>
 #include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -44,6 +46,19 @@ constexpr int besideStrip = 20;
 constexpr int widestMargin = 3;
 constexpr int spacing = 2;
 
+/// Leaving an entry turns its name white, in every theme. So all that the entries lie on is white.
+class WhiteScrollArea : public QScrollArea
+{
+public:
+    using QScrollArea::QScrollArea;
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        QPainter(viewport()).fillRect(event->rect(), Qt::white);
+    }
+};
+
 enum TeamKind { DefaultTeam = 0, CustomTeam = 1, FavoriteTeam = 2 };
 
 } // namespace
@@ -54,7 +69,7 @@ VTColorSchemeMenu::VTColorSchemeMenu(const QString &caption, const VOColorScheme
     , comboBox(qobject_cast<VTColorSchemeComboBox *>(parent))
     , groupButton(new VTColorSchemeGroupButton(this))
     , customButton(new QPushButton(tr("User define"), this))
-    , scrollArea(new QScrollArea(this))
+    , scrollArea(new WhiteScrollArea(this))
     , listStyle(std::make_unique<EntryListStyle>(besideStrip))
 {
     installPickerAccessibility();
@@ -69,11 +84,6 @@ VTColorSchemeMenu::VTColorSchemeMenu(const QString &caption, const VOColorScheme
     scrollArea->setFrameShape(QFrame::NoFrame);
     scrollArea->setAlignment(Qt::AlignHCenter);
     scrollArea->setFocusPolicy(Qt::NoFocus); // keys are for the drop-down itself
-    // Leaving an entry turns its name white, so all of the list is.
-    QPalette white = scrollArea->viewport()->palette();
-    white.setColor(QPalette::Base, Qt::white);
-    scrollArea->viewport()->setPalette(white);
-    scrollArea->viewport()->setBackgroundRole(QPalette::Base);
     QScrollBar *const bar = scrollArea->verticalScrollBar();
     bar->setStyle(listStyle.get());
     connect(bar, &QScrollBar::valueChanged, this, &VTColorSchemeMenu::followPointer);
@@ -105,7 +115,8 @@ void VTColorSchemeMenu::fill(const VOColorSchemeGroup &record)
 
     auto *list = new EntryList(
         [this](const QAction *action) { highlight(action ? action->data().toInt() : -1); },
-        scrollArea);
+        scrollArea->viewport());
+    list->setWindowFlags(Qt::Widget); // at home already: moving there, all entries would restyle
     list->setStyle(listStyle.get());
     list->setAttribute(Qt::WA_MouseTracking);
     list->setAttribute(Qt::WA_TranslucentBackground);
@@ -135,14 +146,18 @@ void VTColorSchemeMenu::fill(const VOColorSchemeGroup &record)
         scrollArea->setWidget(list);
 }
 
-// Actions go first: a list that is deleted with thousands of them looks for each in turn.
+// Actions go first, and while the list is hidden: it would look for each in turn, and lay out the
+// rest anew. Nor is the list taken out of the area before, which would restyle every entry.
 void VTColorSchemeMenu::clearList()
 {
     current = -1;
     typed.clear();
-    const std::unique_ptr<QWidget> list(scrollArea->takeWidget());
-    if (list)
-        qDeleteAll(list->actions());
+    QWidget *const list = scrollArea->widget();
+    if (!list)
+        return;
+    list->hide();
+    qDeleteAll(list->actions());
+    delete list;
 }
 
 void VTColorSchemeMenu::showEvent(QShowEvent * /*event*/)

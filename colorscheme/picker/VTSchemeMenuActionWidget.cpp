@@ -55,6 +55,7 @@ VTSchemeMenuActionWidget::VTSchemeMenuActionWidget(QWidget *parent)
     QPalette dark = nameLabel->palette();
     dark.setColor(QPalette::WindowText, Qt::black);
     nameLabel->setPalette(dark);
+    nameLabel->setForegroundRole(QPalette::WindowText);
 
     auto *layout = new QVBoxLayout;
     layout->setContentsMargins(0, 0, 0, 0);
@@ -67,6 +68,9 @@ VTSchemeMenuActionWidget::VTSchemeMenuActionWidget(QWidget *parent)
 
 VTSchemeMenuActionWidget::~VTSchemeMenuActionWidget()
 {
+    // The layout goes first: it would ask for a new layout after each label that goes, and a
+    // thousand entries that do so wait for each other.
+    delete layout();
     delete nameLabel;
     nameLabel = nullptr;
     delete previewLabel;

@@ -14,6 +14,7 @@
 #include <QStyle>
 #include <QtTest>
 
+#include <algorithm>
 #include <memory>
 
 using namespace VTObjects;
@@ -58,6 +59,7 @@ private Q_SLOTS:
     void stripIsNeverCut_data();
     void stripIsNeverCut();
     void longListStaysInOneColumn();
+    void listIsWhiteWithDarkNamesInADarkTheme();
 
     void captionFollowsTheTeam_data();
     void captionFollowsTheTeam();
@@ -269,6 +271,30 @@ void tst_VTColorSchemeMenu::longListStaysInOneColumn()
     QCOMPARE(parts.list()->width(), 140);
     QCOMPARE(parts.entry(999)->x(), parts.entry(0)->x());
     QCOMPARE(parts.list()->height(), 1000 * parts.entry(0)->height());
+}
+
+void tst_VTColorSchemeMenu::listIsWhiteWithDarkNamesInADarkTheme()
+{
+    const QPalette light = QApplication::palette();
+    QPalette theme(QColor(60, 60, 60), QColor(40, 40, 40)); // with white text everywhere
+    theme.setColor(QPalette::Base, Qt::black);
+    QApplication::setPalette(theme);
+    VTColorSchemeMenu menu(QString(), makeGroup(QStringLiteral("g"), {QStringLiteral("WWWW")}),
+                           picker);
+    menu.popup(QPoint(10, 10));
+    const DropDown parts(&menu);
+    const QImage area = parts.area->grab().toImage();
+    const QImage name = parts.name(0)->grab().toImage();
+    menu.close();
+    QApplication::setPalette(light);
+    QCOMPARE(area.pixelColor(area.width() / 2, area.height() - 5), QColor(Qt::white));
+    int darkest = 255;
+    for (int y = 0; y < name.height(); ++y) {
+        for (int x = 0; x < name.width(); ++x)
+            darkest = std::min(darkest, name.pixelColor(x, y).lightness());
+    }
+    QVERIFY(darkest < 60);
+    QCOMPARE(area.pixelColor(parts.list()->x() + name.width() - 3, 3), QColor(Qt::white));
 }
 
 void tst_VTColorSchemeMenu::captionFollowsTheTeam_data()

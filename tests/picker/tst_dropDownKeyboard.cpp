@@ -24,6 +24,7 @@ private Q_SLOTS:
     void cleanup();
 
     void tabReachesThePicker();
+    void focusByKeyboardShows();
     void keyOpensTheDropDown_data();
     void keyOpensTheDropDown();
     void otherKeysLeaveItClosed_data();
@@ -101,6 +102,32 @@ void tst_dropDownKeyboard::tabReachesThePicker()
     before->setFocus();
     QTest::keyClick(before, Qt::Key_Tab);
     QVERIFY(picker->hasFocus());
+}
+
+void tst_dropDownKeyboard::focusByKeyboardShows()
+{
+    before->setFocus();
+    const QImage without = picker->grab().toImage();
+    QTest::keyClick(before, Qt::Key_Tab);
+    QVERIFY(picker->hasFocus());
+    const QImage with = picker->grab().toImage();
+    const QColor frame = picker->palette().color(QPalette::Highlight);
+    for (const QPoint &place : {with.rect().topLeft(), with.rect().bottomRight()}) {
+        QCOMPARE(with.pixelColor(place), frame);
+        QVERIFY(without.pixelColor(place) != frame);
+    }
+    // Inside the frame nothing changes
+    const QRect inside = with.rect().adjusted(2, 2, -2, -2);
+    QCOMPARE(with.copy(inside), without.copy(inside));
+
+    open([&frame](QWidget *opened) {
+        const DropDown parts(opened);
+        QVERIFY(parts.bar->grab().toImage().pixelColor(0, 0) != frame);
+        QTest::keyClick(opened, Qt::Key_Backtab);
+        QVERIFY(parts.bar->hasFocus());
+        QCOMPARE(parts.bar->grab().toImage().pixelColor(0, 0), frame);
+        opened->close();
+    });
 }
 
 void tst_dropDownKeyboard::keyOpensTheDropDown_data()

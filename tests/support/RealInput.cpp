@@ -59,6 +59,24 @@ void RealInput::click(const QWidget *widget)
     click(widget->mapToGlobal(widget->rect().center()));
 }
 
+void RealInput::drag(const QPoint &from, const QPoint &to)
+{
+    run(moving(from) + QStringList{QStringLiteral("mousedown"), QStringLiteral("1")} +
+        moving((from + to) / 2) + moving(to) +
+        QStringList{QStringLiteral("mouseup"), QStringLiteral("1")});
+}
+
+void RealInput::wheelDown(int steps)
+{
+    run({QStringLiteral("click"), QStringLiteral("--repeat"), QString::number(steps),
+         QStringLiteral("--delay"), QStringLiteral("1"), QStringLiteral("5")});
+}
+
+void RealInput::releaseButton()
+{
+    run({QStringLiteral("mouseup"), QStringLiteral("1")});
+}
+
 void RealInput::press(const QString &key)
 {
     run({QStringLiteral("key"), key});

@@ -21,6 +21,13 @@ void clickWith(const QString &key, const QPoint &position);
 /// Clicks the middle of a widget.
 void click(const QWidget *widget);
 
+/// Presses the button at one place, moves by way of the middle, and releases it at the other.
+void drag(const QPoint &from, const QPoint &to);
+/// Turns the wheel towards the user, where the pointer is.
+void wheelDown(int steps);
+/// Lets go of the button, whatever held it.
+void releaseButton();
+
 /// A key by its name in the window system, alone or with others: "Escape", "ctrl+Home".
 void press(const QString &key);
 /// Types letters.
