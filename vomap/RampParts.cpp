@@ -5,15 +5,24 @@
 #include "vomap/VORandomColorRamp.h"
 #include "vomap/VORandomColorRampForHsv.h"
 
+#include <typeinfo>
+
 namespace VTObjects {
 
 namespace {
+
+// The ramp as its own class, which is the quick way, or as a class that it is derived from.
+template <typename Ramp>
+Ramp *as(VOColorRamp &ramp)
+{
+    return typeid(ramp) == typeid(Ramp) ? static_cast<Ramp *>(&ramp) : dynamic_cast<Ramp *>(&ramp);
+}
 
 template <typename Ramp>
 std::unique_ptr<Ramp> withColors(const RampParts &parts)
 {
     auto ramp = std::make_unique<Ramp>();
-    ramp->setColors(parts.colors.data(), parts.colors.size());
+    ramp->setColorList(parts.colors);
     return ramp;
 }
 
@@ -21,60 +30,52 @@ template <typename Ramp>
 std::unique_ptr<VOColorRamp> spread(const RampParts &parts)
 {
     auto ramp = withColors<Ramp>(parts);
-    std::vector<rgb_color<float>> sources = parts.sources; // it is not taken as const
-    ramp->setSourceColor(static_cast<long>(sources.size()), sources.data());
+    ramp->setSourceColorList(parts.sources);
     return ramp;
+}
+
+template <typename Ramp>
+bool takeSourcesApart(VOColorRamp &ramp, RampParts &parts)
+{
+    const auto *even = as<Ramp>(ramp);
+    if (!even)
+        return false;
+    parts.sources = even->sourceColorList();
+    parts.colors = even->colorList();
+    return true;
 }
 
 } // namespace
 
-bool isComponent(float value)
-{
-    return value >= 0.0F && value <= 255.0F; // false for what is no number
-}
-
 bool takeApart(VOColorRamp &ramp, RampParts &parts)
 {
     parts.kind = ramp.category();
-    parts.sources.clear();
-    parts.colors.clear();
     switch (parts.kind) {
     case VOColorRamp::RandomHsvRamp: {
-        const auto *bounded = dynamic_cast<VORandomColorRampForHsv *>(&ramp);
+        const auto *bounded = as<VORandomColorRampForHsv>(ramp);
         if (!bounded)
             return false;
         parts.paramsChanged = bounded->paramsChanged;
         parts.bounds = {bounded->minH, bounded->maxH, bounded->minS,
                         bounded->maxS, bounded->minV, bounded->maxV};
         parts.seed = bounded->seed;
-        break;
+        parts.colors = bounded->colorList();
+        return true;
     }
     case VOColorRamp::RandomRamp: {
-        const auto *random = dynamic_cast<VORandomColorRamp *>(&ramp);
+        const auto *random = as<VORandomColorRamp>(ramp);
         if (!random)
             return false;
         parts.seed = random->seed;
-        break;
+        parts.colors = random->colorList();
+        return true;
     }
     case VOColorRamp::EvenRamp:
-    case VOColorRamp::PredefineRamp: {
-        auto *even = dynamic_cast<VOEvenColorRamp *>(&ramp);
-        if (!even)
-            return false;
-        const unsigned int count = even->getSourceColorCount();
-        parts.sources.reserve(count);
-        for (unsigned int i = 0; i < count; ++i)
-            parts.sources.push_back(even->getSourceColor(static_cast<int>(i)));
-        break;
+        return takeSourcesApart<VOEvenColorRamp>(ramp, parts);
+    case VOColorRamp::PredefineRamp:
+        return takeSourcesApart<VOPredefineColorRamp>(ramp, parts);
     }
-    default:
-        return false;
-    }
-    const unsigned int level = ramp.getLevel();
-    parts.colors.reserve(level);
-    for (unsigned int i = 0; i < level; ++i)
-        parts.colors.push_back(ramp.getColor(i));
-    return true;
+    return false;
 }
 
 std::unique_ptr<VOColorRamp> putTogether(const RampParts &parts)

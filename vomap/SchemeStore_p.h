@@ -43,6 +43,7 @@ private:
     struct Known
     {
         ByteBuffer base;   // as loaded or saved last; empty for none
+        ByteBuffer spare;  // room for the next save: large stores wait for fresh memory
         TeamExtras extras; // that the next save writes
         bool newer = false;
     };

@@ -1,5 +1,7 @@
 #include "vomap/VOColorRampContainer.h"
 
+#include <utility>
+
 namespace VTObjects {
 
 namespace {
@@ -56,13 +58,19 @@ unsigned int VOColorRampContainer::getLevel()
     return static_cast<unsigned int>(colors.size());
 }
 
-void VOColorRampContainer::setColors(const rgb_color<float> *replacement, std::size_t count)
+QVector<rgb_color<float>> VOColorRampContainer::clamped(QVector<rgb_color<float>> list)
 {
-    QVector<rgb_color<float>> fresh;
-    fresh.reserve(static_cast<int>(count));
-    for (std::size_t i = 0; i < count; ++i)
-        fresh.append(clamped(replacement[i]));
-    colors.swap(fresh);
+    for (int i = 0; i < list.size(); ++i) {
+        const rgb_color<float> inside = clamped(list.at(i));
+        if (inside != list.at(i))
+            list[i] = inside;
+    }
+    return list;
+}
+
+void VOColorRampContainer::setColorList(QVector<rgb_color<float>> list)
+{
+    colors = clamped(std::move(list));
 }
 
 } // namespace VTObjects

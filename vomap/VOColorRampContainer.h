@@ -4,7 +4,7 @@
 
 #include <QVector>
 
-#include <cstddef>
+Q_DECLARE_TYPEINFO(VTObjects::rgb_color<float>, Q_PRIMITIVE_TYPE);
 
 namespace VTObjects {
 
@@ -24,8 +24,9 @@ public:
     void deleteAll() override;
     unsigned int getLevel() override;
 
-    /// Replaces the whole output list by a copy of `count` colours at once.
-    void setColors(const rgb_color<float> *replacement, std::size_t count);
+    /// The whole output list at once, shared and not copied.
+    const QVector<rgb_color<float>> &colorList() const { return colors; }
+    void setColorList(QVector<rgb_color<float>> list);
 
 protected:
     VOColorRampContainer() = default;
@@ -34,6 +35,8 @@ protected:
 
     /// The colour with every component brought into 0..255.
     static rgb_color<float> clamped(rgb_color<float> color);
+    /// The list with every colour like that: the same list where nothing has to change.
+    static QVector<rgb_color<float>> clamped(QVector<rgb_color<float>> list);
 
     QVector<rgb_color<float>> colors;
 };

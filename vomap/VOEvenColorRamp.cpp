@@ -46,6 +46,11 @@ bool VOEvenColorRamp::setSourceColor(long count, rgb_color<float> *colors)
     return true;
 }
 
+void VOEvenColorRamp::setSourceColorList(QVector<rgb_color<float>> list)
+{
+    sourceColors = clamped(std::move(list));
+}
+
 rgb_color<float> VOEvenColorRamp::getSourceColor(int index)
 {
     return index >= 0 && index < sourceColors.size() ? sourceColors.at(index) : rgb_color<float>();

@@ -30,6 +30,9 @@ public:
     /// The source colour at `index`; black out of range.
     rgb_color<float> getSourceColor(int index);
     unsigned int getSourceColorCount();
+    /// The whole source list at once, shared and not copied.
+    const QVector<rgb_color<float>> &sourceColorList() const { return sourceColors; }
+    void setSourceColorList(QVector<rgb_color<float>> list);
 
 protected:
     VOEvenColorRamp(const VOEvenColorRamp &) = default;

@@ -57,6 +57,7 @@ bool SchemeStore::save(const std::string &directory, const std::vector<Saving> &
     for (std::size_t i = 0; i < savings.size(); ++i) {
         works[i].which = savings[i].which;
         works[i].team = savings[i].team;
+        works[i].bytes = std::move(known[works[i].which].spare);
         finishInterrupted(works[i].which);
         if (!prepare(works[i]))
             return false;
@@ -65,6 +66,7 @@ bool SchemeStore::save(const std::string &directory, const std::vector<Saving> &
         return false;
     for (Work &work : works) {
         Known &now = known[work.which];
+        now.spare = std::move(now.base);
         now.base = std::move(work.base.size() > 0 ? work.base : work.bytes);
         now.extras = std::move(work.extras);
         now.newer = false;

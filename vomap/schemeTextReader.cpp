@@ -74,7 +74,7 @@ bool takeComponent(JsonReader &json, float &component)
     return true;
 }
 
-bool takeColors(JsonReader &json, std::vector<rgb_color<float>> &colors)
+bool takeColors(JsonReader &json, QVector<rgb_color<float>> &colors)
 {
     json.enterArray();
     while (json.nextElement()) {
@@ -86,7 +86,7 @@ bool takeColors(JsonReader &json, std::vector<rgb_color<float>> &colors)
             if (count == std::size(components) || !takeComponent(json, *components[count++]))
                 return json.fail();
         }
-        if (count != std::size(components) || colors.size() == maxSchemeColors)
+        if (count != std::size(components) || colors.size() == int(maxSchemeColors))
             return json.fail();
         colors.push_back(color);
     }

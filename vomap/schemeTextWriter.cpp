@@ -97,10 +97,9 @@ void appendComponent(std::string &text, float component)
     text += number.toStdString();
 }
 
-bool appendColors(std::string &text, std::string_view name,
-                  const std::vector<rgb_color<float>> &colors)
+bool appendColors(std::string &text, std::string_view name, const QVector<rgb_color<float>> &colors)
 {
-    if (colors.size() > maxSchemeColors)
+    if (colors.size() > int(maxSchemeColors))
         return false;
     text.append(",\n    \"").append(name).append("\": [");
     const char *separator = "\n      [";
@@ -114,7 +113,7 @@ bool appendColors(std::string &text, std::string_view name,
         appendComponent(text, color.blue);
         text += ']';
     }
-    text += colors.empty() ? "]" : "\n    ]";
+    text += colors.isEmpty() ? "]" : "\n    ]";
     return true;
 }
 

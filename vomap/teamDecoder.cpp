@@ -5,6 +5,7 @@
 #include "vomap/xxHash64_p.h"
 
 #include <algorithm>
+#include <array>
 #include <map>
 #include <utility>
 
@@ -27,6 +28,18 @@ void widen(std::string_view raw, std::wstring &text)
     text.clear();
     for (std::size_t at = 0; at < raw.size(); at += sizeof(Unit))
         appendWide(text, qFromLittleEndian<Unit>(raw.data() + at));
+}
+
+// With its length and width; empty where it is not whole.
+std::string_view takeRawString(ByteReader &reader)
+{
+    ByteReader ahead = reader;
+    const std::size_t length = ahead.number<quint32>();
+    const std::size_t width = ahead.number<quint8>();
+    const std::string_view raw = reader.run(length * width + 5);
+    if (width != 1 && width != 2 && width != 4)
+        reader.fail();
+    return raw;
 }
 
 void takeString(ByteReader &reader, std::wstring &text)
@@ -56,23 +69,17 @@ bool takeFields(ByteReader &reader, std::string_view rest, std::string_view &fie
     return reader.isGood();
 }
 
-void takeColors(ByteReader &reader, std::vector<rgb_color<float>> &colors)
+void takeColors(ByteReader &reader, QVector<rgb_color<float>> &colors)
 {
     constexpr std::size_t colorSize = 3 * sizeof(float);
     const std::size_t count = reader.number<quint32>();
     const std::string_view raw = reader.run(count * colorSize);
-    colors.resize(raw.size() / colorSize);
-    bool valid = true;
-    const char *from = raw.data();
-    for (rgb_color<float> &color : colors) {
-        color.red = qFromLittleEndian<float>(from);
-        color.green = qFromLittleEndian<float>(from + sizeof(float));
-        color.blue = qFromLittleEndian<float>(from + 2 * sizeof(float));
-        valid =
-            valid && isComponent(color.red) && isComponent(color.green) && isComponent(color.blue);
-        from += colorSize;
-    }
-    if (!valid)
+    colors = QVector<rgb_color<float>>(static_cast<int>(raw.size() / colorSize));
+    if (raw.empty())
+        return;
+    float *const components = &colors.data()->red;
+    qFromLittleEndian<float>(raw.data(), static_cast<qsizetype>(count * 3), components);
+    if (!areComponents(components, count * 3))
         reader.fail();
 }
 
@@ -83,23 +90,27 @@ public:
     bool decode(std::string_view payload, VOColorScheme &scheme);
 
 private:
-    struct Repeated
-    {
-        VOString last;
-        void assign(const std::wstring &text)
-        {
-            if (last.text() != text)
-                last = text;
-        }
-    };
+    const VOString &shared(std::string_view raw);
 
     bool decodeRamp(std::uint32_t kind, std::string_view raw, VOColorScheme &scheme);
 
     RampParts parts;
     std::wstring text;
-    Repeated author;
-    Repeated describe;
+    // Strings that were read before, each at the place that its bytes give it.
+    std::array<std::pair<std::string_view, VOString>, 64> known;
 };
+
+// A string of the file; the same author a thousand times is one string in memory.
+const VOString &SchemeDecoder::shared(std::string_view raw)
+{
+    const auto place = static_cast<std::size_t>(xxHash64(raw)) % known.size();
+    if (known[place].first != raw || known[place].first.empty()) {
+        ByteReader reader(raw);
+        takeString(reader, text);
+        known[place] = {raw, VOString(text)};
+    }
+    return known[place].second;
+}
 
 bool SchemeDecoder::decodeRamp(std::uint32_t kind, std::string_view raw, VOColorScheme &scheme)
 {
@@ -129,12 +140,8 @@ bool SchemeDecoder::decode(std::string_view payload, VOColorScheme &scheme)
     ByteReader reader(payload);
     takeString(reader, text);
     scheme.name = text;
-    takeString(reader, text);
-    author.assign(text);
-    scheme.author = author.last;
-    takeString(reader, text);
-    describe.assign(text);
-    scheme.describe = describe.last;
+    scheme.author = shared(takeRawString(reader));
+    scheme.describe = shared(takeRawString(reader));
 
     const std::uint32_t kind = reader.number<quint32>();
     const std::string_view ramp = reader.run(reader.number<quint32>());
@@ -317,7 +324,7 @@ TeamFileState decodeTeam(std::string_view bytes, TeamContent &content, bool &com
     TeamBuilder builder(content);
     Record record;
     std::string_view rest = bytes.substr(teamHeaderSize);
-    std::string heads;
+    std::uint64_t seal = 0;
     quint32 count = 0;
     complete = qFromLittleEndian<quint64>(bytes.data() + 16) == bytes.size();
     while (record.tag != endTag && takeRecord(rest, record)) {
@@ -326,11 +333,11 @@ TeamFileState decodeTeam(std::string_view bytes, TeamContent &content, bool &com
         complete = inPlace && builder.add(record) && complete;
         ++count;
         if (record.tag != endTag)
-            heads += record.whole.substr(0, recordHeadSize);
+            seal = sealed(seal, record.whole.substr(0, recordHeadSize));
     }
     complete = complete && record.tag == endTag && rest.empty() && count == records &&
                record.payload.size() == sizeof(quint64) &&
-               qFromLittleEndian<quint64>(record.payload.data()) == xxHash64(heads);
+               qFromLittleEndian<quint64>(record.payload.data()) == seal;
     if (newer)
         return TeamFileState::Newer;
     return complete && schema == teamSchema ? TeamFileState::Whole : TeamFileState::Damaged;

@@ -13,23 +13,34 @@ namespace {
 
 constexpr std::uint64_t maxSize = std::numeric_limits<std::uint32_t>::max();
 
-// The parts of a ramp, kept from scheme to scheme so that their lists need no new room.
-class SchemeEncoder
+// Writes records one after the other and seals their heads.
+class TeamEncoder
 {
 public:
-    explicit SchemeEncoder(ByteBuffer &target)
+    explicit TeamEncoder(ByteBuffer &target)
         : bytes(target)
     {
     }
 
-    bool append(const VOColorScheme &scheme, std::uint32_t group);
+    bool appendNamed(std::uint32_t tag, std::uint32_t group, const VOString &name,
+                     std::string_view fields);
+    bool appendScheme(const VOColorScheme &scheme, std::uint32_t group);
+    bool appendShipped(const std::vector<ShippedScheme> &shipped);
+    // Whole records, as they were read.
+    void appendRecords(std::string_view records);
+    bool appendEnd();
+    std::uint32_t count() const { return records; }
 
 private:
+    std::size_t beginRecord();
+    bool endRecord(std::size_t start, std::uint32_t tag, std::uint32_t group);
     bool appendRamp(const VOColorScheme &scheme, std::string_view unknownRamp);
-    bool appendColors(const std::vector<rgb_color<float>> &colors);
+    bool appendColors(const QVector<rgb_color<float>> &colors);
 
     ByteBuffer &bytes;
     RampParts parts;
+    std::uint64_t seal = 0;
+    std::uint32_t records = 0;
 };
 
 template <typename Unit>
@@ -77,14 +88,14 @@ void appendString(ByteBuffer &bytes, std::wstring_view text)
 }
 
 // A record is begun with an empty head, which is filled in when the size is known.
-std::size_t beginRecord(ByteBuffer &bytes)
+std::size_t TeamEncoder::beginRecord()
 {
     const std::size_t start = bytes.size();
     bytes.extend(recordHeadSize);
     return start;
 }
 
-bool endRecord(ByteBuffer &bytes, std::size_t start, std::uint32_t tag, std::uint32_t group)
+bool TeamEncoder::endRecord(std::size_t start, std::uint32_t tag, std::uint32_t group)
 {
     const std::string_view payload = bytes.view().substr(start + recordHeadSize);
     if (payload.size() > maxSize)
@@ -94,28 +105,28 @@ bool endRecord(ByteBuffer &bytes, std::size_t start, std::uint32_t tag, std::uin
     bytes.setNumber(start + 4, static_cast<quint32>(payload.size()));
     bytes.setNumber<quint32>(start + 8, group);
     bytes.setNumber<quint64>(start + checksumAt, checksum);
+    seal = sealed(seal, bytes.view().substr(start, recordHeadSize));
+    ++records;
     return true;
 }
 
-bool SchemeEncoder::appendColors(const std::vector<rgb_color<float>> &colors)
+bool TeamEncoder::appendColors(const QVector<rgb_color<float>> &colors)
 {
-    if (colors.size() > maxSize / (3 * sizeof(float)))
-        return false;
+    // As the ramps have them: three floats and nothing between them.
+    static_assert(sizeof(rgb_color<float>) == 3 * sizeof(float), "a colour has a hole");
     bytes.appendNumber(static_cast<quint32>(colors.size()));
-    char *to = bytes.extend(colors.size() * 3 * sizeof(float));
-    for (const rgb_color<float> &color : colors) {
-        if (!isComponent(color.red) || !isComponent(color.green) || !isComponent(color.blue))
-            return false;
-        qToLittleEndian<float>(color.red, to);
-        qToLittleEndian<float>(color.green, to + sizeof(float));
-        qToLittleEndian<float>(color.blue, to + 2 * sizeof(float));
-        to += 3 * sizeof(float);
-    }
+    if (colors.isEmpty())
+        return true;
+    const auto count = static_cast<std::size_t>(colors.size()) * 3;
+    if (!areComponents(&colors.constData()->red, count))
+        return false;
+    qToLittleEndian<float>(colors.constData(), static_cast<qsizetype>(count),
+                           bytes.extend(count * sizeof(float)));
     return true;
 }
 
 // The kind, the size of what follows, and what follows.
-bool SchemeEncoder::appendRamp(const VOColorScheme &scheme, std::string_view unknownRamp)
+bool TeamEncoder::appendRamp(const VOColorScheme &scheme, std::string_view unknownRamp)
 {
     if (!scheme.colorRamp) {
         const bool none = unknownRamp.size() < sizeof(quint32);
@@ -159,9 +170,9 @@ std::string_view splitFields(const VOColorScheme &scheme, std::string_view &unkn
     return fields.substr(8 + unknownRamp.size());
 }
 
-bool SchemeEncoder::append(const VOColorScheme &scheme, std::uint32_t group)
+bool TeamEncoder::appendScheme(const VOColorScheme &scheme, std::uint32_t group)
 {
-    const std::size_t start = beginRecord(bytes);
+    const std::size_t start = beginRecord();
     appendString(bytes, scheme.name.text());
     appendString(bytes, scheme.author.text());
     appendString(bytes, scheme.describe.text());
@@ -170,67 +181,73 @@ bool SchemeEncoder::append(const VOColorScheme &scheme, std::uint32_t group)
     if (!appendRamp(scheme, unknownRamp))
         return false;
     bytes.append(fields);
-    return endRecord(bytes, start, schemeTag, group);
+    return endRecord(start, schemeTag, group);
 }
 
-bool appendShipped(ByteBuffer &bytes, const std::vector<ShippedScheme> &shipped)
+bool TeamEncoder::appendShipped(const std::vector<ShippedScheme> &shipped)
 {
-    const std::size_t start = beginRecord(bytes);
+    const std::size_t start = beginRecord();
     bytes.appendNumber(static_cast<quint32>(shipped.size()));
     for (const ShippedScheme &scheme : shipped) {
         appendString(bytes, scheme.group);
         appendString(bytes, scheme.scheme);
         bytes.appendNumber<quint64>(scheme.checksum);
     }
-    return endRecord(bytes, start, shippedTag, noGroup);
+    return endRecord(start, shippedTag, noGroup);
 }
 
-bool appendNamed(ByteBuffer &bytes, std::uint32_t tag, std::uint32_t group, const VOString &name,
-                 std::string_view fields)
+bool TeamEncoder::appendNamed(std::uint32_t tag, std::uint32_t group, const VOString &name,
+                              std::string_view fields)
 {
-    const std::size_t start = beginRecord(bytes);
+    const std::size_t start = beginRecord();
     appendString(bytes, name.text());
     bytes.append(fields);
-    return endRecord(bytes, start, tag, group);
+    return endRecord(start, tag, group);
 }
 
-bool appendRecords(const VOColorSchemeTeam &team, const TeamExtras &extras, ByteBuffer &bytes)
+void TeamEncoder::appendRecords(std::string_view whole)
 {
-    SchemeEncoder encoder(bytes);
-    if (!appendNamed(bytes, teamTag, noGroup, team.name, extras.teamFields))
+    bytes.append(whole);
+    for (; !whole.empty(); ++records) {
+        seal = sealed(seal, whole.substr(0, recordHeadSize));
+        whole.remove_prefix(recordHeadSize + qFromLittleEndian<quint32>(whole.data() + 4));
+    }
+}
+
+bool TeamEncoder::appendEnd()
+{
+    const std::size_t start = beginRecord();
+    bytes.appendNumber<quint64>(seal);
+    return endRecord(start, endTag, noGroup);
+}
+
+bool appendTeam(TeamEncoder &encoder, const VOColorSchemeTeam &team, const TeamExtras &extras)
+{
+    if (!encoder.appendNamed(teamTag, noGroup, team.name, extras.teamFields))
         return false;
     std::uint32_t number = 0;
     for (const VOColorSchemeGroup &group : team.groups) {
-        if (!appendNamed(bytes, groupTag, number, group.name,
-                         group.unknownFields ? *group.unknownFields : std::string()))
+        if (!encoder.appendNamed(groupTag, number, group.name,
+                                 group.unknownFields ? *group.unknownFields : std::string()))
             return false;
         for (const VOColorScheme &scheme : group.schemes) {
-            if (!encoder.append(scheme, number))
+            if (!encoder.appendScheme(scheme, number))
                 return false;
         }
         ++number;
     }
-    if (!extras.shipped.empty() && !appendShipped(bytes, extras.shipped))
+    if (!extras.shipped.empty() && !encoder.appendShipped(extras.shipped))
         return false;
-    bytes.append(extras.otherRecords);
-    return true;
-}
-
-// The last record seals the heads of the others, so that none can be missing or out of its place.
-bool appendEnd(ByteBuffer &bytes, std::uint32_t &records)
-{
-    std::string heads;
-    std::string_view rest = bytes.view().substr(teamHeaderSize);
-    for (records = 1; !rest.empty(); ++records) {
-        heads += rest.substr(0, recordHeadSize);
-        rest.remove_prefix(recordHeadSize + qFromLittleEndian<quint32>(rest.data() + 4));
-    }
-    const std::size_t start = beginRecord(bytes);
-    bytes.appendNumber<quint64>(xxHash64(heads));
-    return endRecord(bytes, start, endTag, noGroup);
+    encoder.appendRecords(extras.otherRecords);
+    return encoder.appendEnd();
 }
 
 } // namespace
+
+std::uint64_t sealed(std::uint64_t seal, std::string_view head)
+{
+    return xxHash64(head, seal);
+}
 
 std::uint64_t recordChecksum(std::uint32_t tag, std::string_view payload)
 {
@@ -239,7 +256,7 @@ std::uint64_t recordChecksum(std::uint32_t tag, std::string_view payload)
 
 bool appendScheme(ByteBuffer &bytes, const VOColorScheme &scheme)
 {
-    return SchemeEncoder(bytes).append(scheme, noGroup);
+    return TeamEncoder(bytes).appendScheme(scheme, noGroup);
 }
 
 std::uint64_t schemeChecksum(const VOColorScheme &scheme)
@@ -253,13 +270,18 @@ std::uint64_t schemeChecksum(const VOColorScheme &scheme)
 bool encodeTeam(const VOColorSchemeTeam &team, const TeamExtras &extras, ByteBuffer &bytes)
 {
     bytes.clear();
+    std::size_t schemes = 0;
+    for (const VOColorSchemeGroup &group : team.groups)
+        schemes += group.schemes.size();
+    constexpr std::size_t usualSize = 256; // of a scheme, so that there is little to move later
+    bytes.reserve(std::min<std::size_t>(schemes * usualSize, 256 * 1024 * 1024));
     bytes.append(teamMagic);
     bytes.extend(teamHeaderSize - teamMagic.size());
-    std::uint32_t records = 0;
-    if (!appendRecords(team, extras, bytes) || !appendEnd(bytes, records))
+    TeamEncoder encoder(bytes);
+    if (!appendTeam(encoder, team, extras))
         return false;
     bytes.setNumber<quint32>(8, teamSchema);
-    bytes.setNumber<quint32>(12, records);
+    bytes.setNumber<quint32>(12, encoder.count());
     bytes.setNumber<quint64>(16, bytes.size());
     bytes.setNumber<quint64>(24, xxHash64(bytes.view().substr(0, 24)));
     return true;

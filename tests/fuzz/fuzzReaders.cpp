@@ -28,7 +28,7 @@ std::string mended(std::string_view input)
     std::string bytes(input);
     if (bytes.size() < teamHeaderSize)
         return bytes;
-    std::string heads;
+    quint64 seals = 0;
     quint32 count = 0;
     for (std::size_t at = teamHeaderSize; bytes.size() - at >= recordHeadSize;) {
         const quint32 tag = qFromLittleEndian<quint32>(bytes.data() + at);
@@ -37,10 +37,10 @@ std::string mended(std::string_view input)
             std::min<std::size_t>(room, qFromLittleEndian<quint32>(bytes.data() + at + 4));
         qToLittleEndian(quint32(size), &bytes[at + 4]);
         if (tag == endTag && size == sizeof(quint64))
-            qToLittleEndian(quint64(xxHash64(heads)), &bytes[at + recordHeadSize]);
+            qToLittleEndian(seals, &bytes[at + recordHeadSize]);
         const std::string_view payload = std::string_view(bytes).substr(at + recordHeadSize, size);
         qToLittleEndian(quint64(recordChecksum(tag, payload)), &bytes[at + checksumAt]);
-        heads += bytes.substr(at, recordHeadSize);
+        seals = sealed(seals, std::string_view(bytes).substr(at, recordHeadSize));
         ++count;
         at += recordHeadSize + size;
     }

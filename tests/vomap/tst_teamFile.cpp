@@ -91,16 +91,16 @@ std::vector<std::size_t> records(const std::string &bytes)
 // Makes every checksum fit again, so that only the change counts that was made.
 void seal(std::string &bytes)
 {
-    std::string heads;
+    quint64 seals = 0;
     quint32 count = 0;
     for (const std::size_t at : records(bytes)) {
         const quint32 tag = qFromLittleEndian<quint32>(bytes.data() + at);
         if (tag == endTag)
-            put(bytes, at + recordHeadSize, xxHash64(heads), 8);
+            put(bytes, at + recordHeadSize, seals, 8);
         const std::string_view payload =
             std::string_view(bytes).substr(at + recordHeadSize, sizeAt(bytes, at));
         put(bytes, at + checksumAt, recordChecksum(tag, payload), 8);
-        heads += bytes.substr(at, recordHeadSize);
+        seals = sealed(seals, std::string_view(bytes).substr(at, recordHeadSize));
         ++count;
     }
     put(bytes, 12, count, 4);
