@@ -83,9 +83,10 @@ double stepsOutside(const Box &box, const Colour &colour)
         if (ownHue < 0.0)
             ownHue += 360.0;
     }
-    for (int i = 0; i <= tries + 1; ++i) {
-        const double hue = i <= tries ? box.low[0] + (box.high[0] - box.low[0]) * i / tries
-                                      : std::clamp(ownHue, box.low[0], box.high[0]);
+    // Its own hue first: nearly every colour is found there.
+    for (int i = -1; i <= tries; ++i) {
+        const double hue = i < 0 ? std::clamp(ownHue, box.low[0], box.high[0])
+                                 : box.low[0] + (box.high[0] - box.low[0]) * i / tries;
         for (const double nudge : {0.0, -1.0, -0.5, 0.5, 1.0}) {
             const double value = std::clamp((top + nudge) / 2.55, box.low[2], box.high[2]);
             const double full = value * 2.55;

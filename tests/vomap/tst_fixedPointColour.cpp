@@ -150,7 +150,7 @@ void tst_fixedPointColour::differencesFollowCiede2000()
 
 void tst_fixedPointColour::shufflingMeetsEveryNumberOnce()
 {
-    for (const std::uint32_t key : {0U, 1U, 0xdeadbeefU}) {
+    for (const std::uint32_t key : {0U, 0xdeadbeefU}) {
         std::vector<bool> met(std::size_t(1) << 24, false);
         std::size_t count = 0;
         for (std::uint32_t number = 0; number < (1U << 24); ++number) {
