@@ -115,7 +115,6 @@ bool SchemeStore::loadTeam(Team which, bool locked, VOColorSchemeTeam &team)
         upgradeBuiltIns(content, shippedTeam());
     now.extras = std::move(content.extras);
     team = std::move(content.team);
-    team.name = teamNames[which];
     return good;
 }
 
@@ -138,6 +137,9 @@ TeamContent SchemeStore::recovered(Team which, Found &found, Found &last) const
     }
     if (content.team.groups.empty())
         content.team = firstTeam(which);
+    // Its name may be among what was lost.
+    if (content.team.name == L"")
+        content.team.name = teamNames[which];
     // Without the list nobody knows what the user deleted: nothing is offered again.
     if (which == Default && !knowsShipped)
         content.extras.shipped = shippedList(shippedTeam());

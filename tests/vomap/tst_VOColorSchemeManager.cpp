@@ -115,12 +115,17 @@ void tst_VOColorSchemeManager::savingAndLoadingKeepsEveryField()
     bare.name = L"bare";
     manager().customTeam.groups[2].schemes.push_back(bare);
     manager().defaultTeam.groups.push_back(makeGroup("mine", {"one"}));
+    manager().defaultTeam.name = L"Of the house";
+    manager().customTeam.name = samples.text();
+    manager().favoriteTeam.name = L"";
     const QByteArray before =
         dump(manager().defaultTeam) + dump(manager().customTeam) + dump(manager().favoriteTeam);
     QVERIFY(manager().save());
-    manager().defaultTeam.groups.clear();
-    manager().customTeam.groups.clear();
-    manager().favoriteTeam.groups.clear();
+    for (VOColorSchemeTeam *team :
+         {&manager().defaultTeam, &manager().customTeam, &manager().favoriteTeam}) {
+        team->name = L"unsaved";
+        team->groups.clear();
+    }
     QVERIFY(manager().load());
     QCOMPARE(dump(manager().defaultTeam) + dump(manager().customTeam) +
                  dump(manager().favoriteTeam),

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void aFolderInPlaceOfAFileIsSetAside();
     void damagedFilesAreNeverOverwritten();
     void withoutALastGoodCopyADamagedSchemeCostsItselfOnly();
+    void aTeamThatLostItsNameHasItsFirstOne();
     void withBothDamagedWhatIsWholeInEitherIsKept();
     void garbageWithoutACopyGivesAFirstStart();
     void damageBetweenLoadAndSaveIsSetAsideToo();
@@ -229,6 +230,27 @@ void tst_storeDamage::withoutALastGoodCopyADamagedSchemeCostsItselfOnly()
     QVERIFY(isSomewhere(bytes));
     // What was saved from it stays without another save.
     QVERIFY(manager().load());
+    QCOMPARE(manager().customTeam.groups[0].schemes.size(), std::size_t(5));
+}
+
+void tst_storeDamage::aTeamThatLostItsNameHasItsFirstOne()
+{
+    manager().customTeam.name = L"mine";
+    QVERIFY(manager().save());
+    good = store->files();
+    good.remove("custom.team.last");
+    QByteArray bytes = customBytes(good);
+    bytes[bytes.indexOf("mine")] = 'M';
+    damage(bytes);
+    QVERIFY(!manager().load());
+    QVERIFY(manager().customTeam.name == L"Custom");
+    QCOMPARE(manager().customTeam.groups[0].schemes.size(), std::size_t(6));
+    // What else is lost does not cost the name.
+    bytes = customBytes(good);
+    bytes[bytes.indexOf("scheme3")] = 'S';
+    damage(bytes);
+    QVERIFY(!manager().load());
+    QVERIFY(manager().customTeam.name == L"mine");
     QCOMPARE(manager().customTeam.groups[0].schemes.size(), std::size_t(5));
 }
 
