@@ -41,7 +41,9 @@ QPixmap colorRampPreviewPixmap(VTObjects::VOColorRamp *ramp, QSize size)
     if (level == 0 || size.isEmpty())
         return QPixmap();
     QPixmap pixmap(size);
-    pixmap.fill(Qt::transparent);
+    // A strip that is shrunk by the toolkit comes without an alpha channel, and so does this one.
+    if (level <= static_cast<unsigned int>(size.width()))
+        pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     VTSymbolUtils::drawStippledBackground(&painter, QRect(QPoint(0, 0), size));
     forEachBand(level, size.width(), [&](int left, int width, unsigned int index) {
