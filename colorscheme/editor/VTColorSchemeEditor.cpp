@@ -72,6 +72,8 @@ VTColorSchemeEditor::VTColorSchemeEditor(int index, VOColorSchemeGroup *group, b
     , schemeIndex(index)
     , schemeGroup(group)
 {
+    // A linker that was not told to take the icons out of a static archive does so for this.
+    Q_INIT_RESOURCE(colorscheme);
     ui->setupUi(this);
     initUi();
     setupConnections();

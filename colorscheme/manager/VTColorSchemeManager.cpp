@@ -34,6 +34,8 @@ VTColorSchemeManager::VTColorSchemeManager(QWidget *parent)
     : QDialog(parent)
     , ui(std::make_unique<Ui::VTColorSchemeManagerBase>())
 {
+    // A linker that was not told to take the icons out of a static archive does so for this.
+    Q_INIT_RESOURCE(colorscheme);
     ui->setupUi(this);
     initUi();
     setupConnections();
