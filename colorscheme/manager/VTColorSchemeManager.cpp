@@ -170,7 +170,9 @@ void VTColorSchemeManager::onTeamViewClicked(const QModelIndex &index)
     if (item)
         groupIndex =
             teamKind == DefaultTeamNode ? defaultGroupPosition(nodeInfo(item).name) : item->row();
-    showGroup(teamKind, groupIndex);
+    // A group below a node that is no team's is nobody's; the table keeps what it shows.
+    if (!item || teamOf(teamKind))
+        showGroup(teamKind, groupIndex);
 
     if (ui->schemeView->schemeModel()->columnCount() == 0)
         return;

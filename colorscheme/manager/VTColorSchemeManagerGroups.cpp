@@ -66,7 +66,8 @@ void VTColorSchemeManager::onDeleteGroup()
     const int row = item->row();
     VTColorSchemeView *const table = ui->schemeView;
     customItem->removeRow(row);
-    customTeam.groups.erase(customTeam.groups.begin() + row);
+    if (groupOf(CustomTeamNode, row))
+        customTeam.groups.erase(customTeam.groups.begin() + row);
     // The tree's current node can be another group than the shown one, so the shown one may have
     // moved up. It must not be written back into its neighbour.
     if (table->teamKind == CustomTeamNode) {

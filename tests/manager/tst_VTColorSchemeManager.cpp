@@ -41,12 +41,15 @@ private Q_SLOTS:
     void aClickOnAnEmptyTeamShowsNothing();
     void theKeyboardDoesNotSwitchGroups();
     void invalidClicksAreIgnored();
+    void foreignTeamsAreLeftAlone();
+    void theCloseButtonRejects();
     void editsInTheTableOutliveAChangeOfTheGroup();
     void aCallFromCodeDoesNotWriteBack();
     void cancelLeavesTheStoreAsItWas();
     void escapeRejects();
     void copyMenusLeaveOutTheShownGroup();
     void copyMenusAreMadeAnewForTheCaller();
+    void anEmptyTeamHasAnEmptyCopyMenu();
     void theContextMenuOffersGroupsAndFavourites();
     void theContextMenuOfFavouritesLacksFavourites();
     void theContextMenuNeedsASelectedRow();
@@ -393,6 +396,44 @@ void tst_VTColorSchemeManager::invalidClicksAreIgnored()
     QCOMPARE(user->names(), (QStringList{"m1", "m2"}));
 }
 
+void tst_VTColorSchemeManager::foreignTeamsAreLeftAlone()
+{
+    // The tree's model can be reached from outside; a node of no known team switches nothing.
+    open();
+    user->click(1, 0);
+    auto *model = qobject_cast<QStandardItemModel *>(user->tree->model());
+    QVERIFY(model);
+    auto *team = new QStandardItem(QStringLiteral("Foreign"));
+    team->setData(QVariant::fromValue(ColorSchemeNodeInfo("Foreign", GroupNode)), Qt::UserRole + 1);
+    team->appendRow(new QStandardItem(QStringLiteral("inner")));
+    model->appendRow(team);
+    Q_EMIT user->tree->clicked(user->node(3));
+    QCOMPARE(user->tree->currentIndex(), user->node(3, 0));
+    QCOMPARE(user->table->teamKind, 1);
+    QCOMPARE(user->table->groupIndex, 0);
+    QCOMPARE(user->names(), (QStringList{"m1", "m2"}));
+    // Without children it counts as an empty team.
+    team->removeRow(0);
+    Q_EMIT user->tree->clicked(user->node(3));
+    QCOMPARE(user->table->teamKind, 3);
+    QCOMPARE(user->table->groupIndex, -1);
+    QCOMPARE(user->names(), QStringList());
+}
+
+void tst_VTColorSchemeManager::theCloseButtonRejects()
+{
+    open();
+    user->click(1, 0);
+    user->model->setData(user->model->index(0, 2), QStringLiteral("edited"));
+    manager->setResult(QDialog::Accepted);
+    QSignalSpy rejected(manager.get(), &QDialog::rejected);
+    QVERIFY(manager->close());
+    QCOMPARE(rejected.count(), 1);
+    QCOMPARE(manager->result(), int(QDialog::Rejected));
+    QCOMPARE(schemeNames(VOColorSchemeManager::instance()->customTeam.groups[0]),
+             (QStringList{"m1", "m2"}));
+}
+
 void tst_VTColorSchemeManager::editsInTheTableOutliveAChangeOfTheGroup()
 {
     open();
@@ -476,6 +517,17 @@ void tst_VTColorSchemeManager::copyMenusAreMadeAnewForTheCaller()
     QCOMPARE(action->parent(), first.get());
     QCOMPARE(action->data().value<ColorSchemeNodeInfo>().type, int(GroupNode));
     QCOMPARE(toQString(action->data().value<ColorSchemeNodeInfo>().name), QStringLiteral("Unique"));
+}
+
+void tst_VTColorSchemeManager::anEmptyTeamHasAnEmptyCopyMenu()
+{
+    VOColorSchemeManager::instance()->defaultTeam.groups = {makeGroup("Secret", {"s"})};
+    VOColorSchemeManager::instance()->customTeam.groups.clear();
+    open();
+    const std::unique_ptr<QMenu> defaults(manager->defaultMenu());
+    const std::unique_ptr<QMenu> customs(manager->customMenu());
+    QVERIFY(defaults->isEmpty());
+    QVERIFY(customs->isEmpty());
 }
 
 void tst_VTColorSchemeManager::theContextMenuOffersGroupsAndFavourites()

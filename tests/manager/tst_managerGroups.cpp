@@ -1,12 +1,15 @@
+#include "colorscheme/manager/ColorSchemeNodeInfo.h"
 #include "colorscheme/manager/VTLineEditWidget.h"
 #include "tests/manager/ManagerUser.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 
+#include <QAction>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QStandardItemModel>
 #include <QtTest>
 
 #include <memory>
@@ -44,6 +47,8 @@ private Q_SLOTS:
     void copyingNothingStillAsksToSave();
     void copiesIntoAnotherGroupOfTheShownNameAreKept();
     void aDeletedTargetIsIgnored();
+    void anUnknownBuiltInTargetMeansTheFirstGroup();
+    void aNodeWithoutItsGroupIsJustRemoved();
 
 private:
     void open();
@@ -454,6 +459,37 @@ void tst_managerGroups::aDeletedTargetIsIgnored()
     QVERIFY(QMetaObject::invokeMethod(manager.get(), "onCopyCustomGroup", Q_ARG(bool, false)));
     QVERIFY(QMetaObject::invokeMethod(manager.get(), "onCopyDefaultGroup", Q_ARG(bool, false)));
     QCOMPARE(copyNames(0, 0), (QStringList{"a", "b"}));
+}
+
+void tst_managerGroups::anUnknownBuiltInTargetMeansTheFirstGroup()
+{
+    open();
+    user->click(1, 2);
+    user->select({1});
+    QAction action;
+    action.setData(QVariant::fromValue(ColorSchemeNodeInfo("Nowhere", GroupNode)));
+    QVERIFY(
+        connect(&action, SIGNAL(triggered(bool)), manager.get(), SLOT(onCopyDefaultGroup(bool))));
+    action.trigger();
+    QCOMPARE(copyNames(0, 0), (QStringList{"a", "b", "t2"}));
+    QCOMPARE(copyNames(0, 1), QStringList{"u"});
+}
+
+void tst_managerGroups::aNodeWithoutItsGroupIsJustRemoved()
+{
+    // The tree's model can be reached from outside.
+    open();
+    auto *model = qobject_cast<QStandardItemModel *>(user->tree->model());
+    QVERIFY(model);
+    model->item(1)->appendRow(new QStandardItem(QStringLiteral("Foreign")));
+    user->click(1, 3);
+    QCOMPARE(user->table->groupIndex, -1);
+    ModalDriver driver;
+    driver.next(pressText(QStringLiteral("Delete")));
+    user->command("actionDelete_group");
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(user->groups(1), (QStringList{"First", "Second", "Third"}));
+    QCOMPARE(workingCopy(*manager, 1).groups.size(), std::size_t(3));
 }
 
 QTEST_MAIN(tst_managerGroups)
