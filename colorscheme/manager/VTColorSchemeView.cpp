@@ -151,8 +151,12 @@ void VTColorSchemeView::onExportScheme()
     VOString directory = toVOString(chosen);
     directory.Replace(L'\\', L'/');
     bool ok = true;
+    const std::vector<VOColorScheme> &schemes = tableModel->group().schemes;
     for (const int row : rows) {
-        const VOColorScheme &scheme = tableModel->group().schemes[static_cast<std::size_t>(row)];
+        // Whoever holds the working copy can have shortened it while the user chose.
+        if (static_cast<std::size_t>(row) >= schemes.size())
+            continue;
+        const VOColorScheme &scheme = schemes[static_cast<std::size_t>(row)];
         // A name can be any text; its file stays inside the folder.
         const VOString path = directory + "/" + safeFileName(scheme.name) + ".vcs";
         ok = VOColorSchemeManager::saveFile(scheme, path) && ok;

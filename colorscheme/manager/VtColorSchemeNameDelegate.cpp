@@ -26,29 +26,33 @@ QWidget *VtColorSchemeNameDelegate::createEditor(QWidget *parent,
     editor->lineEdit()->setAttribute(Qt::WA_TranslucentBackground);
     // The view filters the events of the editor, but the keyboard is in the field inside it.
     editor->lineEdit()->installEventFilter(const_cast<VtColorSchemeNameDelegate *>(this));
-    connect(editor, &VTLineEditWidget::textEdited, view, &VTColorSchemeView::onNameEdited);
-    connect(editor, &VTLineEditWidget::editingFinished, view,
-            &VTColorSchemeView::onNameEditingFinished);
+    if (view) {
+        connect(editor, &VTLineEditWidget::textEdited, view, &VTColorSchemeView::onNameEdited);
+        connect(editor, &VTLineEditWidget::editingFinished, view,
+                &VTColorSchemeView::onNameEditingFinished);
+    }
     return editor;
 }
 
 void VtColorSchemeNameDelegate::destroyEditor(QWidget *editor, const QModelIndex &index) const
 {
     // However the editing ended, no unusable name is being typed any more.
-    Q_EMIT view->information(true);
+    if (view)
+        Q_EMIT view->information(true);
     QItemDelegate::destroyEditor(editor, index);
 }
 
 void VtColorSchemeNameDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
     if (auto *nameEditor = qobject_cast<VTLineEditWidget *>(editor))
-        nameEditor->lineEdit()->setText(index.model()->data(index, Qt::EditRole).toString());
+        nameEditor->lineEdit()->setText(index.data(Qt::EditRole).toString());
 }
 
 void VtColorSchemeNameDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
                                              const QModelIndex &index) const
 {
-    if (auto *nameEditor = qobject_cast<VTLineEditWidget *>(editor))
+    auto *nameEditor = qobject_cast<VTLineEditWidget *>(editor);
+    if (nameEditor && model)
         model->setData(index, nameEditor->lineEdit()->text(), Qt::EditRole);
 }
 
@@ -56,7 +60,8 @@ void VtColorSchemeNameDelegate::updateEditorGeometry(QWidget *editor,
                                                      const QStyleOptionViewItem &option,
                                                      const QModelIndex & /*index*/) const
 {
-    editor->setGeometry(option.rect);
+    if (editor)
+        editor->setGeometry(option.rect);
 }
 
 bool VtColorSchemeNameDelegate::eventFilter(QObject *object, QEvent *event)

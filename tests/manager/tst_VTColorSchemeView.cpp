@@ -18,7 +18,9 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QSignalSpy>
+#include <QTranslator>
 #include <QtTest>
 
 #include <memory>
@@ -62,6 +64,12 @@ private Q_SLOTS:
     void theDelegateEditsByTheEditRole();
     void onlyVisibleRowsRenderTheirPreviews();
     void assistiveToolsHearOfTheCurrentRow();
+    void exportPassesOverRowsThatAreGone();
+    void aRowThatIsGoneIsNotEdited();
+    void theDelegateBearsMissingPartners();
+    void itsTextsAreTranslatedUnderTheirClass();
+    void aNameIsJudgedByTheRowThatItsEditorKeeps_data();
+    void aNameIsJudgedByTheRowThatItsEditorKeeps();
 
 private:
     std::unique_ptr<TestStore> store;
@@ -112,6 +120,18 @@ ModalDriver::Handler expectBox(const QString &title, const QString &text,
         QTest::mouseClick(box->button(button), Qt::LeftButton);
     };
 }
+
+/// Answers with the context and the source text.
+class EchoTranslator : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char *context, const char *source, const char * /*disambiguation*/,
+                      int /*n*/) const override
+    {
+        return QLatin1String(context) + QLatin1Char('/') + QLatin1String(source);
+    }
+};
 
 const QString exportTitle = QStringLiteral("Export color scheme");
 const QString exported = QStringLiteral("Export color scheme successfully!");
@@ -493,6 +513,119 @@ void tst_VTColorSchemeView::assistiveToolsHearOfTheCurrentRow()
     QCOMPARE(interface->text(QAccessible::Description), describeColorRamp(nullptr));
     view->setGroup(1, 1, makeGroup("empty", {}));
     QCOMPARE(interface->text(QAccessible::Description), QString());
+}
+
+void tst_VTColorSchemeView::exportPassesOverRowsThatAreGone()
+{
+    view->setGroup(1, 0, makeGroup("g", {"a", "b"}));
+    view->selectAll();
+    ModalDriver driver;
+    driver.next([&](QWidget *window) {
+        auto &schemes = view->schemeModel()->group().schemes;
+        schemes.erase(schemes.begin() + 1);
+        schemes.shrink_to_fit();
+        choose({store->path()})(window);
+    });
+    driver.next(expectBox(exportTitle, exported, QMessageBox::Ok));
+    view->onExportScheme();
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(QDir(store->path()).entryList(QDir::Files), QStringList{"a.vcs"});
+}
+
+void tst_VTColorSchemeView::aRowThatIsGoneIsNotEdited()
+{
+    view->setGroup(1, 0, makeGroup("g", {"a", "b"}));
+    const QModelIndex lost = view->schemeModel()->index(1, 1);
+    view->schemeModel()->group().schemes.pop_back();
+    ModalDriver driver;
+    driver.next(pressNamed(QStringLiteral("pushButton_ok")));
+    view->onDoubleClicked(lost);
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(schemeNames(view->schemeModel()->group()), QStringList{"a"});
+}
+
+void tst_VTColorSchemeView::theDelegateBearsMissingPartners()
+{
+    VtColorSchemeNameDelegate delegate(nullptr);
+    view->setGroup(1, 0, makeGroup("g", {"a", "b"}));
+    const QModelIndex index = view->schemeModel()->index(1, 2);
+    const QStyleOptionViewItem option;
+    QWidget parent;
+    QPointer<QWidget> editor = delegate.createEditor(&parent, option, index);
+    QVERIFY(editor);
+    delegate.setEditorData(editor, QModelIndex());
+    QCOMPARE(qobject_cast<VTLineEditWidget *>(editor)->lineEdit()->text(), QString());
+    delegate.setEditorData(nullptr, index);
+    delegate.setModelData(editor, nullptr, index);
+    delegate.setModelData(nullptr, view->schemeModel(), index);
+    QCOMPARE(schemeNames(view->schemeModel()->group()), (QStringList{"a", "b"}));
+    delegate.updateEditorGeometry(nullptr, option, index);
+    delegate.destroyEditor(editor, index);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!editor);
+}
+
+void tst_VTColorSchemeView::itsTextsAreTranslatedUnderTheirClass()
+{
+    EchoTranslator translator;
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+    VTColorSchemeView other(nullptr);
+    const QStringList titles{QString(), "VTColorSchemeModel/ColorRamp", "VTColorSchemeModel/Name",
+                             "VTColorSchemeModel/Author", "VTColorSchemeModel/Describe"};
+    for (int column = 0; column < titles.size(); ++column)
+        QCOMPARE(other.schemeModel()->headerData(column, Qt::Horizontal).toString(),
+                 titles[column]);
+    auto *menu = other.findChild<QMenu *>(QString(), Qt::FindDirectChildrenOnly);
+    QVERIFY(menu);
+    QStringList texts;
+    for (const QAction *action : menu->actions()) {
+        texts.append(action->text());
+        for (const QAction *below : action->menu() ? action->menu()->actions() : QList<QAction *>())
+            texts.append(below->text());
+    }
+    QCOMPARE(texts, (QStringList{"VTColorSchemeView/Copy to", "VTColorSchemeView/Default",
+                                 "VTColorSchemeView/Custom", "VTColorSchemeView/Export",
+                                 "VTColorSchemeView/Favorite"}));
+    QCOMPARE(menu->actions().first()->menu()->parent(), menu);
+    ModalDriver driver;
+    driver.next(expectBox(QStringLiteral("VTColorSchemeView/Export color scheme"),
+                          QStringLiteral("VTColorSchemeView/No color scheme selected!"),
+                          QMessageBox::Close));
+    other.onExportScheme();
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCoreApplication::removeTranslator(&translator);
+}
+
+void tst_VTColorSchemeView::aNameIsJudgedByTheRowThatItsEditorKeeps_data()
+{
+    QTest::addColumn<QVariant>("row");
+    QTest::addColumn<bool>("ok");
+    QTest::newRow("its own") << QVariant(0) << true;
+    QTest::newRow("another's") << QVariant(1) << false;
+    QTest::newRow("negative") << QVariant(-1) << false;
+    QTest::newRow("gone") << QVariant(1000000) << false;
+    QTest::newRow("none means the first") << QVariant() << true;
+}
+
+void tst_VTColorSchemeView::aNameIsJudgedByTheRowThatItsEditorKeeps()
+{
+    QFETCH(QVariant, row);
+    QFETCH(bool, ok);
+    view->setGroup(1, 0, makeGroup("g", {"a", "b"}));
+    VTLineEditWidget field(nullptr);
+    field.setData(row);
+    connect(&field, SIGNAL(textEdited(QString)), view.get(), SLOT(onNameEdited(QString)));
+    connect(&field, SIGNAL(editingFinished()), view.get(), SLOT(onNameEditingFinished()));
+    QSignalSpy information(view.get(), &VTColorSchemeView::information);
+    QTest::keyClick(field.lineEdit(), Qt::Key_A);
+    QCOMPARE(information.count(), 1);
+    QCOMPARE(information.last().first(), QVariant(ok));
+    QTest::keyClick(field.lineEdit(), Qt::Key_Return);
+    QCOMPARE(information.count(), 2);
+    QCOMPARE(information.last().first(), QVariant(true));
+    QCOMPARE(field.lineEdit()->text(), ok ? QStringLiteral("a") : QStringLiteral("rename_1"));
+    // The reason stays to be read.
+    QCOMPARE(field.findChild<QLabel *>(QStringLiteral("label"))->isHidden(), ok);
 }
 
 QTEST_MAIN(tst_VTColorSchemeView)
