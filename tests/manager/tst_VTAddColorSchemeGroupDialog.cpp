@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QToolButton>
 #include <QtTest>
 
 #include <memory>
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void theKeyboardStartsAtTheProposedName();
     void emptyOrTakenNameIsWarnedAbout_data();
     void emptyOrTakenNameIsWarnedAbout();
+    void theClearButtonIsTypingToo();
     void theWarningGoesWithTheNextGoodName();
     void aTakenProposalIsAcceptedAsItStands();
     void groupsThatAreNotSavedYetDoNotCountAsTaken();
@@ -166,6 +168,20 @@ void tst_VTAddColorSchemeGroupDialog::emptyOrTakenNameIsWarnedAbout()
     typeOver(dialog, typed);
     QCOMPARE(warningOf(dialog), warning);
     QCOMPARE(child<QPushButton>(dialog, "pushButton_ok")->isEnabled(), warning.isEmpty());
+}
+
+void tst_VTAddColorSchemeGroupDialog::theClearButtonIsTypingToo()
+{
+    VTAddColorSchemeGroupDialog dialog(QStringLiteral("Custom group1"), nullptr);
+    dialog.show();
+    auto *clear = nameField(dialog)->lineEdit()->findChild<QToolButton *>();
+    QVERIFY(clear);
+    QTest::mouseClick(clear, Qt::LeftButton);
+    QCOMPARE(warningOf(dialog), QStringLiteral("The name cannot be empty!"));
+    QVERIFY(!child<QPushButton>(dialog, "pushButton_ok")->isEnabled());
+    // Nor does Return get past it.
+    QTest::keyClick(nameField(dialog)->lineEdit(), Qt::Key_Return);
+    QVERIFY(dialog.isVisible());
 }
 
 void tst_VTAddColorSchemeGroupDialog::theWarningGoesWithTheNextGoodName()

@@ -66,6 +66,9 @@ private Q_SLOTS:
     void favouritesOfAFavouritesGroupHaveNoName();
     void informationSwitchesOk();
     void okWithoutChangesClosesAtOnce();
+    void okAsksAfterAnyEditInTheTable_data();
+    void okAsksAfterAnyEditInTheTable();
+    void okAsksAfterADoubleClickThatWasAccepted();
     void okAsksAndSaves();
     void okAndNoClosesWithoutSaving();
     void aTeamThatNobodyChangedIsWrittenBackToo();
@@ -709,6 +712,54 @@ void tst_managerSchemes::okWithoutChangesClosesAtOnce()
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     QVERIFY(!manager->isVisible());
     QCOMPARE(manager->result(), int(QDialog::Accepted));
+}
+
+void tst_managerSchemes::okAsksAfterAnyEditInTheTable_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<int>("role");
+    QTest::addColumn<bool>("asks");
+    QTest::newRow("name") << 2 << int(Qt::EditRole) << true;
+    QTest::newRow("author") << 3 << int(Qt::EditRole) << true;
+    QTest::newRow("description") << 4 << int(Qt::EditRole) << true;
+    // Deliberate: also where nothing is stored.
+    QTest::newRow("number") << 0 << int(Qt::EditRole) << true;
+    QTest::newRow("preview") << 1 << int(Qt::EditRole) << true;
+    QTest::newRow("nowhere") << -1 << int(Qt::EditRole) << true;
+    QTest::newRow("another role") << 2 << int(Qt::DisplayRole) << false;
+}
+
+void tst_managerSchemes::okAsksAfterAnyEditInTheTable()
+{
+    QFETCH(int, column);
+    QFETCH(int, role);
+    QFETCH(bool, asks);
+    open();
+    user->click(1, 0);
+    QCOMPARE(user->model->setData(user->model->index(0, column), QStringLiteral("x"), role), asks);
+    ModalDriver driver;
+    if (asks)
+        driver.next(pressText(QStringLiteral("Cancel")));
+    QTest::mouseClick(user->ok, Qt::LeftButton);
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QVERIFY(!manager->isVisible());
+}
+
+void tst_managerSchemes::okAsksAfterADoubleClickThatWasAccepted()
+{
+    for (const bool accepted : {false, true}) {
+        open();
+        user->click(1, 0);
+        ModalDriver driver;
+        driver.next(pressNamed(accepted ? QStringLiteral("pushButton_ok")
+                                        : QStringLiteral("pushButton_cancel")));
+        if (accepted)
+            driver.next(pressText(QStringLiteral("Cancel")));
+        user->table->onDoubleClicked(user->model->index(1, 1));
+        QTest::mouseClick(user->ok, Qt::LeftButton);
+        QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+        QVERIFY(!manager->isVisible());
+    }
 }
 
 void tst_managerSchemes::okAsksAndSaves()

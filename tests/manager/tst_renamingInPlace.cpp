@@ -4,8 +4,10 @@
 #include "vomap/VOColorSchemeManager.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QSignalSpy>
 #include <QToolBar>
@@ -65,6 +67,11 @@ private Q_SLOTS:
     void theTreeUnderTheFieldCanLoseItsGroup();
     void theManagerUnderTheFieldCanGo();
     void theTableUnderTheFieldCanGo();
+    void theClearButtonIsTypingToo();
+    void theKeypadsEnterCommits();
+    void aDoubleClickOnTheNextNameCommitsAndEditsThat();
+    void theFieldsOwnMenuDoesNotEndTheEditing();
+    void aRightClickOnAnotherRowCommits();
 
 private:
     QPoint cell(int row, int column) const;
@@ -499,6 +506,82 @@ void tst_renamingInPlace::theTableUnderTheFieldCanGo()
     table.reset();
     QVERIFY(information.isEmpty());
     QVERIFY(!QApplication::focusWidget());
+}
+
+void tst_renamingInPlace::theClearButtonIsTypingToo()
+{
+    edit(1);
+    auto *clear = editor()->lineEdit()->findChild<QToolButton *>();
+    QVERIFY(clear);
+    clickAt(clear, clear->rect().center());
+    QTRY_COMPARE(editor()->lineEdit()->text(), QString());
+    QCOMPARE(warning(), QStringLiteral("The name cannot be empty!"));
+    QVERIFY(!user->ok->isEnabled());
+}
+
+void tst_renamingInPlace::theKeypadsEnterCommits()
+{
+    edit(1);
+    type(QStringLiteral("new"));
+    press(Qt::Key_Enter, Qt::KeypadModifier);
+    QVERIFY(!editor());
+    QCOMPARE(user->names().at(1), QStringLiteral("new"));
+    QVERIFY(manager->isVisible());
+}
+
+void tst_renamingInPlace::aDoubleClickOnTheNextNameCommitsAndEditsThat()
+{
+    edit(1);
+    type(QStringLiteral("c"));
+    edit(2);
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(user->names().at(1), QStringLiteral("rename_5"));
+    QVERIFY(editor());
+    QCOMPARE(editor()->data(), QVariant(2));
+    QCOMPARE(editor()->lineEdit()->selectedText(), QStringLiteral("c"));
+    QVERIFY(user->ok->isEnabled());
+    type(QStringLiteral("a"));
+    QVERIFY(!user->ok->isEnabled());
+    press(Qt::Key_Escape);
+    QVERIFY(user->ok->isEnabled());
+}
+
+void tst_renamingInPlace::theFieldsOwnMenuDoesNotEndTheEditing()
+{
+    edit(1);
+    type(QStringLiteral("c"));
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5),
+                            editor()->lineEdit()->mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(editor()->lineEdit(), &event);
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QCoreApplication::processEvents();
+    QVERIFY(editor());
+    QCOMPARE(user->names().at(1), QStringLiteral("b"));
+    QTest::keyClick(menu, Qt::Key_Escape);
+    QCoreApplication::processEvents();
+    QVERIFY(editor());
+    QCOMPARE(QApplication::focusWidget(), editor()->lineEdit());
+    QCOMPARE(user->names().at(1), QStringLiteral("b"));
+    QCOMPARE(editor()->lineEdit()->text(), QStringLiteral("c"));
+    QVERIFY(!user->ok->isEnabled());
+    press(Qt::Key_Return);
+    QCOMPARE(user->names().at(1), QStringLiteral("rename_5"));
+}
+
+void tst_renamingInPlace::aRightClickOnAnotherRowCommits()
+{
+    edit(1);
+    type(QStringLiteral("c"));
+    QTest::mouseClick(window, Qt::RightButton, Qt::NoModifier,
+                      user->table->viewport()->mapTo(manager.get(), cell(0, 4)));
+    QCoreApplication::processEvents();
+    QVERIFY(!editor());
+    QCOMPARE(user->names().at(1), QStringLiteral("rename_5"));
+    QVERIFY(user->ok->isEnabled());
+    if (QWidget *menu = QApplication::activePopupWidget())
+        menu->close();
 }
 
 QTEST_MAIN(tst_renamingInPlace)
