@@ -21,12 +21,17 @@ QVector<int> selectedRows(const QTableView &view, int most = std::numeric_limits
 {
     QVector<int> rows;
     const int lastColumn = view.model()->columnCount() - 1;
-    const QItemSelection selection = view.selectionModel()->selection();
+    const QItemSelectionModel *const model = view.selectionModel();
+    const QItemSelection selection = model->selection();
     for (const QItemSelectionRange &range : selection) {
-        if (range.left() > 0 || range.right() < lastColumn)
-            continue; // single cells, which only code can select
-        for (int row = range.top(); row <= range.bottom() && rows.size() < most; ++row)
-            rows.append(row);
+        if (range.left() > 0)
+            continue;
+        // Single cells, which only code can select, make a row if all of them are selected.
+        const bool whole = range.right() == lastColumn;
+        for (int row = range.top(); row <= range.bottom() && rows.size() < most; ++row) {
+            if (whole || model->isRowSelected(row, QModelIndex()))
+                rows.append(row);
+        }
     }
     std::sort(rows.begin(), rows.end());
     return rows;
@@ -87,13 +92,16 @@ void VTColorSchemeEditor::onInvetSelect()
     addRows(next, colorModel->rowCount() - 1);
 
     ui->colorView->clearSelection();
-    if (lastRow < 0)
-        return;
-    // All rows in one go, since one by one they take seconds in a long list. The last one becomes
-    // the current one, as if it had been added last.
-    QItemSelectionModel *const selection = ui->colorView->selectionModel();
-    selection->select(others, QItemSelectionModel::Select);
-    selection->setCurrentIndex(colorModel->index(lastRow, 0), QItemSelectionModel::NoUpdate);
+    ui->colorView->setSelectionMode(QAbstractItemView::MultiSelection);
+    if (lastRow >= 0) {
+        // All rows in one go, since one by one they take seconds in a long list. The last one
+        // becomes the current one, as if it had been added last.
+        QItemSelectionModel *const selection = ui->colorView->selectionModel();
+        selection->select(others, QItemSelectionModel::Select);
+        selection->setCurrentIndex(colorModel->index(lastRow, 0), QItemSelectionModel::NoUpdate);
+    }
+    // Whatever the mode was before.
+    ui->colorView->setSelectionMode(QAbstractItemView::ExtendedSelection);
 }
 
 void VTColorSchemeEditor::onColorAntitone()

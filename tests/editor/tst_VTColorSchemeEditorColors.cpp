@@ -23,6 +23,7 @@ private Q_SLOTS:
     void whatIsLeftSelectedAfterDeletingDecidesOnTheMoves();
     void deletingGoesFromTheLastRowToTheFirst();
     void singleCellsAreNoSelectedRows();
+    void aRowSelectedCellByCellIsASelectedRow();
 
     void antitoneReversesTheList_data();
     void antitoneReversesTheList();
@@ -46,6 +47,8 @@ private Q_SLOTS:
     void selectingAllGivesTheListTheKeyboard();
     void invertingGivesTheComplement_data();
     void invertingGivesTheComplement();
+    void invertingLeavesTheExtendedSelectionWhateverWasBefore_data();
+    void invertingLeavesTheExtendedSelectionWhateverWasBefore();
     void invertingKeepsShiftClicksWorking();
 
     void aDoubleClickElsewhereOpensNothing_data();
@@ -119,6 +122,21 @@ public:
     }
 
     QRegion region;
+};
+
+/// Notes why a widget got the keyboard.
+class FocusReasons : public QObject
+{
+public:
+    explicit FocusReasons(QWidget *widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::FocusIn)
+            seen.append(static_cast<QFocusEvent *>(event)->reason());
+        return false;
+    }
+
+    QVector<int> seen;
 };
 
 void doubleClick(EditorUnderTest &test, const QModelIndex &index)
@@ -248,6 +266,28 @@ void tst_VTColorSchemeEditorColors::singleCellsAreNoSelectedRows()
     const QVector<QColor> before = test.colors();
     test.run("onDeleteColor");
     QCOMPARE(test.colors(), before.mid(0, 1) + before.mid(2));
+}
+
+void tst_VTColorSchemeEditorColors::aRowSelectedCellByCellIsASelectedRow()
+{
+    EditorUnderTest test(randomRamp(1, 5));
+    test.view()->selectAll();
+    test.view()->clearSelection();
+    for (const int column : {1, 0})
+        test.view()->selectionModel()->select(test.model()->index(4, column),
+                                              QItemSelectionModel::Select);
+    QCOMPARE(test.selectedRows(), QVector<int>({4}));
+    QCOMPARE(test.enabledMoves(), QStringList({"Top", "Up"}));
+    test.run("onInvetSelect");
+    QCOMPARE(test.selectedRows(), QVector<int>({0, 1, 2, 3}));
+
+    for (const int column : {0, 1})
+        test.view()->selectionModel()->select(test.model()->index(2, column),
+                                              column == 0 ? QItemSelectionModel::ClearAndSelect
+                                                          : QItemSelectionModel::Select);
+    const QVector<QColor> before = test.colors();
+    test.run("onDeleteColor");
+    QCOMPARE(test.colors(), before.mid(0, 2) + before.mid(3));
 }
 
 void tst_VTColorSchemeEditorColors::antitoneReversesTheList_data()
@@ -492,8 +532,10 @@ void tst_VTColorSchemeEditorColors::selectingAllGivesTheListTheKeyboard()
     test.editor().show();
     QVERIFY(QTest::qWaitForWindowActive(&test.editor()));
     QVERIFY(!test.view()->hasFocus());
+    FocusReasons reasons(test.view());
     test.run("onSelectAll");
     QVERIFY(test.view()->hasFocus());
+    QCOMPARE(reasons.seen, QVector<int>({Qt::OtherFocusReason}));
     QCOMPARE(test.selectedRows(), QVector<int>({0, 1, 2, 3, 4}));
 }
 
@@ -525,6 +567,40 @@ void tst_VTColorSchemeEditorColors::invertingGivesTheComplement()
     // Twice is what it was.
     test.run("onInvetSelect");
     QCOMPARE(test.selectedRows(), before);
+}
+
+void tst_VTColorSchemeEditorColors::invertingLeavesTheExtendedSelectionWhateverWasBefore_data()
+{
+    QTest::addColumn<QAbstractItemView::SelectionMode>("mode");
+    QTest::addColumn<QVector<int>>("before");
+    for (const auto &[name, rows] :
+         {std::pair{"some", QVector<int>{1, 3}}, {"all", QVector<int>{0, 1, 2, 3, 4}}}) {
+        QTest::addRow("%s, extended", name) << QAbstractItemView::ExtendedSelection << rows;
+        QTest::addRow("%s, multiple", name) << QAbstractItemView::MultiSelection << rows;
+        QTest::addRow("%s, single", name) << QAbstractItemView::SingleSelection << rows;
+    }
+}
+
+void tst_VTColorSchemeEditorColors::invertingLeavesTheExtendedSelectionWhateverWasBefore()
+{
+    QFETCH(QAbstractItemView::SelectionMode, mode);
+    QFETCH(QVector<int>, before);
+    EditorUnderTest test(evenRamp(fiveColors, 9));
+    test.view()->setSelectionMode(mode);
+    test.select(before);
+    // What grows the selection does so in the mode that adds to it.
+    QVector<QAbstractItemView::SelectionMode> growing;
+    connect(test.view()->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [&](const QItemSelection &selected) {
+                if (!selected.isEmpty())
+                    growing.append(test.view()->selectionMode());
+            });
+    test.run("onInvetSelect");
+    QCOMPARE(test.selectedRows().size(), 5 - before.size());
+    QCOMPARE(growing.isEmpty(), before.size() == 5);
+    for (const QAbstractItemView::SelectionMode during : qAsConst(growing))
+        QCOMPARE(during, QAbstractItemView::MultiSelection);
+    QCOMPARE(test.view()->selectionMode(), QAbstractItemView::ExtendedSelection);
 }
 
 void tst_VTColorSchemeEditorColors::invertingKeepsShiftClicksWorking()
