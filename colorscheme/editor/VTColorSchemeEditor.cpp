@@ -245,6 +245,8 @@ void VTColorSchemeEditor::showPreview(VOColorRamp *ramp)
 
 VOColorScheme *VTColorSchemeEditor::currentScheme() const
 {
+    if (!schemeGroup)
+        return nullptr;
     auto &schemes = schemeGroup->schemes;
     const bool exists = schemeIndex >= 0 && static_cast<std::size_t>(schemeIndex) < schemes.size();
     return exists ? &schemes[static_cast<std::size_t>(schemeIndex)] : nullptr;

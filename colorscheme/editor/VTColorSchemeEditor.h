@@ -35,8 +35,9 @@ class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeEditor : public QDialog
 {
     Q_OBJECT
 public:
-    /// Edits the scheme at `index` of `group`, which is not owned, must not be null and must
-    /// outlive the dialog; the scheme must stay at its place meanwhile.
+    /// Edits the scheme at `index` of `group`, which is not owned and must outlive the dialog; the
+    /// scheme must stay at its place meanwhile. Where there is none, or no group, the dialog opens
+    /// with the default ramp, and its OK button rejects.
     ///
     /// With `isNew` the dialog completes a scheme that the caller has appended a moment ago, and
     /// its Cancel button removes that scheme again. Deliberate: Escape and the title bar's close

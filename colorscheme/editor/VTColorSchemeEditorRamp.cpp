@@ -12,6 +12,7 @@
 #include <QMessageBox>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 using VTObjects::rgb_color;
@@ -101,7 +102,7 @@ void VTColorSchemeEditor::onNameChanged(const QString &text)
     QString problem;
     if (trimmed.isEmpty()) {
         problem = tr("The name cannot be empty!");
-    } else {
+    } else if (schemeGroup) {
         // Deliberate: a new scheme is in its group already, so its first name counts as taken.
         const bool taken = isNewScheme ? schemeGroup->contains(name)
                                        : !schemeGroup->schemeNameChangeCheck(schemeIndex, name);
@@ -128,8 +129,7 @@ void VTColorSchemeEditor::onOk()
     scheme->name = toVOString(ui->nameWidget->lineEdit()->text());
     scheme->author = toVOString(ui->lineEdit_author->text());
     scheme->describe = toVOString(ui->lineEdit_describe->text());
-    delete scheme->colorRamp;
-    scheme->colorRamp = ramp.release();
+    delete std::exchange(scheme->colorRamp, ramp.release());
     accept();
 }
 

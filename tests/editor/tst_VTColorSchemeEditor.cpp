@@ -9,6 +9,7 @@
 #include "vomap/VOStringConversion.h"
 
 #include <QAccessible>
+#include <QDir>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -52,6 +53,8 @@ private Q_SLOTS:
     void levelsThatTheBoxCannotHoldAreShownAsTheNearest();
     void anIndexThatNamesNoSchemeOpensAndWritesNothing_data();
     void anIndexThatNamesNoSchemeOpensAndWritesNothing();
+    void withoutAGroupItOpensAndWritesNothing_data();
+    void withoutAGroupItOpensAndWritesNothing();
     void theRowsAndTheSizeFollowTheKind_data();
     void theRowsAndTheSizeFollowTheKind();
     void aShownDialogFollowsTheKind();
@@ -81,6 +84,19 @@ const HsvBounds someBounds{10, 120, 20, 80, 30, 90};
 QStringList childTexts(const QAction *separatorOrAction)
 {
     return {separatorOrAction->isSeparator() ? QStringLiteral("|") : separatorOrAction->text()};
+}
+
+/// The names of the embedded icons that cannot be told from this one.
+QStringList iconsThatLookLike(const QIcon &icon)
+{
+    const QImage picture = icon.pixmap(24, 24, QIcon::Normal, QIcon::Off).toImage();
+    QStringList found;
+    const QFileInfoList files = QDir(QStringLiteral(":/icon")).entryInfoList();
+    for (const QFileInfo &file : files) {
+        if (QIcon(file.filePath()).pixmap(24, 24).toImage() == picture)
+            found.append(file.completeBaseName());
+    }
+    return found;
 }
 
 RampPointer rampOf(VOColorRamp::ColorRampType kind)
@@ -348,19 +364,21 @@ void tst_VTColorSchemeEditor::theToolBarHasTheCommandsInTheirOrder()
     EditorUnderTest test(evenRamp(defaultSources, 10));
     QStringList texts;
     QStringList names;
+    QStringList icons;
     const QList<QAction *> actions = test.part<QToolBar>("toolbar")->actions();
     for (const QAction *action : actions) {
         texts += childTexts(action);
         if (action->isSeparator())
             continue;
         names.append(action->objectName());
-        QVERIFY2(!action->icon().isNull(), qPrintable(action->text()));
-        QVERIFY2(!action->icon().pixmap(24, 24).isNull(), qPrintable(action->text()));
+        icons += iconsThatLookLike(action->icon());
         QVERIFY2(action->isEnabled(), qPrintable(action->text()));
     }
     QCOMPARE(texts, QStringList({"Load scheme", "Add color", "Delete color", "|", "Select all",
                                  "Invert select", "Color antitone", "|", "Top", "Bottom", "|", "Up",
                                  "Down"}));
+    QCOMPARE(icons, QStringList({"LoadScheme", "AddColor", "DeleteColor", "SelectAll",
+                                 "InvertSelect", "Antitone", "Top", "Bottom", "Up", "Down"}));
     QCOMPARE(names, QStringList({"actionLoad_scheme", "actionAdd_color", "actionDelete_color",
                                  "actionSelect_all", "actionInvert_select", "actionColor_antitone",
                                  "actionTop", "actionBottom", "actionUp", "actionDown"}));
@@ -624,6 +642,27 @@ void tst_VTColorSchemeEditor::anIndexThatNamesNoSchemeOpensAndWritesNothing()
     QCOMPARE(schemeNames(group), QStringList({"A", "B"}));
 }
 
+void tst_VTColorSchemeEditor::withoutAGroupItOpensAndWritesNothing_data()
+{
+    QTest::addColumn<bool>("added");
+    QTest::newRow("adding") << true;
+    QTest::newRow("editing") << false;
+}
+
+void tst_VTColorSchemeEditor::withoutAGroupItOpensAndWritesNothing()
+{
+    QFETCH(bool, added);
+    VTColorSchemeEditor editor(0, nullptr, added, nullptr);
+    QCOMPARE(editor.findChild<VTColorModel *>()->colors, defaultSources);
+    QVERIFY(
+        QMetaObject::invokeMethod(&editor, "onNameChanged", Q_ARG(QString, QStringLiteral("Any"))));
+    QVERIFY(editor.findChild<QPushButton *>(QStringLiteral("pushButton_ok"))->isEnabled());
+    QVERIFY(QMetaObject::invokeMethod(&editor, "onTypeChanged", Q_ARG(int, 1)));
+    QVERIFY(QMetaObject::invokeMethod(&editor, "onOk"));
+    QCOMPARE(editor.result(), int(QDialog::Rejected));
+    QVERIFY(QMetaObject::invokeMethod(&editor, "onClose"));
+}
+
 void tst_VTColorSchemeEditor::theRowsAndTheSizeFollowTheKind_data()
 {
     addKinds();
@@ -738,6 +777,9 @@ void tst_VTColorSchemeEditor::pickingAKindKeepsTheColorsAndTheScheme()
         test.chooseType(kind);
         QCOMPARE(test.colors(), defaultSources);
         QCOMPARE(test.scheme().colorRamp->category(), VOColorRamp::EvenRamp);
+        const QImage shown = test.preview();
+        test.run("onPreview");
+        QCOMPARE(shown, test.preview());
     }
 }
 

@@ -16,6 +16,8 @@
 #include <QMessageBox>
 #include <QtTest>
 
+#include <functional>
+
 using namespace VTObjects;
 
 class tst_VTColorSchemeEditorRamp : public QObject
@@ -47,6 +49,7 @@ private Q_SLOTS:
     void okWritesTheScheme();
     void okStoresTheNameUntrimmed();
     void okReplacesTheRampAndLeavesTheOtherSchemes();
+    void theOldRampGoesOnceTheNewOneStandsInItsPlace();
     void cancelLeavesAnEditedScheme();
     void cancelRemovesANewScheme();
     void cancelRemovesANewSchemeWhereverItStands();
@@ -423,6 +426,35 @@ void tst_VTColorSchemeEditorRamp::okReplacesTheRampAndLeavesTheOtherSchemes()
     QCOMPARE(test.group.schemes.size(), std::size_t(3));
     QCOMPARE(test.group.schemes[0].colorRamp, other);
     QCOMPARE(schemeNames(test.group), QStringList({"Before", "Mine", "After"}));
+}
+
+void tst_VTColorSchemeEditorRamp::theOldRampGoesOnceTheNewOneStandsInItsPlace()
+{
+    class AskingRamp : public VOEvenColorRamp
+    {
+    public:
+        explicit AskingRamp(std::function<void()> onGoing)
+            : going(std::move(onGoing))
+        {
+        }
+        ~AskingRamp() override { going(); }
+
+    private:
+        std::function<void()> going;
+    };
+    const VOColorScheme *scheme = nullptr;
+    QString seen;
+    auto ramp = std::make_unique<AskingRamp>([&] {
+        if (scheme->colorRamp->category() == VOColorRamp::RandomRamp)
+            seen = toQString(scheme->name);
+    });
+    ramp->split(3);
+    EditorUnderTest test(std::move(ramp));
+    scheme = &test.scheme();
+    test.nameField()->setText(QStringLiteral("Other"));
+    test.chooseType(VOColorRamp::RandomRamp);
+    test.run("onOk");
+    QCOMPARE(seen, QStringLiteral("Other"));
 }
 
 void tst_VTColorSchemeEditorRamp::cancelLeavesAnEditedScheme()
