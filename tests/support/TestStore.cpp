@@ -17,8 +17,7 @@ TestStore::TestStore()
         qFatal("no temporary directory: %s", qPrintable(directory.errorString()));
     QDir(directory.path()).mkdir(QStringLiteral("files"));
     VTApplication::setVtgisSettingsFilePath(directory.filePath(QStringLiteral("settings.ini")));
-    VOColorSchemeManager::setStoreDirectory(
-        toVOString(directory.filePath(QStringLiteral("store"))));
+    VOColorSchemeManager::setStoreDirectory(toVOString(storeDirectory()));
     if (!VOColorSchemeManager::instance()->load())
         qFatal("the empty store cannot be loaded");
 }
@@ -32,6 +31,11 @@ QString TestStore::path(const QString &file) const
 {
     const QString files = directory.filePath(QStringLiteral("files"));
     return file.isEmpty() ? files : files + QLatin1Char('/') + file;
+}
+
+QString TestStore::storeDirectory() const
+{
+    return directory.filePath(QStringLiteral("store"));
 }
 
 void TestStore::setLastOpenFilePath(const QString &value)

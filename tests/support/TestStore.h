@@ -16,6 +16,8 @@ public:
 
     /// A folder for files of the test; goes with this object.
     QString path(const QString &file = QString()) const;
+    /// The folder in which the store keeps its files.
+    QString storeDirectory() const;
     /// Writes "history/lastOpenFilePath" into the settings file.
     void setLastOpenFilePath(const QString &value);
 
