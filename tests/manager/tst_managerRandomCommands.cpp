@@ -1,10 +1,12 @@
 #include "colorscheme/manager/VTLineEditWidget.h"
 #include "tests/manager/ManagerUser.h"
 #include "tests/support/TestStore.h"
+#include "tests/vomap/StoreFixture.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QMenu>
@@ -147,6 +149,7 @@ private:
     void deleteSchemes();
     void favourSchemes();
     void importSchemes();
+    void exportSchemes();
     void renameInPlace();
     void selectSome();
     void finish();
@@ -156,6 +159,7 @@ private:
     void check();
 
     std::unique_ptr<TestStore> store;
+    std::unique_ptr<StoreFixture> storeInMemory; // saves are waited for thousands of times
     std::unique_ptr<VTColorSchemeManager> manager;
     std::unique_ptr<ManagerUser> user;
     std::unique_ptr<Answers> answers;
@@ -187,6 +191,7 @@ QString favouriteText(const QString &name)
 void tst_managerRandomCommands::init()
 {
     store = std::make_unique<TestStore>();
+    storeInMemory = std::make_unique<StoreFixture>(StoreFixture::InMemory);
     for (const char *name : {"i1", "a"})
         VOColorSchemeManager::saveFile(makeScheme(QLatin1String(name)),
                                        toVOString(store->path(QLatin1String(name))));
@@ -199,6 +204,7 @@ void tst_managerRandomCommands::cleanup()
     user.reset();
     manager.reset();
     answers.reset();
+    storeInMemory.reset();
     store.reset();
 }
 
@@ -268,8 +274,10 @@ void tst_managerRandomCommands::step()
     };
     if (oneIn(40))
         editScheme();
-    else if (oneIn(150))
+    else if (oneIn(60))
         importSchemes();
+    else if (oneIn(60))
+        exportSchemes();
     else
         (this->*commands[below(int(std::size(commands)))])();
     if (!answers->done())
@@ -486,6 +494,24 @@ void tst_managerRandomCommands::importSchemes()
     modified = true;
 }
 
+void tst_managerRandomCommands::exportSchemes()
+{
+    QStringList names;
+    for (const int row : user->table->selectedRowNumbers())
+        names.append(table[row] + QStringLiteral(".vcs"));
+    history += QStringLiteral(" export(%1)").arg(names.size());
+    const QString folder = store->path(QStringLiteral("exported"));
+    QVERIFY(QDir(folder).removeRecursively());
+    QVERIFY(QDir().mkdir(folder));
+    if (!names.isEmpty())
+        answers->next(choose({folder}));
+    answers->next(pressStandard(names.isEmpty() ? QMessageBox::Close : QMessageBox::Ok));
+    user->command("actionExport_scheme");
+    names.removeDuplicates();
+    names.sort();
+    QCOMPARE(QDir(folder).entryList(QDir::Files, QDir::Name), names);
+}
+
 void tst_managerRandomCommands::renameInPlace()
 {
     if (table.isEmpty())
@@ -576,23 +602,31 @@ void tst_managerRandomCommands::finish()
 {
     if (QTest::currentTestFailed())
         return;
-    const auto *records = VOColorSchemeManager::instance();
-    const Team before = teamOf(records->customTeam);
-    const bool accepted = !oneIn(3);
-    history += QStringLiteral(" ok(%1)").arg(accepted);
-    if (modified)
+    auto *records = VOColorSchemeManager::instance();
+    const Team before[] = {teamOf(records->defaultTeam), teamOf(records->customTeam),
+                           teamOf(records->favoriteTeam)};
+    const auto agreesWith = [&](const Team *expected) {
+        QCOMPARE(textOf(teamOf(records->defaultTeam)), textOf(expected[0]));
+        QCOMPARE(textOf(teamOf(records->customTeam)), textOf(expected[1]));
+        QCOMPARE(textOf(teamOf(records->favoriteTeam)), textOf(expected[2]));
+    };
+    const bool byCancel = oneIn(4);
+    const bool accepted = !byCancel && !oneIn(3);
+    history += QStringLiteral(" %1(%2)").arg(byCancel ? "cancel" : "ok").arg(accepted);
+    if (modified && !byCancel)
         answers->next(pressStandard(accepted ? QMessageBox::Yes : QMessageBox::Cancel));
-    user->ok->click();
+    (byCancel ? user->cancel : user->ok)->click();
     QVERIFY(answers->done());
     QVERIFY(!manager->isVisible());
     if (!modified || !accepted) {
-        QCOMPARE(textOf(teamOf(records->customTeam)), textOf(before));
+        agreesWith(before);
         return;
     }
     writeBack();
-    QCOMPARE(textOf(teamOf(records->defaultTeam)), textOf(teams[0]));
-    QCOMPARE(textOf(teamOf(records->customTeam)), textOf(teams[1]));
-    QCOMPARE(textOf(teamOf(records->favoriteTeam)), textOf(teams[2]));
+    agreesWith(teams);
+    // The disk has the same.
+    QVERIFY(records->load());
+    agreesWith(teams);
 }
 
 QTEST_MAIN(tst_managerRandomCommands)
