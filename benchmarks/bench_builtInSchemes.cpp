@@ -1,5 +1,5 @@
 // How long the first start spends on the built-in schemes.
-#include "vomap/builtInSchemes_p.h"
+#include "vomap/store/builtInSchemes_p.h"
 
 #include <QElapsedTimer>
 

@@ -3,7 +3,7 @@
 #include "colorscheme/manager/VTColorSchemeManager.h"
 #include "colorscheme/manager/VTColorSchemeModel.h"
 #include "colorscheme/manager/VTColorSchemeView.h"
-#include "colorscheme/model/defaultColorRamp.h"
+#include "colorscheme/model/defaultColorRamp_p.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"

@@ -1,9 +1,9 @@
 // Prints the golden hash of the colour generators and leaves with 1 where it is another than the
 // tests know. tools/check-golden-colours compiles this with several compilers and flags.
-#include "tests/vomap/goldenColours.h"
-#include "vomap/evenColours_p.h"
-#include "vomap/hsvColours_p.h"
-#include "vomap/randomColours_p.h"
+#include "tests/vomap/generate/goldenColours.h"
+#include "vomap/generate/evenColours_p.h"
+#include "vomap/generate/hsvColours_p.h"
+#include "vomap/generate/randomColours_p.h"
 
 #include <cinttypes>
 #include <cstdio>

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Writes the built-in schemes: vomap/schemes/<Group>.json, one file a group, and for the tests the
-tables that published schemes were fitted to: tests/vomap/originals.json.
+tables that published schemes were fitted to: tests/vomap/store/originals.json.
 
     tools/make-schemes.py [--palettable DIR] [--cpt DIR]   writes them
     tools/make-schemes.py --check        writes nothing; reports what would change
@@ -365,7 +365,7 @@ def main():
         ROOT / "vomap/schemes" / f"{name}.json": text_of_group(name, schemes)
         for name, schemes in groups.items()
     }
-    files[ROOT / "tests/vomap/originals.json"] = text_of_originals(maker.originals)
+    files[ROOT / "tests/vomap/store/originals.json"] = text_of_originals(maker.originals)
     stale = [path for path, text in files.items() if not path.exists() or path.read_text() != text]
     for path in stale:
         print(f"{'would change' if arguments.check else 'wrote'} {path.relative_to(ROOT)}")

@@ -1,9 +1,9 @@
 #include "vomap/VOColorSchemeManager.h"
 
-#include "vomap/SchemeStore_p.h"
 #include "vomap/VOStringConversion.h"
-#include "vomap/fileSystem_p.h"
-#include "vomap/schemeText_p.h"
+#include "vomap/files/fileSystem_p.h"
+#include "vomap/files/schemeText_p.h"
+#include "vomap/store/SchemeStore_p.h"
 
 #include <QStandardPaths>
 

@@ -1,7 +1,7 @@
 #include "vomap/VOEvenColorRamp.h"
 
-#include "vomap/evenColours_p.h"
-#include "vomap/generatedColors_p.h"
+#include "vomap/generate/evenColours_p.h"
+#include "vomap/generate/generatedColors_p.h"
 
 namespace VTObjects {
 

@@ -1,7 +1,7 @@
 #include "vomap/VORandomColorRamp.h"
 
-#include "vomap/generatedColors_p.h"
-#include "vomap/randomColours_p.h"
+#include "vomap/generate/generatedColors_p.h"
+#include "vomap/generate/randomColours_p.h"
 
 namespace VTObjects {
 

@@ -1,7 +1,7 @@
 #include "vomap/VORandomColorRampForHsv.h"
 
-#include "vomap/generatedColors_p.h"
-#include "vomap/hsvColours_p.h"
+#include "vomap/generate/generatedColors_p.h"
+#include "vomap/generate/hsvColours_p.h"
 
 namespace VTObjects {
 

@@ -1,6 +1,6 @@
-#include "apps/mapviewer/AppSettings.h"
-#include "apps/mapviewer/MapWindow.h"
-#include "apps/mapviewer/Screenshots.h"
+#include "apps/mapviewer/window/AppSettings.h"
+#include "apps/mapviewer/window/MapWindow.h"
+#include "apps/mapviewer/window/Screenshots.h"
 
 #include "vomap/VOColorSchemeManager.h"
 #include "vtgiscore/VTApplication.h"

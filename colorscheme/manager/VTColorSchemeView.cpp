@@ -1,5 +1,6 @@
 #include "colorscheme/manager/VTColorSchemeView.h"
 
+#include "colorscheme/accessibility/describeColorRamp_p.h"
 #include "colorscheme/editor/VTColorSchemeEditor.h"
 #include "colorscheme/manager/ColorSchemeNodeInfo.h"
 #include "colorscheme/manager/VTColorSchemeManager.h"
@@ -8,9 +9,8 @@
 #include "colorscheme/manager/VtColorSchemeNameDelegate.h"
 #include "colorscheme/manager/dataModified_p.h"
 #include "colorscheme/manager/tableColumns_p.h"
-#include "colorscheme/model/GeneratedName.h"
-#include "colorscheme/model/describeColorRamp.h"
-#include "colorscheme/model/lastOpenFilePath.h"
+#include "colorscheme/model/GeneratedName_p.h"
+#include "colorscheme/model/lastOpenFilePath_p.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 #include "vomap/safeFileName.h"

@@ -1,4 +1,4 @@
-#include "colorscheme/model/GeneratedName.h"
+#include "colorscheme/model/GeneratedName_p.h"
 
 #include "vomap/VOColorSchemeGroup.h"
 #include "vomap/VOStringConversion.h"

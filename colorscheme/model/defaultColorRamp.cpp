@@ -1,4 +1,4 @@
-#include "colorscheme/model/defaultColorRamp.h"
+#include "colorscheme/model/defaultColorRamp_p.h"
 
 #include "vomap/VOEvenColorRamp.h"
 

@@ -1,4 +1,4 @@
-#include "colorscheme/model/lastOpenFilePath.h"
+#include "colorscheme/model/lastOpenFilePath_p.h"
 
 #include "vtgiscore/VTApplication.h"
 

@@ -1,10 +1,10 @@
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 
+#include "colorscheme/accessibility/describeColorRamp_p.h"
 #include "colorscheme/model/colorRampPreviewPixmap.h"
-#include "colorscheme/model/defaultColorRamp.h"
-#include "colorscheme/model/describeColorRamp.h"
+#include "colorscheme/model/defaultColorRamp_p.h"
 #include "colorscheme/picker/VTColorSchemeMenu.h"
-#include "colorscheme/picker/defaultGroupCaptions.h"
+#include "colorscheme/picker/defaultGroupCaptions_p.h"
 #include "colorscheme/picker/drawKeyboardFocus_p.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"

@@ -1,7 +1,7 @@
 #include "colorscheme/picker/VTColorSchemeGroupMenu.h"
 
 #include "colorscheme/picker/VTColorSchemeGroupButton.h"
-#include "colorscheme/picker/defaultGroupCaptions.h"
+#include "colorscheme/picker/defaultGroupCaptions_p.h"
 #include "colorscheme/picker/pickerAccessibility_p.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"

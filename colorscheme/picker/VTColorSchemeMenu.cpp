@@ -1,10 +1,10 @@
 #include "colorscheme/picker/VTColorSchemeMenu.h"
 
+#include "colorscheme/accessibility/describeColorRamp_p.h"
 #include "colorscheme/editor/VTColorSchemeEditor.h"
-#include "colorscheme/model/GeneratedName.h"
+#include "colorscheme/model/GeneratedName_p.h"
 #include "colorscheme/model/colorRampPreviewPixmap.h"
-#include "colorscheme/model/defaultColorRamp.h"
-#include "colorscheme/model/describeColorRamp.h"
+#include "colorscheme/model/defaultColorRamp_p.h"
 #include "colorscheme/picker/EntryList_p.h"
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "colorscheme/picker/VTColorSchemeGroupButton.h"

@@ -1,3 +1,3 @@
-#include "colorscheme/picker/defaultGroupCaptions.h"
+#include "colorscheme/picker/defaultGroupCaptions_p.h"
 
 QMap<VTObjects::VOString, QString> defaultGroupCaptions;

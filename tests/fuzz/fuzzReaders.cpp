@@ -1,10 +1,10 @@
 #include "tests/fuzz/fuzzReaders.h"
 
-#include "vomap/TeamFile_p.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorScheme.h"
-#include "vomap/schemeText_p.h"
-#include "vomap/xxHash64_p.h"
+#include "vomap/files/TeamFile_p.h"
+#include "vomap/files/schemeText_p.h"
+#include "vomap/files/xxHash64_p.h"
 
 #include <QtEndian>
 

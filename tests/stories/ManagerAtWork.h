@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/manager/ManagerUser.h"
+#include "tests/colorscheme/manager/ManagerUser.h"
 #include "tests/support/ModalDriver.h"
 #include "vomap/VOColorSchemeTeam.h"
 

@@ -1,0 +1,141 @@
+#include "apps/mapviewer/layers/Legend.h"
+
+#include "apps/mapviewer/layers/RampColors.h"
+
+#include <QFontMetricsF>
+
+#include <cmath>
+
+namespace mapviewer {
+
+namespace {
+
+constexpr double SwatchWidth = 26.0;
+constexpr double SwatchHeight = 13.0;
+constexpr double RowGap = 4.0;
+constexpr double StripHeight = 16.0;
+constexpr double TickLength = 4.0;
+constexpr double TextGap = 8.0;
+
+// Draws, or only measures when there is no painter; remembers how far down it has come.
+class LegendDrawing
+{
+public:
+    LegendDrawing(QPainter *painter, const QPointF &origin, double width, const LegendStyle &style)
+        : painter(painter)
+        , style(style)
+        , left(origin.x())
+        , top(origin.y())
+        , width(width)
+        , y(origin.y())
+    {
+    }
+
+    double height() const { return y - top; }
+
+    void text(const QString &line, bool bold, double opacity)
+    {
+        if (line.isEmpty())
+            return;
+        QFont font = style.font;
+        font.setBold(bold);
+        const QFontMetricsF metrics(font);
+        const QRectF bounds =
+            metrics.boundingRect(QRectF(0, 0, width, 10'000), Qt::TextWordWrap, line);
+        if (painter) {
+            QColor color = style.text;
+            color.setAlphaF(color.alphaF() * opacity);
+            painter->setFont(font);
+            painter->setPen(color);
+            painter->drawText(QRectF(left, y, width, bounds.height()), Qt::TextWordWrap, line);
+        }
+        y += std::ceil(bounds.height()) + RowGap;
+    }
+
+    void row(const Legend::Class &entry)
+    {
+        const QFontMetricsF metrics(style.font);
+        const double rowHeight = std::max(SwatchHeight, std::ceil(metrics.height()));
+        if (painter) {
+            const QRectF swatch(left + 0.5, y + std::floor((rowHeight - SwatchHeight) / 2.0) + 0.5,
+                                SwatchWidth, SwatchHeight);
+            painter->fillRect(swatch, QColor(entry.color));
+            painter->setPen(style.frame);
+            painter->setBrush(Qt::NoBrush);
+            painter->drawRect(swatch);
+            const double textLeft = left + SwatchWidth + TextGap;
+            const double textWidth = left + width - textLeft;
+            painter->setFont(style.font);
+            painter->setPen(style.text);
+            painter->drawText(QRectF(textLeft, y, textWidth, rowHeight), Qt::AlignVCenter,
+                              metrics.elidedText(entry.text, Qt::ElideRight, textWidth));
+        }
+        y += rowHeight + RowGap;
+    }
+
+    void strip(const Legend &legend)
+    {
+        const QFontMetricsF metrics(style.font);
+        const QRectF box(left + 0.5, y + 0.5, width - 1.0, StripHeight);
+        if (painter) {
+            const int columns = int(box.width());
+            for (int i = 0; i < columns; ++i) {
+                const QRgb color = colorAlong(legend.strip, double(i) / std::max(columns - 1, 1));
+                painter->fillRect(QRectF(box.left() + i, box.top(), 1.5, box.height()),
+                                  QColor(color));
+            }
+            painter->setPen(style.frame);
+            painter->setBrush(Qt::NoBrush);
+            painter->drawRect(box);
+        }
+        const double textTop = box.bottom() + TickLength + 1.0;
+        double freeFrom = left - 1.0;
+        for (const Legend::Tick &tick : legend.ticks) {
+            const double x = box.left() + tick.position * box.width();
+            const double textWidth = metrics.horizontalAdvance(tick.text);
+            const double textLeft =
+                std::max(left, std::min(x - textWidth / 2.0, left + width - textWidth));
+            // A number that would run into the one before it is left out, its mark stays.
+            const bool fits = textLeft >= freeFrom;
+            if (fits)
+                freeFrom = textLeft + textWidth + TextGap;
+            if (!painter)
+                continue;
+            painter->setPen(style.frame);
+            painter->drawLine(QPointF(x, box.bottom()), QPointF(x, box.bottom() + TickLength));
+            if (!fits)
+                continue;
+            painter->setFont(style.font);
+            painter->setPen(style.text);
+            painter->drawText(QPointF(textLeft, textTop + metrics.ascent()), tick.text);
+        }
+        y = std::ceil(textTop + metrics.height()) + RowGap;
+    }
+
+private:
+    QPainter *painter;
+    const LegendStyle &style;
+    double left;
+    double top;
+    double width;
+    double y;
+};
+
+} // namespace
+
+double drawLegend(QPainter *painter, const QPointF &origin, double width, const Legend &legend,
+                  const LegendStyle &style)
+{
+    LegendDrawing drawing(painter, origin, width, style);
+    if (style.withTitle)
+        drawing.text(legend.title, true, 1.0);
+    drawing.text(legend.caption, false, 0.75);
+    if (!legend.strip.isEmpty())
+        drawing.strip(legend);
+    for (const Legend::Class &entry : legend.classes)
+        drawing.row(entry);
+    drawing.text(legend.remark, false, 0.75);
+    return drawing.height();
+}
+
+} // namespace mapviewer

@@ -1,0 +1,92 @@
+#include "apps/mapviewer/layers/NumberText.h"
+
+#include <QLocale>
+#include <QStringList>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace mapviewer {
+
+namespace {
+
+constexpr int SignificantDigits = 4;
+constexpr int MostDecimals = 8;
+constexpr double LabelSlack = 1.0 / 50.0;
+
+QString withDecimals(double value, int decimals)
+{
+    const QLocale english(QLocale::English, QLocale::UnitedStates);
+    QString text = english.toString(value, 'f', decimals);
+    if (decimals > 0) {
+        while (text.endsWith(QLatin1Char('0')))
+            text.chop(1);
+        if (text.endsWith(QLatin1Char('.')))
+            text.chop(1);
+    }
+    if (text == QLatin1String("-0"))
+        text = QStringLiteral("0");
+    return text.replace(QLatin1Char('-'), QChar(0x2212));
+}
+
+int decimalsOf(double value, int digits)
+{
+    if (value == 0.0)
+        return 0;
+    const int magnitude = int(std::floor(std::log10(std::abs(value)))) + 1;
+    return std::clamp(digits - magnitude, 0, MostDecimals);
+}
+
+} // namespace
+
+QString numberText(double value)
+{
+    return withDecimals(value, decimalsOf(value, SignificantDigits));
+}
+
+QStringList numberTexts(const QVector<double> &values)
+{
+    QVector<double> sorted = values;
+    std::sort(sorted.begin(), sorted.end());
+    double slack = std::numeric_limits<double>::infinity();
+    for (int i = 1; i < sorted.size(); ++i) {
+        if (sorted.at(i) > sorted.at(i - 1))
+            slack = std::min(slack, (sorted.at(i) - sorted.at(i - 1)) * LabelSlack);
+    }
+    int decimals = 0;
+    const auto isOff = [&](double value) {
+        const double unit = std::pow(10.0, decimals);
+        return std::abs(std::round(value * unit) / unit - value) > slack;
+    };
+    while (decimals < MostDecimals && std::any_of(values.begin(), values.end(), isOff))
+        ++decimals;
+    QStringList texts;
+    for (const double value : values)
+        texts.append(withDecimals(value, decimals));
+    return texts;
+}
+
+QVector<double> roundSteps(double minimum, double maximum, int most)
+{
+    QVector<double> steps;
+    if (!(minimum < maximum) || most < 1)
+        return steps;
+    const double rough = (maximum - minimum) / most;
+    double step = std::pow(10.0, std::floor(std::log10(rough)));
+    for (;;) {
+        for (const double factor : {1.0, 2.0, 5.0}) {
+            const double size = step * factor;
+            const double first = std::ceil(minimum / size - 1e-9);
+            const double last = std::floor(maximum / size + 1e-9);
+            if (last - first + 1.0 > most)
+                continue;
+            for (double i = first; i <= last; i += 1.0)
+                steps.append(i * size);
+            return steps;
+        }
+        step *= 10.0;
+    }
+}
+
+} // namespace mapviewer

@@ -1,0 +1,106 @@
+#include "apps/mapviewer/map/MapPicture.h"
+
+#include <QCoreApplication>
+#include <QFontMetricsF>
+#include <QPainter>
+
+namespace mapviewer {
+
+namespace {
+
+constexpr double Margin = 28.0;
+constexpr double LegendWidth = 270.0;
+constexpr double LegendGap = 18.0;
+constexpr double TitleSize = 1.8; // times the map's font
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("MapPicture", text);
+}
+
+QString footer(const MapLayers &layers, ColorVision vision)
+{
+    QStringList parts;
+    for (const auto &layer : layers) {
+        if (layer->isVisible() && !layer->source().isEmpty() && !parts.contains(layer->source()))
+            parts.append(layer->source());
+    }
+    const QString remark = visionRemark(vision);
+    if (!remark.isEmpty())
+        parts.append(translated("Colours as in %1").arg(remark));
+    return parts.join(QStringLiteral("   ·   "));
+}
+
+} // namespace
+
+QString visionRemark(ColorVision vision)
+{
+    switch (vision) {
+    case ColorVision::Protan:
+        return translated("simulated protan vision");
+    case ColorVision::Deutan:
+        return translated("simulated deutan vision");
+    case ColorVision::Tritan:
+        return translated("simulated tritan vision");
+    case ColorVision::Grey:
+        return translated("simulated grey vision");
+    case ColorVision::Normal:
+        break;
+    }
+    return {};
+}
+
+QImage mapPicture(const MapLayers &layers, const MapView &view, const MapStyle &style,
+                  const PictureSettings &settings)
+{
+    QImage image((QSizeF(settings.size) * settings.pixelRatio).toSize(),
+                 QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(settings.pixelRatio);
+    QColor paper = style.paper;
+    image.fill(paper);
+    QPainter painter(&image);
+    const QRectF page(QPointF(0.0, 0.0), QSizeF(settings.size));
+    QFont titleFont = style.font;
+    titleFont.setPointSizeF(titleFont.pointSizeF() * TitleSize);
+    titleFont.setBold(true);
+    const double titleHeight = QFontMetricsF(titleFont, &image).height();
+    const double lineHeight = QFontMetricsF(style.font, &image).height();
+    painter.setPen(style.ink);
+    painter.setFont(titleFont);
+    painter.drawText(page.adjusted(Margin, Margin * 0.7, -Margin, 0.0),
+                     Qt::AlignLeft | Qt::AlignTop, settings.title);
+    painter.setFont(style.font);
+    painter.drawText(page.adjusted(Margin, 0.0, -Margin, -Margin * 0.5),
+                     Qt::AlignLeft | Qt::AlignBottom, footer(layers, settings.vision));
+
+    QRectF map = page.adjusted(Margin, Margin + titleHeight, -Margin, -Margin - lineHeight);
+    const QRectF legends(map.right() - LegendWidth, map.top(), LegendWidth, map.height());
+    map.setRight(legends.left() - Margin);
+    const MapView fitted = MapView::fitted(view.visible(), map, view.geographic(), 0.0);
+    MapRenderer(layers, style).paint(&painter, fitted);
+    painter.setPen(QPen(style.ink, 1.0));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(map);
+
+    QColor frame = style.ink;
+    frame.setAlpha(110);
+    const LegendStyle legendStyle{style.font, style.ink, frame, true};
+    double top = legends.top();
+    for (const auto &layer : layers) {
+        if (!layer->isVisible())
+            continue;
+        const Legend legend = layer->legend();
+        const double height = drawLegend(nullptr, {}, LegendWidth, legend, legendStyle);
+        // A legend that would run off the page is left out whole rather than cut.
+        if (top + height > legends.bottom())
+            break;
+        drawLegend(&painter, QPointF(legends.left(), top), LegendWidth, legend, legendStyle);
+        top += height + LegendGap;
+    }
+    painter.end();
+    if (settings.vision == ColorVision::Normal)
+        return image;
+    return simulated(image, settings.vision);
+}
+
+} // namespace mapviewer

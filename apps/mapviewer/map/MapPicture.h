@@ -1,0 +1,26 @@
+#pragma once
+
+#include "apps/mapviewer/map/ColorVision.h"
+#include "apps/mapviewer/map/MapRenderer.h"
+
+#include <QImage>
+
+namespace mapviewer {
+
+/// How a map becomes a picture of its own.
+struct PictureSettings
+{
+    QSize size = QSize(1400, 900); ///< before pixelRatio
+    double pixelRatio = 2.0;       ///< fit for print
+    QString title;
+    ColorVision vision = ColorVision::Normal; ///< the margin says so unless it is normal
+};
+
+/// The present view with title, legends of the visible layers and the sources of their data.
+QImage mapPicture(const MapLayers &layers, const MapView &view, const MapStyle &style,
+                  const PictureSettings &settings);
+
+/// "simulated deutan vision" and the like; empty for normal sight.
+QString visionRemark(ColorVision vision);
+
+} // namespace mapviewer

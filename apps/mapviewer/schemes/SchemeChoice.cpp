@@ -1,0 +1,104 @@
+#include "apps/mapviewer/schemes/SchemeChoice.h"
+
+#include "apps/mapviewer/layers/RampColors.h"
+
+#include "vomap/VOColorRamp.h"
+#include "vomap/VOColorSchemeManager.h"
+
+#include <QSettings>
+#include <QStringList>
+
+namespace mapviewer {
+
+using namespace VTObjects;
+
+namespace {
+
+const QLatin1String DefaultTeam("Default");
+const QLatin1String CustomTeam("Custom");
+const QLatin1String FavoriteTeam("Favorite");
+
+QString toQString(const VOString &text)
+{
+    return QString::fromStdWString(text);
+}
+
+VOString toVOString(const QString &text)
+{
+    return VOString(text.toStdWString());
+}
+
+int indexIn(const VOColorSchemeGroup &group, const QString &scheme)
+{
+    const VOString name = toVOString(scheme);
+    for (std::size_t i = 0; i < group.schemes.size(); ++i) {
+        if (group.schemes[i].name == name)
+            return int(i);
+    }
+    return -1;
+}
+
+} // namespace
+
+VOColorSchemeTeam *teamOf(const QString &name)
+{
+    VOColorSchemeManager *store = VOColorSchemeManager::instance();
+    if (name.compare(DefaultTeam, Qt::CaseInsensitive) == 0)
+        return &store->defaultTeam;
+    if (name.compare(CustomTeam, Qt::CaseInsensitive) == 0)
+        return &store->customTeam;
+    return &store->favoriteTeam;
+}
+
+int SchemeChoice::schemeIndex() const
+{
+    const VOColorSchemeTeam *records = teamOf(team);
+    const int groupIndex = records->index(toVOString(group));
+    return groupIndex < 0 ? -1 : indexIn(records->groups[std::size_t(groupIndex)], scheme);
+}
+
+void SchemeChoice::write(QSettings *settings, const QString &key) const
+{
+    settings->setValue(key, QStringList{team, group, scheme});
+}
+
+std::optional<SchemeChoice> SchemeChoice::read(const QSettings &settings, const QString &key)
+{
+    const QStringList parts = settings.value(key).toStringList();
+    if (parts.size() != 3)
+        return std::nullopt;
+    return SchemeChoice{parts.at(0), parts.at(1), parts.at(2)};
+}
+
+std::optional<SchemeChoice> findScheme(VOColorRamp *ramp)
+{
+    if (!ramp)
+        return std::nullopt;
+    const QVector<QRgb> colors = rampColors(ramp);
+    for (const QLatin1String &team : {DefaultTeam, CustomTeam, FavoriteTeam}) {
+        for (const VOColorSchemeGroup &group : teamOf(team)->groups) {
+            for (const VOColorScheme &scheme : group.schemes) {
+                if (scheme.colorRamp && scheme.colorRamp->category() == ramp->category() &&
+                    rampColors(scheme.colorRamp) == colors)
+                    return SchemeChoice{team, toQString(group.name), toQString(scheme.name)};
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<SchemeChoice> builtInScheme(const QString &group, const QStringList &names)
+{
+    const VOColorSchemeTeam *team = teamOf(DefaultTeam);
+    const int index = team->index(toVOString(group));
+    if (index < 0 || team->groups[std::size_t(index)].schemes.empty())
+        return std::nullopt;
+    const VOColorSchemeGroup &records = team->groups[std::size_t(index)];
+    for (const QString &name : names) {
+        if (indexIn(records, name) >= 0)
+            return SchemeChoice{DefaultTeam, group, name};
+    }
+    return SchemeChoice{DefaultTeam, group, toQString(records.schemes.front().name)};
+}
+
+} // namespace mapviewer

@@ -1,0 +1,272 @@
+#include "apps/mapviewer/window/LayerCard.h"
+
+#include "apps/mapviewer/layers/GridLayer.h"
+#include "apps/mapviewer/layers/PolygonLayer.h"
+#include "apps/mapviewer/window/AppSettings.h"
+#include "apps/mapviewer/window/LegendWidget.h"
+
+#include "colorscheme/picker/VTColorSchemeComboBox.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QSpinBox>
+#include <QToolButton>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace mapviewer {
+
+namespace {
+
+constexpr int PickerHeight = 26;
+constexpr int LeastClasses = 2;
+constexpr int MostClasses = 12;
+
+} // namespace
+
+LayerCard::LayerCard(MapLayer *layer, const QStringList &preferredSchemes, QWidget *parent)
+    : CardFrame(parent)
+    , m_layer(layer)
+    , polygons(dynamic_cast<PolygonLayer *>(layer))
+    , preferred(preferredSchemes)
+{
+    setObjectName(QStringLiteral("layerCard"));
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(10, 8, 10, 8);
+    column->setSpacing(6);
+    addHeader(column);
+    addPicker(column);
+    addGrading(column);
+    if (auto *grid = dynamic_cast<GridLayer *>(layer))
+        addGridOptions(column, grid);
+    legend = new LegendWidget(this);
+    column->addWidget(legend);
+    connect(m_picker, &VTColorSchemeComboBox::currentRampChanged, this, &LayerCard::onRampChanged);
+    reloadScheme();
+}
+
+void LayerCard::addHeader(QVBoxLayout *column)
+{
+    auto *row = new QHBoxLayout;
+    row->setSpacing(2);
+    auto *visible = new QCheckBox(m_layer->title(), this);
+    QFont bold = visible->font();
+    bold.setBold(true);
+    visible->setFont(bold);
+    visible->setChecked(m_layer->isVisible());
+    visible->setToolTip(tr("Show or hide this layer"));
+    connect(visible, &QCheckBox::toggled, this, [this](bool on) {
+        m_layer->setVisible(on);
+        Q_EMIT changed();
+    });
+    row->addWidget(visible, 1);
+    auto *zoom = new QToolButton(this);
+    zoom->setObjectName(QStringLiteral("zoomToLayer"));
+    zoom->setText(tr("Zoom to"));
+    zoom->setAutoRaise(true);
+    zoom->setToolTip(tr("Show this layer as large as it fits"));
+    connect(zoom, &QToolButton::clicked, this, &LayerCard::zoomRequested);
+    row->addWidget(zoom);
+    auto *remove = new QToolButton(this);
+    remove->setObjectName(QStringLiteral("removeLayer"));
+    remove->setText(QString(QChar(0x00d7)));
+    remove->setAutoRaise(true);
+    remove->setToolTip(tr("Remove this layer from the map"));
+    connect(remove, &QToolButton::clicked, this, &LayerCard::removeRequested);
+    row->addWidget(remove);
+    column->addLayout(row);
+}
+
+void LayerCard::addPicker(QVBoxLayout *column)
+{
+    auto *row = new QHBoxLayout;
+    m_picker = new VTColorSchemeComboBox(this);
+    m_picker->setFixedHeight(PickerHeight);
+    m_picker->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    m_picker->setToolTip(tr("Pick a colour scheme for this layer"));
+    m_picker->setAccessibleName(tr("Colour scheme of %1").arg(m_layer->title()));
+    row->addWidget(m_picker, 1);
+    auto *edit = new QToolButton(this);
+    edit->setObjectName(QStringLiteral("editScheme"));
+    edit->setText(tr("Edit…"));
+    edit->setFixedHeight(PickerHeight);
+    edit->setToolTip(tr("Edit this scheme, or a copy of it if it is not your own"));
+    connect(edit, &QToolButton::clicked, this, &LayerCard::editRequested);
+    row->addWidget(edit);
+    column->addLayout(row);
+}
+
+void LayerCard::addGrading(QVBoxLayout *column)
+{
+    if (polygons) {
+        auto *fields = new QComboBox(this);
+        fields->setObjectName(QStringLiteral("field"));
+        fields->addItems(polygons->fieldNames());
+        fields->setCurrentText(polygons->field());
+        fields->setToolTip(tr("The attribute that the colours show"));
+        connect(fields, &QComboBox::currentTextChanged, this, &LayerCard::onFieldChosen);
+        column->addWidget(fields);
+    }
+    auto *row = new QHBoxLayout;
+    gradings = new QComboBox(this);
+    gradings->setObjectName(QStringLiteral("grading"));
+    gradings->setToolTip(tr("How values become colours"));
+    row->addWidget(gradings, 1);
+    classCount = new QSpinBox(this);
+    classCount->setObjectName(QStringLiteral("classCount"));
+    classCount->setRange(LeastClasses, MostClasses);
+    classCount->setSuffix(tr(" classes"));
+    classCount->setValue(m_layer->classCount());
+    row->addWidget(classCount);
+    column->addLayout(row);
+    fillGradings();
+    connect(gradings, QOverload<int>::of(&QComboBox::activated), this, &LayerCard::onGradingChosen);
+    connect(classCount, QOverload<int>::of(&QSpinBox::valueChanged), this, [this](int count) {
+        m_layer->setClassCount(count);
+        showChange();
+    });
+}
+
+void LayerCard::addGridOptions(QVBoxLayout *column, GridLayer *grid)
+{
+    auto *row = new QHBoxLayout;
+    auto *shading = new QCheckBox(tr("Hill shading"), this);
+    shading->setObjectName(QStringLiteral("hillShading"));
+    shading->setChecked(grid->hillShading());
+    connect(shading, &QCheckBox::toggled, this, [this, grid](bool on) {
+        grid->setHillShading(on);
+        showChange();
+    });
+    row->addWidget(shading);
+    if (grid->crossesZero()) {
+        auto *middle = new QCheckBox(tr("Zero at mid-scheme"), this);
+        middle->setObjectName(QStringLiteral("zeroInMiddle"));
+        middle->setToolTip(tr("The first half of the scheme for what lies below zero, the second "
+                              "half for what lies above"));
+        middle->setChecked(grid->zeroInMiddle());
+        connect(middle, &QCheckBox::toggled, this, [this, grid](bool on) {
+            grid->setZeroInMiddle(on);
+            showChange();
+        });
+        row->addWidget(middle);
+    }
+    row->addStretch();
+    column->addLayout(row);
+}
+
+void LayerCard::fillGradings()
+{
+    static const QHash<int, const char *> captions = {
+        {int(Grading::Continuous), QT_TR_NOOP("Continuous")},
+        {int(Grading::EqualIntervals), QT_TR_NOOP("Equal intervals")},
+        {int(Grading::Quantiles), QT_TR_NOOP("Quantiles")},
+        {int(Grading::UniqueValues), QT_TR_NOOP("Unique values")}};
+    gradings->clear();
+    for (const Grading grading : m_layer->availableGradings())
+        gradings->addItem(tr(captions.value(int(grading))), int(grading));
+    gradings->setCurrentIndex(gradings->findData(int(m_layer->grading())));
+    const bool classed =
+        m_layer->grading() == Grading::EqualIntervals || m_layer->grading() == Grading::Quantiles;
+    classCount->setVisible(classed);
+}
+
+QString LayerCard::schemeGroup() const
+{
+    if (!polygons)
+        return QStringLiteral("DEM");
+    return m_layer->grading() == Grading::UniqueValues ? QStringLiteral("Unique")
+                                                       : QStringLiteral("Range");
+}
+
+QString LayerCard::settingsKey() const
+{
+    // A title may hold a slash, which would make a group of its own in the file.
+    const QByteArray name = QUrl::toPercentEncoding(m_layer->title());
+    return QStringLiteral("mapviewer/schemes/%1/%2").arg(QString::fromLatin1(name), schemeGroup());
+}
+
+void LayerCard::reloadScheme()
+{
+    choice = SchemeChoice::read(appSettings(), settingsKey());
+    if (!choice || choice->schemeIndex() < 0)
+        choice = builtInScheme(schemeGroup(), preferred);
+    // A store without built-in schemes leaves the picker's own default ramp.
+    if (choice)
+        m_picker->setDefaultGroup(choice->team, choice->group, choice->schemeIndex());
+    m_layer->setRamp(m_picker->currentColorRamp());
+    showChange();
+}
+
+void LayerCard::syncWithStore()
+{
+    const int index = choice ? choice->schemeIndex() : -1;
+    if (index < 0) {
+        choice.reset();
+        // Groups may have moved: the drop-down must not list whatever stands there now.
+        m_picker->setDefaultGroup(QStringLiteral("Default"), schemeGroup(), -1);
+        return;
+    }
+    m_picker->setDefaultGroup(choice->team, choice->group, index);
+    m_layer->setRamp(m_picker->currentColorRamp());
+    showChange();
+}
+
+bool LayerCard::choose(const SchemeChoice &wanted)
+{
+    const int index = wanted.schemeIndex();
+    if (index < 0 || !m_picker->setDefaultGroup(wanted.team, wanted.group, index))
+        return false;
+    take(wanted);
+    return true;
+}
+
+void LayerCard::onRampChanged()
+{
+    take(findScheme(m_picker->currentColorRamp()));
+}
+
+void LayerCard::take(const std::optional<SchemeChoice> &chosen)
+{
+    choice = chosen;
+    m_layer->setRamp(m_picker->currentColorRamp());
+    if (choice) {
+        QSettings settings = appSettings();
+        choice->write(&settings, settingsKey());
+    }
+    showChange();
+}
+
+void LayerCard::onGradingChosen(int index)
+{
+    const QString before = schemeGroup();
+    m_layer->setGrading(Grading(gradings->itemData(index).toInt()));
+    fillGradings();
+    // Values without order want other schemes than ranges; within one kind the choice stays.
+    if (schemeGroup() != before)
+        reloadScheme();
+    else
+        showChange();
+}
+
+void LayerCard::onFieldChosen(const QString &field)
+{
+    const QString before = schemeGroup();
+    polygons->setField(field);
+    // A number after a text is mostly meant to be compared.
+    if (m_layer->availableGradings().contains(Grading::Quantiles) && before == "Unique")
+        m_layer->setGrading(Grading::Quantiles);
+    fillGradings();
+    if (schemeGroup() != before)
+        reloadScheme();
+    else
+        showChange();
+}
+
+void LayerCard::showChange()
+{
+    legend->setLegend(m_layer->legend());
+    Q_EMIT changed();
+}
+
+} // namespace mapviewer

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "apps/mapviewer/layers/MapLayer.h"
+#include "apps/mapviewer/schemes/SchemeChoice.h"
+#include "apps/mapviewer/window/CardFrame.h"
+
+class QCheckBox;
+class QComboBox;
+class QSpinBox;
+class QVBoxLayout;
+class VTColorSchemeComboBox;
+
+namespace mapviewer {
+
+class GridLayer;
+class LegendWidget;
+class PolygonLayer;
+
+/// One layer on the panel: whether it is shown, its scheme, how it is graded, its legend. This is
+/// where the picker meets the map: a chosen ramp goes straight into the layer.
+class LayerCard : public CardFrame
+{
+    Q_OBJECT
+public:
+    /// \a layer outlives the card and is changed by it. \a preferred names the schemes that suit
+    /// the layer best, the best first; they serve until the user has chosen another.
+    LayerCard(MapLayer *layer, const QStringList &preferred, QWidget *parent);
+
+    MapLayer *layer() const { return m_layer; }
+    VTColorSchemeComboBox *picker() const { return m_picker; }
+    /// The scheme that the picker shows; nothing when the store had no such scheme.
+    std::optional<SchemeChoice> currentScheme() const { return choice; }
+    /// Shows another scheme of the store, as if the user had picked it. False if it is gone.
+    bool choose(const SchemeChoice &choice);
+    /// Another store: finds the remembered scheme in it, else a default.
+    void reloadScheme();
+    /// The store has changed: takes the scheme as it is there now. When it is gone the layer
+    /// keeps its colours.
+    void syncWithStore();
+
+Q_SIGNALS:
+    /// The layer looks different now.
+    void changed();
+    void zoomRequested();
+    void editRequested();
+    void removeRequested();
+
+private:
+    void addHeader(QVBoxLayout *column);
+    void addPicker(QVBoxLayout *column);
+    void addGrading(QVBoxLayout *column);
+    void addGridOptions(QVBoxLayout *column, GridLayer *grid);
+    void onRampChanged();
+    void take(const std::optional<SchemeChoice> &chosen);
+    void onGradingChosen(int index);
+    void onFieldChosen(const QString &field);
+    void fillGradings();
+    void showChange();
+    /// The built-in group that serves the layer's present grading.
+    QString schemeGroup() const;
+    QString settingsKey() const;
+
+    MapLayer *m_layer;
+    PolygonLayer *polygons; // the layer if it is one, else null
+    QStringList preferred;
+    std::optional<SchemeChoice> choice;
+    VTColorSchemeComboBox *m_picker = nullptr;
+    QComboBox *gradings = nullptr;
+    QSpinBox *classCount = nullptr;
+    LegendWidget *legend = nullptr;
+};
+
+} // namespace mapviewer

@@ -1,0 +1,319 @@
+#include "apps/mapviewer/window/MapWindow.h"
+
+#include "apps/mapviewer/layers/NumberText.h"
+#include "apps/mapviewer/map/MapDecorations_p.h"
+#include "apps/mapviewer/map/MapPicture.h"
+#include "apps/mapviewer/map/MapWidget.h"
+#include "apps/mapviewer/window/AppSettings.h"
+#include "apps/mapviewer/window/CardFrame.h"
+#include "apps/mapviewer/window/ColorVisionEffect.h"
+#include "apps/mapviewer/window/LayerCard.h"
+#include "apps/mapviewer/window/Theme.h"
+
+#include "vtgiscore/VTSymbolUtils.h"
+
+#include <QActionGroup>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QScrollArea>
+#include <QStatusBar>
+#include <QStyle>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace mapviewer {
+
+namespace {
+
+const QSize StartSize(1280, 860);
+constexpr int PanelWidth = 330;
+constexpr double ButtonZoom = 1.5;
+const QSize SwatchSize(28, 14);
+
+const QString GeometryKey = QStringLiteral("mapviewer/geometry");
+const QString DarkKey = QStringLiteral("mapviewer/dark");
+const QString GraticuleKey = QStringLiteral("mapviewer/graticule");
+const QString HintKey = QStringLiteral("mapviewer/hintClosed");
+
+} // namespace
+
+MapWindow::MapWindow(QWidget *parent)
+    : QMainWindow(parent)
+{
+    setWindowTitle(tr("Map Viewer"));
+    setWindowIcon(QIcon(QStringLiteral(":/icon/Default.png")));
+    resize(StartSize);
+    buildCentre();
+    auto *bar = addToolBar(tr("Tools"));
+    bar->setObjectName(QStringLiteral("tools"));
+    bar->setMovable(false);
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    buildFileMenu(bar);
+    buildSchemeMenu(bar);
+    buildViewMenu(bar);
+    buildHelpMenu();
+    buildStatusBar();
+    addOwnLayers();
+    restoreState();
+    m_map->showAll();
+    m_map->setFocus();
+}
+
+MapWindow::~MapWindow()
+{
+    // The cards point to the layers, which as members go first.
+    delete takeCentralWidget();
+}
+
+QList<LayerCard *> MapWindow::cards() const
+{
+    QList<LayerCard *> found;
+    for (int i = 0; i < cardColumn->count(); ++i) {
+        if (auto *card = qobject_cast<LayerCard *>(cardColumn->itemAt(i)->widget()))
+            found.append(card);
+    }
+    return found;
+}
+
+void MapWindow::buildCentre()
+{
+    auto *centre = new QWidget(this);
+    auto *row = new QHBoxLayout(centre);
+    row->setContentsMargins(8, 8, 8, 4);
+    row->setSpacing(8);
+
+    panelArea = new QScrollArea(centre);
+    panelArea->setWidgetResizable(true);
+    panelArea->setFrameShape(QFrame::NoFrame);
+    panelArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    panel = new QWidget(panelArea);
+    panel->setObjectName(QStringLiteral("layers"));
+    cardColumn = new QVBoxLayout(panel);
+    cardColumn->setContentsMargins(0, 0, 2, 0);
+    cardColumn->setSpacing(8);
+    cardColumn->addStretch();
+    panelArea->setWidget(panel);
+    row->addWidget(panelArea);
+
+    auto *right = new QVBoxLayout;
+    right->setSpacing(8);
+    if (!appSettings().value(HintKey).toBool())
+        right->addWidget(makeHint());
+    m_map = new MapWidget(layers, centre);
+    right->addWidget(m_map, 1);
+    row->addLayout(right, 1);
+    setCentralWidget(centre);
+    centreEffect = new ColorVisionEffect(centre);
+    centre->setGraphicsEffect(centreEffect);
+
+    connect(m_map, &MapWidget::pointed, this, &MapWindow::onPointed);
+    connect(m_map, &MapWidget::pointerLeft, this, &MapWindow::onPointerLeft);
+    connect(m_map, &MapWidget::insetClicked, this, &MapWindow::showLayer);
+}
+
+void MapWindow::fitPanel()
+{
+    // As wide as the widest card asks for in this font, with room for the scroll bar beside it.
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, panelArea);
+    panelArea->setFixedWidth(std::max(PanelWidth, panel->minimumSizeHint().width()) + bar);
+}
+
+QWidget *MapWindow::makeHint()
+{
+    auto *hint = new CardFrame(this);
+    hint->setObjectName(QStringLiteral("hint"));
+    auto *row = new QHBoxLayout(hint);
+    row->setContentsMargins(10, 4, 4, 4);
+    auto *text = new QLabel(tr("<b>Click a colour strip</b> at the left and pick a scheme: the map "
+                               "takes it at once. Drag the map to move it, turn the wheel to zoom, "
+                               "point at it to read a value, click a small map to go there."),
+                            hint);
+    text->setWordWrap(true);
+    row->addWidget(text, 1);
+    auto *close = new QToolButton(hint);
+    close->setText(QString(QChar(0x00d7)));
+    close->setAutoRaise(true);
+    close->setToolTip(tr("Do not show this again"));
+    connect(close, &QToolButton::clicked, hint, [hint] {
+        appSettings().setValue(HintKey, true);
+        hint->hide();
+    });
+    row->addWidget(close, 0, Qt::AlignTop);
+    return hint;
+}
+
+void MapWindow::buildViewMenu(QToolBar *bar)
+{
+    QMenu *menu = menuBar()->addMenu(tr("&View"));
+    QAction *all = menu->addAction(tr("&Whole map"), m_map, &MapWidget::showAll);
+    all->setShortcut(QKeySequence(QStringLiteral("Ctrl+0")));
+    QAction *closer = menu->addAction(tr("Zoom &in"), m_map, [this] { m_map->zoomBy(ButtonZoom); });
+    closer->setShortcut(QKeySequence::ZoomIn);
+    QAction *further =
+        menu->addAction(tr("Zoom &out"), m_map, [this] { m_map->zoomBy(1.0 / ButtonZoom); });
+    further->setShortcut(QKeySequence::ZoomOut);
+    menu->addSeparator();
+
+    QMenu *visions = menu->addMenu(tr("&Colour vision"));
+    visionActions = new QActionGroup(this);
+    const QList<QPair<ColorVision, QString>> entries = {
+        {ColorVision::Normal, tr("&Normal")},
+        {ColorVision::Protan, tr("&Protan (red weakness)")},
+        {ColorVision::Deutan, tr("&Deutan (green weakness)")},
+        {ColorVision::Tritan, tr("&Tritan (blue weakness)")},
+        {ColorVision::Grey, tr("&Grey (black-and-white print)")}};
+    for (const auto &[kind, caption] : entries) {
+        QAction *action = visions->addAction(caption);
+        action->setCheckable(true);
+        action->setChecked(kind == vision);
+        action->setData(int(kind));
+        visionActions->addAction(action);
+    }
+    connect(visionActions, &QActionGroup::triggered, this,
+            [this](QAction *action) { setVision(ColorVision(action->data().toInt())); });
+
+    graticuleAction = menu->addAction(tr("&Meridians and parallels"));
+    graticuleAction->setCheckable(true);
+    graticuleAction->setChecked(true);
+    connect(graticuleAction, &QAction::toggled, this, [this](bool on) {
+        MapStyle style = m_map->mapStyle();
+        style.withGraticule = on;
+        m_map->setMapStyle(style);
+    });
+    darkAction = menu->addAction(tr("&Dark theme"));
+    darkAction->setCheckable(true);
+    darkAction->setShortcut(QKeySequence(QStringLiteral("Ctrl+D")));
+    connect(darkAction, &QAction::toggled, this, &MapWindow::setDarkTheme);
+
+    bar->addSeparator();
+    bar->addAction(all);
+    auto *button = new QToolButton(bar);
+    button->setText(tr("Colour vision"));
+    button->setToolTip(tr("See the map as people with another colour vision do"));
+    button->setMenu(visions);
+    button->setPopupMode(QToolButton::InstantPopup);
+    bar->addWidget(button);
+    bar->addAction(darkAction);
+}
+
+void MapWindow::buildHelpMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&Help"));
+    menu->addAction(tr("&About this program"), this, &MapWindow::onAbout);
+}
+
+void MapWindow::buildStatusBar()
+{
+    positionLabel = new QLabel(this);
+    positionLabel->setObjectName(QStringLiteral("position"));
+    swatchLabel = new QLabel(this);
+    swatchLabel->setObjectName(QStringLiteral("swatch"));
+    valueLabel = new QLabel(this);
+    valueLabel->setObjectName(QStringLiteral("value"));
+    statusBar()->setContentsMargins(8, 0, 8, 0);
+    statusBar()->addWidget(swatchLabel);
+    statusBar()->addWidget(valueLabel, 1);
+    statusBar()->addPermanentWidget(positionLabel);
+    statusEffect = new ColorVisionEffect(statusBar());
+    statusBar()->setGraphicsEffect(statusEffect);
+    onPointerLeft();
+}
+
+void MapWindow::restoreState()
+{
+    const QSettings settings = appSettings();
+    restoreGeometry(settings.value(GeometryKey).toByteArray());
+    graticuleAction->setChecked(settings.value(GraticuleKey, true).toBool());
+    // A toggle only tells of a change, so the light theme is set by hand.
+    darkAction->setChecked(settings.value(DarkKey, false).toBool());
+    setDarkTheme(darkAction->isChecked());
+}
+
+void MapWindow::closeEvent(QCloseEvent *event)
+{
+    QSettings settings = appSettings();
+    settings.setValue(GeometryKey, saveGeometry());
+    settings.setValue(GraticuleKey, graticuleAction->isChecked());
+    settings.setValue(DarkKey, darkAction->isChecked());
+    QMainWindow::closeEvent(event);
+}
+
+void MapWindow::setDarkTheme(bool on)
+{
+    darkAction->setChecked(on);
+    QApplication::setPalette(on ? darkPalette() : lightPalette());
+    panel->setStyleSheet(panelStyleSheet(on));
+    MapStyle style = on ? MapStyle::dark(font()) : MapStyle::light(font());
+    style.withGraticule = graticuleAction->isChecked();
+    m_map->setMapStyle(style);
+}
+
+void MapWindow::setVision(ColorVision seenWith)
+{
+    vision = seenWith;
+    centreEffect->setVision(vision);
+    statusEffect->setVision(vision);
+    for (QAction *action : visionActions->actions())
+        action->setChecked(action->data().toInt() == int(vision));
+    const QString remark = visionRemark(vision);
+    setWindowTitle(remark.isEmpty() ? tr("Map Viewer") : tr("Map Viewer – %1").arg(remark));
+}
+
+void MapWindow::showLayer(const MapLayer *layer)
+{
+    m_map->showExtent(layer->extent());
+}
+
+void MapWindow::onPointed(const QPointF &position, const MapLayer *layer, const Reading &reading)
+{
+    if (m_map->view().geographic()) {
+        positionLabel->setText(
+            QStringLiteral("%1  %2").arg(latitudeText(position.y()), longitudeText(position.x())));
+    } else {
+        positionLabel->setText(
+            QStringLiteral("%1  %2").arg(numberText(position.x()), numberText(position.y())));
+    }
+    const bool found = layer && reading.found;
+    swatchLabel->setVisible(found);
+    if (!found) {
+        valueLabel->setText(tr("No value here"));
+        return;
+    }
+    const QColor color(reading.color);
+    swatchLabel->setPixmap(VTSymbolUtils::createColorPixmap(SwatchSize, color));
+    valueLabel->setText(tr("%1 – %2   %3").arg(layer->title(), reading.text, color.name()));
+}
+
+void MapWindow::onPointerLeft()
+{
+    swatchLabel->hide();
+    positionLabel->clear();
+    valueLabel->setText(tr("Point at the map to read its values"));
+}
+
+void MapWindow::onAbout()
+{
+    QStringList sources;
+    for (const auto &layer : layers) {
+        if (!layer->source().isEmpty() && !sources.contains(layer->source()))
+            sources.append(layer->source());
+    }
+    QMessageBox box(QMessageBox::Information, tr("About this program"),
+                    tr("<b>Map Viewer</b> colours maps by the schemes of a library that "
+                       "applications share: pick one for each layer, make your own, and look at "
+                       "them with other eyes."),
+                    QMessageBox::Close, this);
+    box.setInformativeText(sources.join(QStringLiteral("<br>")));
+    box.exec();
+}
+
+} // namespace mapviewer

@@ -1,0 +1,92 @@
+#include "apps/mapviewer/schemes/SchemeCopy.h"
+#include "apps/mapviewer/window/AppSettings.h"
+#include "apps/mapviewer/window/LayerCard.h"
+#include "apps/mapviewer/window/MapWindow.h"
+
+#include "colorscheme/editor/VTColorSchemeEditor.h"
+#include "colorscheme/manager/VTColorSchemeManager.h"
+#include "colorscheme/picker/VTColorSchemeComboBox.h"
+#include "vomap/VOColorSchemeManager.h"
+
+#include <QFileDialog>
+#include <QIcon>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QToolBar>
+
+namespace mapviewer {
+
+using VTObjects::VOColorSchemeManager;
+using VTObjects::VOString;
+
+void MapWindow::buildSchemeMenu(QToolBar *bar)
+{
+    QMenu *menu = menuBar()->addMenu(tr("&Schemes"));
+    QAction *manage = menu->addAction(QIcon(QStringLiteral(":/icon/EditScheme.png")),
+                                      tr("&Manage schemes…"), this, &MapWindow::manageSchemes);
+    manage->setObjectName(QStringLiteral("manageSchemes"));
+    manage->setShortcut(QKeySequence(QStringLiteral("Ctrl+M")));
+    menu->addAction(tr("Open scheme &store…"), this, &MapWindow::onOpenStore);
+    bar->addSeparator();
+    bar->addAction(manage);
+}
+
+void MapWindow::manageSchemes()
+{
+    VTColorSchemeManager manager(this);
+    manager.exec();
+    syncCards();
+}
+
+void MapWindow::syncCards()
+{
+    for (LayerCard *card : cards())
+        card->syncWithStore();
+}
+
+void MapWindow::editScheme(LayerCard *card)
+{
+    // The user's own schemes are edited where they are; of any other a copy is made, so that what
+    // ships with the program, and favourites, stay what they were.
+    SchemeCopy copy(card->currentScheme(), card->picker()->currentColorRamp());
+    VTColorSchemeEditor editor(copy.schemeIndex(), copy.group(), copy.isNew(), this);
+    if (editor.exec() != QDialog::Accepted) {
+        copy.discard();
+        return;
+    }
+    const SchemeChoice edited = copy.keep();
+    if (!VOColorSchemeManager::instance()->saveCustomTeam()) {
+        QMessageBox::warning(this, tr("Edit scheme"),
+                             tr("The scheme is used, but could not be saved."), QMessageBox::Close);
+    }
+    // Other layers may show the same scheme.
+    syncCards();
+    card->choose(edited);
+}
+
+void MapWindow::onOpenStore()
+{
+    const QString folder = QFileDialog::getExistingDirectory(
+        this, tr("Open scheme store"), appSettings().value(StoreFolderKey).toString(),
+        QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog);
+    if (!folder.isEmpty())
+        openStore(folder);
+}
+
+bool MapWindow::openStore(const QString &folder)
+{
+    VOColorSchemeManager::setStoreDirectory(VOString(folder.toStdWString()));
+    const bool good = VOColorSchemeManager::instance()->load();
+    appSettings().setValue(StoreFolderKey, folder);
+    for (LayerCard *card : cards())
+        card->reloadScheme();
+    if (!good) {
+        QMessageBox::warning(this, tr("Scheme store"),
+                             tr("Some schemes of %1 could not be read.").arg(folder),
+                             QMessageBox::Close);
+    }
+    return good;
+}
+
+} // namespace mapviewer

@@ -1,0 +1,228 @@
+// The manager's commands on schemes, and OK.
+#include "colorscheme/editor/VTColorSchemeEditor.h"
+#include "colorscheme/manager/VTColorSchemeManager.h"
+#include "colorscheme/manager/VTColorSchemeModel.h"
+#include "colorscheme/manager/confirmation_p.h"
+#include "colorscheme/manager/dataModified_p.h"
+#include "colorscheme/manager/nodeInfo_p.h"
+#include "colorscheme/model/GeneratedName_p.h"
+#include "colorscheme/model/defaultColorRamp_p.h"
+#include "colorscheme/model/lastOpenFilePath_p.h"
+#include "vomap/VOColorRamp.h"
+#include "vomap/VOColorSchemeManager.h"
+#include "vomap/VOStringConversion.h"
+
+#include "ui_VTColorSchemeManagerBase.h"
+
+#include <QFileDialog>
+#include <QStandardItemModel>
+
+#include <algorithm>
+
+using VTObjects::toQString;
+using VTObjects::toVOString;
+using VTObjects::VOColorScheme;
+using VTObjects::VOColorSchemeGroup;
+using VTObjects::VOColorSchemeManager;
+using VTObjects::VOString;
+
+void VTColorSchemeManager::onAddScheme()
+{
+    const QStandardItem *item = currentItem();
+    if (!item || item->parent() == favoriteItem || nodeInfo(item).type != GroupNode)
+        return;
+    ui->schemeView->finishEditing();
+    if (!showsGroup())
+        return;
+    VTColorSchemeModel *model = ui->schemeView->schemeModel();
+    VOColorSchemeGroup &group = model->group();
+    VOColorScheme scheme;
+    scheme.name = toVOString(makeAddSchemeName(group));
+    scheme.author = L"Admin";
+    scheme.describe = L"Even";
+    scheme.colorRamp = defaultColorRamp().release();
+    group.schemes.push_back(std::move(scheme));
+    const int row = static_cast<int>(group.schemes.size()) - 1;
+    VTColorSchemeEditor editor(row, &group, true, this);
+    const bool accepted = editor.exec() == QDialog::Accepted;
+    // After Cancel the editor has taken the scheme out again and there is no such row. Escape
+    // leaves it in, so it must be seen, but that alone is no reason to save.
+    model->insertSchemeRow(row, QModelIndex());
+    if (accepted)
+        dataModified = true;
+}
+
+void VTColorSchemeManager::onEditScheme()
+{
+    ui->schemeView->finishEditing();
+    const QModelIndex index = ui->schemeView->currentIndex();
+    if (!index.isValid() || !showsGroup())
+        return;
+    VTColorSchemeModel *model = ui->schemeView->schemeModel();
+    VTColorSchemeEditor editor(index.row(), &model->group(), false, this);
+    if (editor.exec() != QDialog::Accepted)
+        return;
+    dataModified = true;
+    // Deliberate: one column past the last, hence no index; the view then repaints everything.
+    Q_EMIT model->dataChanged(model->index(index.row(), 0),
+                              model->index(index.row(), model->columnCount()));
+}
+
+void VTColorSchemeManager::onDeleteScheme()
+{
+    VTColorSchemeView *const table = ui->schemeView;
+    table->finishEditing();
+    QVector<int> rows = table->selectedRowNumbers();
+    if (rows.isEmpty())
+        return;
+    const QString text = tr("The color scheme cannot be restored after deletion.") +
+                         QLatin1Char('\n') + tr("Are you sure to delete it?");
+    if (!isConfirmed(this, tr("Delete scheme"), text, QMessageBox::Ok, tr("Delete"), tr("Cancel")))
+        return;
+    // Thousands of selected rows would be gone through at each removal; none of them stays.
+    table->clearSelection();
+    // From the end, so that no removal shifts the rows still to come.
+    for (auto row = rows.crbegin(); row != rows.crend(); ++row)
+        table->schemeModel()->removeScheme(*row, QModelIndex());
+    // A favourites group lives only as long as it has schemes.
+    if (table->teamKind == FavoriteTeamNode && table->schemeModel()->group().schemes.empty() &&
+        showsGroup()) {
+        const int groupIndex = table->groupIndex;
+        favoriteTeam.groups.erase(favoriteTeam.groups.begin() + groupIndex);
+        favoriteItem->removeRow(groupIndex);
+        table->groupIndex = -1;
+        onTeamViewClicked(ui->teamView->currentIndex());
+    }
+    dataModified = true;
+}
+
+void VTColorSchemeManager::onSelectAll()
+{
+    ui->schemeView->finishEditing();
+    ui->schemeView->setFocus(Qt::OtherFocusReason);
+    ui->schemeView->selectAll();
+}
+
+void VTColorSchemeManager::onInvertSelect()
+{
+    VTColorSchemeView *const table = ui->schemeView;
+    table->finishEditing();
+    const QVector<int> selected = table->selectedRowNumbers();
+    const int rowCount = table->schemeModel()->rowCount();
+    const int lastColumn = table->schemeModel()->columnCount() - 1;
+    // The gaps between the selected rows.
+    QItemSelection others;
+    int last = -1;
+    const auto appendGap = [&](int from, int to) {
+        if (from > to)
+            return;
+        others.append(QItemSelectionRange(table->schemeModel()->index(from, 0),
+                                          table->schemeModel()->index(to, lastColumn)));
+        last = to;
+    };
+    int from = 0;
+    for (const int row : selected) {
+        appendGap(from, row - 1);
+        from = row + 1;
+    }
+    appendGap(from, rowCount - 1);
+
+    table->clearSelection();
+    // Selecting row by row takes half a minute in a long list. The last one is selected by the
+    // view, so that it becomes current and the anchor of what the user selects next; all in one.
+    table->setSelectionMode(QAbstractItemView::MultiSelection);
+    table->selectRow(last);
+    table->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    table->selectionModel()->select(others, QItemSelectionModel::Select);
+}
+
+void VTColorSchemeManager::onImportScheme()
+{
+    const QStandardItem *item = currentItem();
+    if (!item)
+        return;
+    const int type = nodeInfo(item).type;
+    if ((type == CustomTeamNode || type == FavoriteTeamNode) && !item->hasChildren())
+        return;
+    ui->schemeView->finishEditing();
+    if (!showsGroup())
+        return;
+    const QStringList paths = QFileDialog::getOpenFileNames(
+        this, tr("Open color scheme file"), lastOpenFilePath(), QStringLiteral("*.vcs"), nullptr,
+        QFileDialog::DontUseNativeDialog);
+    if (paths.isEmpty())
+        return;
+    VTColorSchemeModel *model = ui->schemeView->schemeModel();
+    for (const QString &path : paths) {
+        VOString file = toVOString(path);
+        file.replace(L'\\', L'/');
+        VOColorScheme scheme;
+        if (!VOColorSchemeManager::readFile(scheme, file)) {
+            QMessageBox::information(this, tr("Open color scheme file"), tr("Failed to open file!"),
+                                     QMessageBox::Close);
+            continue;
+        }
+        // Deliberate: once, without asking whether that name is free.
+        if (model->group().contains(scheme.name))
+            scheme.name += L"_1";
+        model->group().schemes.push_back(std::move(scheme));
+        model->insertSchemeRow(static_cast<int>(model->group().schemes.size()) - 1, QModelIndex());
+    }
+    dataModified = true;
+}
+
+void VTColorSchemeManager::onExportScheme()
+{
+    ui->schemeView->onExportScheme();
+}
+
+void VTColorSchemeManager::onFavorite(const QSet<int> &rows)
+{
+    ui->schemeView->finishEditing();
+    const int teamKind = ui->schemeView->teamKind;
+    const VOColorSchemeGroup *shown = groupOf(teamKind, ui->schemeView->groupIndex);
+    if (!shown)
+        return;
+    VOString name;
+    QString text;
+    if (teamKind == DefaultTeamNode) {
+        name = shown->name;
+        text = groupLabels[name];
+    } else if (teamKind == CustomTeamNode) {
+        name = shown->name;
+        text = toQString(name);
+    }
+    if (!favoriteTeam.contains(name)) {
+        VOColorSchemeGroup group;
+        group.name = name;
+        favoriteTeam.groups.push_back(std::move(group));
+        appendGroup(favoriteItem, text, name);
+    }
+    QVector<int> sorted(rows.cbegin(), rows.cend());
+    std::sort(sorted.begin(), sorted.end());
+    appendSchemes(FavoriteTeamNode, favoriteTeam.index(name), shownSchemes(sorted));
+    dataModified = true;
+}
+
+void VTColorSchemeManager::onInformation(bool isOk)
+{
+    ui->pushButton_ok->setEnabled(isOk);
+}
+
+void VTColorSchemeManager::onOk()
+{
+    ui->schemeView->finishEditing();
+    const QString text = tr("The color schemes have been modified.") + QLatin1Char('\n') +
+                         tr("Do you need to save them?");
+    if (dataModified &&
+        isConfirmed(this, tr("Color schemes"), text, QMessageBox::Yes, tr("Yes"), tr("Cancel"))) {
+        updateData();
+        VOColorSchemeManager *store = VOColorSchemeManager::instance();
+        store->defaultTeam = defaultTeam;
+        store->customTeam = customTeam;
+        store->favoriteTeam = favoriteTeam;
+        store->save();
+    }
+    // Deliberate: Cancel in that box means not to save, and not to stay.
+    accept();
+}

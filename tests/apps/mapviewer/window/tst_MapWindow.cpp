@@ -1,0 +1,309 @@
+#include "tests/apps/mapviewer/window/MapWindowTest.h"
+
+#include "tests/support/ModalDriver.h"
+
+#include "apps/mapviewer/layers/GridLayer.h"
+#include "apps/mapviewer/layers/PolygonLayer.h"
+#include "apps/mapviewer/layers/RampColors.h"
+#include "apps/mapviewer/map/MapWidget.h"
+#include "apps/mapviewer/window/AppSettings.h"
+#include "apps/mapviewer/window/LegendWidget.h"
+
+#include "colorscheme/picker/VTColorSchemeComboBox.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QMessageBox>
+#include <QSpinBox>
+#include <QToolButton>
+#include <QWheelEvent>
+#include <QtTest>
+
+#include <cmath>
+
+using namespace mapviewer;
+using namespace VTObjects;
+
+class tst_MapWindow : public MapWindowTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
+
+    void startsWithThreeLayersAndTheirLegends();
+    void classCountShowsWithClasses();
+    void hillShadingChangesTheMap();
+    void aGoodFileBecomesTheUppermostLayer();
+    void theFolderOfAnOpenedFileIsRemembered();
+    void aBadFileIsRefusedWithItsLine_data();
+    void aBadFileIsRefusedWithItsLine();
+    void aMissingFileIsRefused();
+    void removedLayersLeaveTheMap();
+    void hiddenLayersLeaveTheMap();
+    void thePointerReadsValueAndColour();
+    void aClickOnAnInsetGoesThere();
+    void wheelAndKeysZoom();
+    void aDragMovesTheMap();
+    void darkThemeReachesTheMapAndComesBack();
+    void simulatedVisionReachesEverything();
+    void theMapIsExported();
+    void theHintStaysClosed();
+};
+
+static const QByteArray SmallGrid =
+    "ncols 2\nnrows 1\nxllcorner 5000\nyllcorner 5000\ncellsize 10\n1 2\n";
+
+void tst_MapWindow::startsWithThreeLayersAndTheirLegends()
+{
+    const QList<LayerCard *> cards = window->cards();
+    QCOMPARE(cards.size(), 3);
+    QCOMPARE(cards.at(0)->layer()->title(), QString("Relief and sea floor"));
+    QCOMPARE(cards.at(1)->layer()->title(), QString("Terrain"));
+    QCOMPARE(cards.at(2)->layer()->title(), QString("Countries"));
+    for (LayerCard *shown : cards) {
+        const Legend legend = shown->findChild<LegendWidget *>()->legend();
+        QVERIFY(!legend.strip.isEmpty() || legend.classes.size() >= 7);
+        QVERIFY(shown->currentScheme());
+        QVERIFY(!shown->layer()->source().isEmpty());
+    }
+    auto *countries = static_cast<PolygonLayer *>(cards.at(2)->layer());
+    QCOMPARE(countries->grading(), Grading::Quantiles);
+    QCOMPARE(countries->fieldNames(), QStringList({"Continent", "GDP (million USD)",
+                                                   "GDP per head (USD)", "Name", "Population"}));
+    auto *relief = static_cast<GridLayer *>(cards.at(0)->layer());
+    QVERIFY(relief->crossesZero() && relief->hillShading());
+}
+
+void tst_MapWindow::classCountShowsWithClasses()
+{
+    LayerCard *terrain = card("Terrain");
+    auto *count = terrain->findChild<QSpinBox *>("classCount");
+    QVERIFY(!count->isVisible());
+    choose(terrain->findChild<QComboBox *>("grading"), "Quantiles");
+    QVERIFY(count->isVisible());
+    count->setValue(4);
+    QCOMPARE(terrain->findChild<LegendWidget *>()->legend().classes.size(), 4);
+}
+
+void tst_MapWindow::hillShadingChangesTheMap()
+{
+    LayerCard *terrain = card("Terrain");
+    window->showLayer(terrain->layer());
+    const QImage shaded = window->map()->grab().toImage();
+    auto *box = terrain->findChild<QCheckBox *>("hillShading");
+    QVERIFY(box->isChecked());
+    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
+    QVERIFY(!static_cast<GridLayer *>(terrain->layer())->hillShading());
+    QVERIFY(window->map()->grab().toImage() != shaded);
+}
+
+void tst_MapWindow::aGoodFileBecomesTheUppermostLayer()
+{
+    FileProblem problem;
+    QVERIFY(window->openFile(writeFile("small.asc", SmallGrid), &problem));
+    QCOMPARE(window->cards().size(), 4);
+    LayerCard *added = window->cards().first();
+    QCOMPARE(added->layer()->title(), QString("small"));
+    // It is shown: its left cell has the ramp's first colour.
+    const QRgb first = rampColors(added->picker()->currentColorRamp()).first();
+    QCOMPARE(pixelAt(5002.0, 5005.0), first);
+    QVERIFY(!window->map()->view().geographic());
+}
+
+void tst_MapWindow::theFolderOfAnOpenedFileIsRemembered()
+{
+    FileProblem problem;
+    QVERIFY(window->openFile(writeFile("small.asc", SmallGrid), &problem));
+    QCOMPARE(appSettings().value("history/lastOpenFilePath").toString(), store->path());
+}
+
+void tst_MapWindow::aBadFileIsRefusedWithItsLine_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("grid") << "bad.asc" << QByteArray("ncols 2\nnrows two\n")
+                          << "bad.asc, line 2: The value \"two\" of \"nrows\" is not a number.";
+    QTest::newRow("polygons") << "bad.json"
+                              << QByteArray("{\"type\":\"Polygon\",\n\n\"coordinates\":[]}")
+                              << "bad.json, line 3: A polygon is a list of one or more rings.";
+    QTest::newRow("neither") << "bad.txt" << QByteArray("Dear reader,\n")
+                             << "bad.txt, line 1: \"Dear\" is no key of an ASCII grid's header.";
+}
+
+void tst_MapWindow::aBadFileIsRefusedWithItsLine()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, text);
+    QFETCH(QString, message);
+    const QString path = writeFile(name, text);
+    QString shown;
+    ModalDriver driver;
+    driver.next([&shown](QWidget *box) {
+        shown = static_cast<QMessageBox *>(box)->text();
+        QTest::keyClick(box, Qt::Key_Escape);
+    });
+    window->openFileOrTell(path);
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(shown, message);
+    QCOMPARE(window->cards().size(), 3);
+}
+
+void tst_MapWindow::aMissingFileIsRefused()
+{
+    FileProblem problem;
+    QVERIFY(!window->openFile(store->path("absent.asc"), &problem));
+    QCOMPARE(problem.line, 0);
+    QVERIFY(!problem.text.isEmpty());
+    QVERIFY(appSettings().value("history/lastOpenFilePath").toString().isEmpty());
+}
+
+void tst_MapWindow::removedLayersLeaveTheMap()
+{
+    for (int left = 2; left >= 0; --left) {
+        auto *button = window->cards().last()->findChild<QToolButton *>("removeLayer");
+        QTest::mouseClick(button, Qt::LeftButton);
+        QTRY_COMPARE(window->cards().size(), left);
+    }
+    QCOMPARE(pixelAt(Outback.x(), Outback.y()), window->map()->mapStyle().water.rgb());
+    window->map()->showAll();
+    QVERIFY(!window->map()->grab().isNull());
+}
+
+void tst_MapWindow::hiddenLayersLeaveTheMap()
+{
+    auto *box = card("Countries")->findChild<QCheckBox *>();
+    QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
+    QVERIFY(!card("Countries")->layer()->isVisible());
+    QCOMPARE(pixelAt(Outback.x(), Outback.y()), window->map()->mapStyle().water.rgb());
+}
+
+void tst_MapWindow::thePointerReadsValueAndColour()
+{
+    auto *value = window->findChild<QLabel *>("value");
+    auto *position = window->findChild<QLabel *>("position");
+    auto *swatch = window->findChild<QLabel *>("swatch");
+    QVERIFY(swatch->isHidden());
+    const QPoint pixel = window->map()->view().toScreen(Outback).toPoint();
+    QTest::mouseMove(window->map(), pixel);
+    QTest::mouseMove(window->map(), pixel + QPoint(1, 0));
+    const QColor color(pixelAt(Outback.x(), Outback.y()));
+    QTRY_VERIFY2(value->text().contains("Australia: "), qPrintable(value->text()));
+    QVERIFY2(value->text().endsWith(color.name()), qPrintable(value->text()));
+    QVERIFY(!swatch->isHidden());
+    QCOMPARE(QColor(swatch->pixmap(Qt::ReturnByValue).toImage().pixel(10, 5)), color);
+    QVERIFY2(position->text().contains("S") && position->text().contains("E"),
+             qPrintable(position->text()));
+    // On the sea there is nothing to read.
+    QTest::mouseMove(window->map(), window->map()->view().toScreen(QPointF(85.0, -35.0)).toPoint());
+    QTRY_COMPARE(value->text(), QString("No value here"));
+    QVERIFY(swatch->isHidden());
+}
+
+void tst_MapWindow::aClickOnAnInsetGoesThere()
+{
+    const auto *map = window->map();
+    // The lowest inset is that of the terrain; it stands in the lower left corner.
+    QTest::mouseClick(window->map(), Qt::LeftButton, Qt::NoModifier,
+                      QPoint(60, map->height() - 60));
+    const QRectF terrain = card("Terrain")->layer()->extent();
+    QVERIFY(map->view().visible().contains(terrain));
+    QVERIFY(map->view().visible().height() < terrain.height() * 1.5);
+    // A button leads back.
+    window->map()->showAll();
+    QVERIFY(map->view().visible().width() > 300.0);
+    QTest::mouseClick(card("Terrain")->findChild<QToolButton *>("zoomToLayer"), Qt::LeftButton);
+    QVERIFY(map->view().visible().height() < terrain.height() * 1.5);
+}
+
+void tst_MapWindow::wheelAndKeysZoom()
+{
+    MapWidget *map = window->map();
+    const QPointF pixel(300, 200);
+    const QPointF place = map->view().toMap(pixel);
+    const double before = map->view().scale();
+    QWheelEvent event(pixel, map->mapToGlobal(pixel.toPoint()), QPoint(), QPoint(0, 120),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(map, &event);
+    QCOMPARE(map->view().scale(), before * 1.25);
+    QVERIFY(std::hypot(map->view().toMap(pixel).x() - place.x(),
+                       map->view().toMap(pixel).y() - place.y()) < 1e-6);
+    QTest::keyClick(map, Qt::Key_Minus);
+    QCOMPARE(map->view().scale(), before);
+    QTest::keyClick(map, Qt::Key_Plus);
+    QTest::keyClick(map, Qt::Key_Right);
+    QTest::keyClick(map, Qt::Key_Home);
+    QCOMPARE(map->view().scale(), before);
+}
+
+void tst_MapWindow::aDragMovesTheMap()
+{
+    MapWidget *map = window->map();
+    const QPoint from(500, 150);
+    const QPoint to(420, 190);
+    const QPointF centre = map->view().centre();
+    const double scale = map->view().scale();
+    QTest::mousePress(map, Qt::LeftButton, Qt::NoModifier, from);
+    QMouseEvent move(QEvent::MouseMove, to, map->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(map, &move);
+    QTest::mouseRelease(map, Qt::LeftButton, Qt::NoModifier, to);
+    QCOMPARE(map->view().scale(), scale);
+    QVERIFY(map->view().centre().x() > centre.x());
+    QVERIFY(std::abs(map->view().centre().y() - (centre.y() + 40.0 / scale)) < 1e-6);
+}
+
+void tst_MapWindow::darkThemeReachesTheMapAndComesBack()
+{
+    const QRgb light = pixelAt(85.0, -35.0);
+    window->setDarkTheme(true);
+    QVERIFY(QApplication::palette().color(QPalette::Window).lightness() < 80);
+    QVERIFY(QColor(pixelAt(85.0, -35.0)).lightness() < 80);
+    window->close();
+    open();
+    QVERIFY(QApplication::palette().color(QPalette::Window).lightness() < 80);
+    window->setDarkTheme(false);
+    QCOMPARE(pixelAt(85.0, -35.0), light);
+}
+
+void tst_MapWindow::simulatedVisionReachesEverything()
+{
+    window->setVision(ColorVision::Grey);
+    const QImage grey = window->centralWidget()->grab().toImage();
+    for (int y = 0; y < grey.height(); y += 5) {
+        for (int x = 0; x < grey.width(); x += 5) {
+            const QRgb pixel = grey.pixel(x, y);
+            QVERIFY(qRed(pixel) == qGreen(pixel) && qGreen(pixel) == qBlue(pixel));
+        }
+    }
+    QVERIFY(window->windowTitle().contains("grey vision"));
+    window->setVision(ColorVision::Normal);
+    QVERIFY(!window->windowTitle().contains("vision"));
+    const QImage normal = window->centralWidget()->grab().toImage();
+    QVERIFY(normal != grey);
+}
+
+void tst_MapWindow::theMapIsExported()
+{
+    const QString path = store->path("map.png");
+    QVERIFY(window->exportMap(path));
+    const QImage image(path);
+    QCOMPARE(image.size(), QSize(2800, 1800));
+    QVERIFY(!window->exportMap(store->path("absent/map.png")));
+}
+
+void tst_MapWindow::theHintStaysClosed()
+{
+    auto *hint = window->findChild<QWidget *>("hint");
+    QVERIFY(hint && hint->isVisible());
+    QTest::mouseClick(hint->findChild<QToolButton *>(), Qt::LeftButton);
+    QVERIFY(!hint->isVisible());
+    open();
+    QVERIFY(!window->findChild<QWidget *>("hint"));
+}
+
+QTEST_MAIN(tst_MapWindow)
+#include "tst_MapWindow.moc"

@@ -1,0 +1,277 @@
+#include "tests/apps/mapviewer/window/MapWindowTest.h"
+
+#include "tests/support/ModalDriver.h"
+
+#include "apps/mapviewer/layers/RampColors.h"
+#include "apps/mapviewer/window/AppSettings.h"
+#include "apps/mapviewer/window/LegendWidget.h"
+
+#include "colorscheme/editor/VTColorSchemeEditor.h"
+#include "colorscheme/manager/VTColorSchemeManager.h"
+#include "colorscheme/picker/VTColorSchemeComboBox.h"
+#include "vomap/VOColorSchemeManager.h"
+
+#include <QAction>
+#include <QDir>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QToolButton>
+#include <QtTest>
+
+using namespace mapviewer;
+using namespace VTObjects;
+
+/// Where the window and the scheme library meet.
+class tst_mapWindowSchemes : public MapWindowTest
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
+
+    void aPickedSchemeRecoloursMapAndLegend();
+    void aSchemeChosenInTheDropDownRecoloursTheMap();
+    void settersOfThePickerAloneChangeNothing();
+    void theChosenSchemeComesBack();
+    void aSchemeThatIsGoneIsReplacedByADefault();
+    void anotherGradingAsksForAnotherGroup();
+    void aNumberAfterATextIsShownInRanges();
+    void anotherStoreIsTaken();
+    void theManagerOpensAndLayersFollowTheStore();
+    void aLayerKeepsItsColoursWhenItsSchemeIsGone();
+    void editingABuiltInSchemeMakesACopyOfIt();
+    void cancelledEditingLeavesNoCopy_data();
+    void cancelledEditingLeavesNoCopy();
+    void editingTheUsersOwnSchemeChangesIt();
+};
+
+static void pick(LayerCard *card, const QString &group, int scheme)
+{
+    QVERIFY(card->picker()->setDefaultGroup("Default", group, scheme));
+    Q_EMIT card->picker()->currentRampChanged();
+}
+
+static std::vector<VOColorSchemeGroup> &customGroups()
+{
+    return VOColorSchemeManager::instance()->customTeam.groups;
+}
+
+void tst_mapWindowSchemes::aPickedSchemeRecoloursMapAndLegend()
+{
+    LayerCard *countries = card("Countries");
+    const VOColorSchemeTeam &team = VOColorSchemeManager::instance()->defaultTeam;
+    const int groupIndex = team.index("Range");
+    QVERIFY(groupIndex >= 0);
+    const VOColorSchemeGroup &group = team.groups[std::size_t(groupIndex)];
+    QVERIFY(group.schemes.size() >= 3);
+    for (int i = 0; i < 3; ++i) {
+        pick(countries, "Range", i);
+        // Australia is in the highest class, which has the ramp's last colour.
+        const QRgb last = rampColors(group.schemes[std::size_t(i)].colorRamp).last();
+        QCOMPARE(pixelAt(Outback.x(), Outback.y()), last);
+        QCOMPARE(countries->findChild<LegendWidget *>()->legend().classes.first().color, last);
+    }
+}
+
+void tst_mapWindowSchemes::aSchemeChosenInTheDropDownRecoloursTheMap()
+{
+    LayerCard *countries = card("Countries");
+    pick(countries, "Range", 0);
+    const VOColorSchemeTeam &team = VOColorSchemeManager::instance()->defaultTeam;
+    const VOColorSchemeGroup &group = team.groups[std::size_t(team.index("Range"))];
+    ModalDriver driver;
+    driver.next([](QWidget *menu) {
+        // The entries follow one another; Home goes to the first.
+        QTest::keyClick(menu, Qt::Key_Home);
+        QTest::keyClick(menu, Qt::Key_Down);
+        QTest::keyClick(menu, Qt::Key_Return);
+    });
+    QTest::mouseClick(countries->picker(), Qt::LeftButton);
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(countries->currentScheme()->schemeIndex(), 1);
+    QCOMPARE(pixelAt(Outback.x(), Outback.y()), rampColors(group.schemes[1].colorRamp).last());
+}
+
+void tst_mapWindowSchemes::settersOfThePickerAloneChangeNothing()
+{
+    LayerCard *countries = card("Countries");
+    pick(countries, "Range", 0);
+    const QRgb before = pixelAt(Outback.x(), Outback.y());
+    QVERIFY(countries->picker()->setDefaultGroup("Default", "Range", 1));
+    QCOMPARE(pixelAt(Outback.x(), Outback.y()), before);
+}
+
+void tst_mapWindowSchemes::theChosenSchemeComesBack()
+{
+    pick(card("Countries"), "Range", 2);
+    pick(card("Terrain"), "Random", 1);
+    const SchemeChoice countries = *card("Countries")->currentScheme();
+    const SchemeChoice terrain = *card("Terrain")->currentScheme();
+    const QRgb color = pixelAt(Outback.x(), Outback.y());
+    open();
+    QCOMPARE(card("Countries")->currentScheme()->scheme, countries.scheme);
+    QCOMPARE(card("Terrain")->currentScheme()->group, QString("Random"));
+    QCOMPARE(card("Terrain")->currentScheme()->scheme, terrain.scheme);
+    QCOMPARE(pixelAt(Outback.x(), Outback.y()), color);
+}
+
+void tst_mapWindowSchemes::aSchemeThatIsGoneIsReplacedByADefault()
+{
+    VOColorSchemeGroup group = makeGroup("Mine", {"one"});
+    group.schemes[0].colorRamp->setColor(0, rgb_color<float>(1.0F, 2.0F, 3.0F));
+    VOColorSchemeManager::instance()->customTeam.groups.push_back(group);
+    QVERIFY(card("Countries")->choose({"Custom", "Mine", "one"}));
+    QVERIFY(!card("Countries")->choose({"Custom", "Mine", "two"}));
+    open();
+    QCOMPARE(card("Countries")->currentScheme()->group, QString("Mine"));
+    VOColorSchemeManager::instance()->customTeam.groups.clear();
+    open();
+    QCOMPARE(card("Countries")->currentScheme()->team, QString("Default"));
+    QCOMPARE(card("Countries")->currentScheme()->group, QString("Range"));
+}
+
+void tst_mapWindowSchemes::anotherGradingAsksForAnotherGroup()
+{
+    LayerCard *countries = card("Countries");
+    QCOMPARE(countries->currentScheme()->group, QString("Range"));
+    const SchemeChoice range = *countries->currentScheme();
+    choose(countries->findChild<QComboBox *>("grading"), "Unique values");
+    QCOMPARE(countries->layer()->grading(), Grading::UniqueValues);
+    QCOMPARE(countries->currentScheme()->group, QString("Unique"));
+    choose(countries->findChild<QComboBox *>("grading"), "Equal intervals");
+    QCOMPARE(countries->currentScheme()->scheme, range.scheme);
+}
+
+void tst_mapWindowSchemes::aNumberAfterATextIsShownInRanges()
+{
+    LayerCard *countries = card("Countries");
+    choose(countries->findChild<QComboBox *>("field"), "Continent");
+    QCOMPARE(countries->layer()->grading(), Grading::UniqueValues);
+    QCOMPARE(countries->findChild<LegendWidget *>()->legend().classes.size(), 8);
+    QCOMPARE(countries->findChild<QComboBox *>("grading")->count(), 1);
+    choose(countries->findChild<QComboBox *>("field"), "Population");
+    QCOMPARE(countries->layer()->grading(), Grading::Quantiles);
+    QCOMPARE(countries->currentScheme()->group, QString("Range"));
+}
+
+void tst_mapWindowSchemes::anotherStoreIsTaken()
+{
+    // Given a store elsewhere with another first scheme in "Range"
+    VOColorSchemeManager *schemes = VOColorSchemeManager::instance();
+    schemes->customTeam.groups = {makeGroup("Elsewhere", {"x"})};
+    const QString folder = store->path("elsewhere");
+    QVERIFY(QDir().mkpath(folder));
+    VOColorSchemeManager::setStoreDirectory(VOString(folder.toStdWString()));
+    QVERIFY(schemes->save());
+    schemes->customTeam.groups.clear();
+    // When the window opens it
+    QVERIFY(window->openStore(folder));
+    // Then its groups are there, and the next start takes it again
+    QVERIFY(schemes->customTeam.contains("Elsewhere"));
+    QCOMPARE(appSettings().value(StoreFolderKey).toString(), folder);
+}
+
+void tst_mapWindowSchemes::theManagerOpensAndLayersFollowTheStore()
+{
+    customGroups() = {makeGroup("Mine", {"one"})};
+    customGroups()[0].schemes[0].colorRamp->setColor(9, rgb_color<float>(1.0F, 2.0F, 3.0F));
+    QVERIFY(card("Countries")->choose({"Custom", "Mine", "one"}));
+    QCOMPARE(pixelAt(Outback.x(), Outback.y()), qRgb(1, 2, 3));
+    QString title;
+    ModalDriver driver;
+    driver.next([&title](QWidget *dialog) {
+        title = dialog->windowTitle();
+        QVERIFY(qobject_cast<VTColorSchemeManager *>(dialog));
+        // As if the manager's OK had written it.
+        customGroups()[0].schemes[0].colorRamp->setColor(9, rgb_color<float>(4.0F, 5.0F, 6.0F));
+        static_cast<QDialog *>(dialog)->reject();
+    });
+    window->findChild<QAction *>("manageSchemes")->trigger();
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(pixelAt(Outback.x(), Outback.y()), qRgb(4, 5, 6));
+}
+
+void tst_mapWindowSchemes::aLayerKeepsItsColoursWhenItsSchemeIsGone()
+{
+    customGroups() = {makeGroup("Mine", {"one"})};
+    customGroups()[0].schemes[0].colorRamp->setColor(9, rgb_color<float>(1.0F, 2.0F, 3.0F));
+    QVERIFY(card("Countries")->choose({"Custom", "Mine", "one"}));
+    customGroups().clear();
+    card("Countries")->syncWithStore();
+    QCOMPARE(pixelAt(Outback.x(), Outback.y()), qRgb(1, 2, 3));
+    QVERIFY(!card("Countries")->currentScheme());
+}
+
+void tst_mapWindowSchemes::editingABuiltInSchemeMakesACopyOfIt()
+{
+    LayerCard *countries = card("Countries");
+    const SchemeChoice before = *countries->currentScheme();
+    ModalDriver driver;
+    driver.next([](QWidget *dialog) {
+        auto *editor = qobject_cast<VTColorSchemeEditor *>(dialog);
+        QVERIFY(editor);
+        auto *level = editor->findChild<QSpinBox *>("spinBox_level");
+        level->setValue(level->value() + 3);
+        QTest::mouseClick(editor->findChild<QPushButton *>("pushButton_ok"), Qt::LeftButton);
+    });
+    QTest::mouseClick(countries->findChild<QToolButton *>("editScheme"), Qt::LeftButton);
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    const SchemeChoice after = *countries->currentScheme();
+    QCOMPARE(after.team, QString("Custom"));
+    QCOMPARE(after.scheme, before.scheme);
+    QVERIFY(before.schemeIndex() >= 0);
+    // It is used, and it is on the disk.
+    QCOMPARE(countries->picker()->currentColorRamp()->getLevel(),
+             customGroups()[0].schemes[0].colorRamp->getLevel());
+    QVERIFY(VOColorSchemeManager::instance()->load());
+    QCOMPARE(customGroups().size(), std::size_t(1));
+}
+
+void tst_mapWindowSchemes::cancelledEditingLeavesNoCopy_data()
+{
+    QTest::addColumn<bool>("byButton");
+    QTest::newRow("Cancel") << true;
+    QTest::newRow("Escape") << false;
+}
+
+void tst_mapWindowSchemes::cancelledEditingLeavesNoCopy()
+{
+    QFETCH(bool, byButton);
+    const SchemeChoice before = *card("Countries")->currentScheme();
+    ModalDriver driver;
+    driver.next([byButton](QWidget *dialog) {
+        auto *cancel = dialog->findChild<QPushButton *>("pushButton_cancel");
+        if (byButton && cancel)
+            QTest::mouseClick(cancel, Qt::LeftButton);
+        else
+            QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    QTest::mouseClick(card("Countries")->findChild<QToolButton *>("editScheme"), Qt::LeftButton);
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QVERIFY(customGroups().empty());
+    QCOMPARE(card("Countries")->currentScheme()->scheme, before.scheme);
+    QCOMPARE(card("Countries")->currentScheme()->team, QString("Default"));
+}
+
+void tst_mapWindowSchemes::editingTheUsersOwnSchemeChangesIt()
+{
+    customGroups() = {makeGroup("Mine", {"one", "two"})};
+    customGroups()[0].schemes[1].colorRamp->setColor(9, rgb_color<float>(1.0F, 2.0F, 3.0F));
+    QVERIFY(card("Countries")->choose({"Custom", "Mine", "two"}));
+    ModalDriver driver;
+    driver.next([](QWidget *dialog) {
+        auto *level = dialog->findChild<QSpinBox *>("spinBox_level");
+        level->setValue(5);
+        QTest::mouseClick(dialog->findChild<QPushButton *>("pushButton_ok"), Qt::LeftButton);
+    });
+    QTest::mouseClick(card("Countries")->findChild<QToolButton *>("editScheme"), Qt::LeftButton);
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(customGroups()[0].schemes.size(), std::size_t(2));
+    QCOMPARE(customGroups()[0].schemes[1].colorRamp->getLevel(), 5U);
+    QCOMPARE(card("Countries")->picker()->currentColorRamp()->getLevel(), 5U);
+    QCOMPARE(card("Countries")->currentScheme()->scheme, QString("two"));
+}
+
+QTEST_MAIN(tst_mapWindowSchemes)
+#include "tst_mapWindowSchemes.moc"

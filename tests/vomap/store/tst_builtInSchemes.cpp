@@ -1,0 +1,454 @@
+#include "tests/vomap/store/SchemeFigures.h"
+#include "vomap/VOColorSchemeManager.h"
+#include "vomap/VOEvenColorRamp.h"
+#include "vomap/VOStringConversion.h"
+#include "vomap/store/builtInSchemes_p.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSet>
+#include <QtTest>
+
+#include <cstdio>
+
+using namespace ColourJudge;
+using namespace SchemeFigures;
+using namespace VTObjects;
+
+namespace {
+
+constexpr Vision visions[] = {NormalVision, ProtanVision, DeutanVision, TritanVision};
+
+/// A few more than is needed, so that a claim may err to the safe side by a rounding.
+constexpr double clearlyApart = apartEnough + 0.2;
+/// From here on a ramp counts as near to its original.
+constexpr double nearOriginal = 2.15;
+constexpr double alike = 2.0;
+
+QByteArray fileContents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString perVision(const Colours &colours, int (*figure)(const Colours &, Vision))
+{
+    QStringList texts;
+    for (const Vision vision : visions)
+        texts << QString::number(figure(colours, vision));
+    return texts.join(QLatin1Char('/'));
+}
+
+/// Lengths at which a claim on a ramp's shape must hold.
+QVector<int> lengthsOf(const VOColorScheme &scheme)
+{
+    QVector<int> lengths{static_cast<int>(scheme.colorRamp->getLevel()), smoothLength};
+    for (int count = 3; count <= mostClasses; ++count)
+        lengths << count;
+    return lengths;
+}
+
+int turnsAt(const VOColorScheme &scheme, int length, Vision vision)
+{
+    return turns(coloursAt(scheme, length), vision, length == smoothLength ? rounding : 0.0);
+}
+
+/// What is wrong with the claim; empty if nothing is.
+QString wrongInShape(const VOColorScheme &scheme, Type type)
+{
+    const auto at = [](const char *what, int length) {
+        return QStringLiteral("%1 at %2 colours").arg(QLatin1String(what)).arg(length);
+    };
+    for (const int length : lengthsOf(scheme)) {
+        const Colours colours = coloursAt(scheme, length);
+        if (type == Sequential) {
+            for (const Vision vision : visions) {
+                if (turnsAt(scheme, length, vision) != 0)
+                    return at("the lightness turns", length);
+                if (lightnessRange(colours, vision) < leastRange)
+                    return at("the lightness has too small a range", length);
+            }
+        }
+        if ((type == Diverging || type == TwoSided) && turnsAt(scheme, length, NormalVision) != 1)
+            return at("the lightness does not turn once", length);
+        if (type == Diverging && endsInLightness(colours) > endsTogether)
+            return at("the ends differ in lightness", length);
+        if (type == Cyclic && ends(colours) > returned)
+            return at("the end is not the beginning", length);
+    }
+    return QString();
+}
+
+double distanceToOriginal(const VOColorScheme &scheme, const Colours &original)
+{
+    const Colours colours = coloursAt(scheme, static_cast<int>(original.size()));
+    double most = 0.0;
+    for (size_t i = 0; i < original.size(); ++i)
+        most = std::max(most, difference(labSeenBy(NormalVision, colours[i]),
+                                         labSeenBy(NormalVision, original[i])));
+    return most;
+}
+
+} // namespace
+
+class tst_builtInSchemes : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void sixGroupsHoldMoreThanTwoHundredSchemes();
+    void theStoreStartsWithThem();
+    void namesAreUniqueAndFitForFiles();
+    void everyClaimHolds_data();
+    void everyClaimHolds();
+    void fewColoursStayNearTheOriginal_data() { fittedSchemes(); }
+    void fewColoursStayNearTheOriginal();
+    void theShoreLiesInTheMiddle_data();
+    void theShoreLiesInTheMiddle();
+    void aNameThatSaysSafeIsSafe();
+    void storedColoursAreThoseOfTheirSeeds();
+    void noTwoSchemesLookAlike();
+    void theDocumentsTableIsTheComputedOne();
+    void aDescriptionOffThePatternHasNoClaims_data();
+    void aDescriptionOffThePatternHasNoClaims();
+
+private:
+    void fittedSchemes();
+    QString tableRow(const QString &group, const VOColorScheme &scheme) const;
+
+    VOColorSchemeTeam team;
+    QHash<QString, Colours> originals;
+};
+
+void tst_builtInSchemes::initTestCase()
+{
+    team = builtInTeam();
+    const QString path = QFINDTESTDATA("originals.json");
+    const QJsonObject tables = QJsonDocument::fromJson(fileContents(path)).object();
+    for (const QString &name : tables.keys()) {
+        Colours colours;
+        for (const QJsonValue &row : tables.value(name).toArray()) {
+            for (const QString &word : row.toString().split(QLatin1Char(' '))) {
+                const uint bits = word.toUInt(nullptr, 16);
+                colours.push_back(
+                    {double(bits >> 16), double(bits >> 8 & 255), double(bits & 255)});
+            }
+        }
+        originals.insert(name, colours);
+    }
+}
+
+void tst_builtInSchemes::sixGroupsHoldMoreThanTwoHundredSchemes()
+{
+    const QStringList wanted{QStringLiteral("DEM"),   QStringLiteral("Unique"),
+                             QStringLiteral("Range"), QStringLiteral("Graph"),
+                             QStringLiteral("Even"),  QStringLiteral("Random")};
+    QCOMPARE(toQString(team.name), QStringLiteral("Default"));
+    QStringList names;
+    size_t count = 0;
+    for (const VOColorSchemeGroup &group : team.groups) {
+        names << toQString(group.name);
+        count += group.schemes.size();
+        QVERIFY2(group.schemes.size() >= 20, qPrintable(names.last()));
+    }
+    QCOMPARE(names, wanted);
+    QVERIFY2(count >= 200, qPrintable(QString::number(count)));
+}
+
+void tst_builtInSchemes::theStoreStartsWithThem()
+{
+    QTemporaryDir folder;
+    VOColorSchemeManager::setStoreDirectory(toVOString(folder.path()));
+    const VOColorSchemeManager *store = VOColorSchemeManager::instance();
+    QCOMPARE(store->defaultTeam.groups.size(), team.groups.size());
+    for (size_t i = 0; i < team.groups.size(); ++i) {
+        const VOColorSchemeGroup &shipped = team.groups[i];
+        const VOColorSchemeGroup &stored = store->defaultTeam.groups[i];
+        QCOMPARE(stored.schemes.size(), shipped.schemes.size());
+        QVERIFY(stored.schemes.front().name == shipped.schemes.front().name);
+    }
+}
+
+void tst_builtInSchemes::namesAreUniqueAndFitForFiles()
+{
+    // Unique in the whole team: two groups may be copied into one.
+    QSet<QString> seen;
+    for (const VOColorSchemeGroup &group : team.groups) {
+        for (const VOColorScheme &scheme : group.schemes) {
+            const QString name = toQString(scheme.name);
+            QVERIFY2(!seen.contains(name), qPrintable(name));
+            seen.insert(name);
+            static const QRegularExpression plain(QStringLiteral("^[A-Za-z][A-Za-z0-9, -]{1,39}$"));
+            QVERIFY2(plain.match(name).hasMatch(), qPrintable(name));
+            QVERIFY2(!toQString(scheme.author).isEmpty(), qPrintable(name));
+        }
+    }
+}
+
+void tst_builtInSchemes::everyClaimHolds_data()
+{
+    QTest::addColumn<int>("group");
+    QTest::addColumn<int>("index");
+    for (size_t g = 0; g < team.groups.size(); ++g) {
+        const VOColorSchemeGroup &group = team.groups[g];
+        for (size_t i = 0; i < group.schemes.size(); ++i)
+            QTest::addRow("%s: %s", qPrintable(toQString(group.name)),
+                          qPrintable(toQString(group.schemes[i].name)))
+                << static_cast<int>(g) << static_cast<int>(i);
+    }
+}
+
+void tst_builtInSchemes::everyClaimHolds()
+{
+    QFETCH(int, group);
+    QFETCH(int, index);
+    const VOColorScheme &scheme =
+        team.groups[static_cast<size_t>(group)].schemes[static_cast<size_t>(index)];
+    const auto claims = claimsOf(toQString(scheme.describe));
+    QVERIFY2(claims.has_value(), qPrintable(toQString(scheme.describe)));
+
+    const QString wrong = wrongInShape(scheme, claims->type);
+    QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+
+    if (claims->type == Qualitative) {
+        QCOMPARE(claims->classes, static_cast<int>(scheme.colorRamp->getLevel()));
+        const double pair = smallestPair(coloursOf(scheme), NormalVision);
+        QVERIFY2(pair >= distinctEnough, qPrintable(QString::number(pair)));
+    } else {
+        const int apart = classesApart(scheme, claims->type, apartEnough, false);
+        QVERIFY2(claims->classes <= apart, qPrintable(QString::number(apart)));
+        const int clearly = classesApart(scheme, claims->type, clearlyApart, false);
+        QVERIFY2(claims->classes >= clearly, qPrintable(QString::number(clearly)));
+    }
+
+    const int safe = classesApart(scheme, claims->type, apartEnough, true);
+    QVERIFY2(claims->safe <= safe, qPrintable(QString::number(safe)));
+    const int clearlySafe = classesApart(scheme, claims->type, clearlyApart, true);
+    if (claims->safe == 0)
+        QVERIFY2(clearlySafe < leastSafe, qPrintable(QString::number(clearlySafe)));
+    else
+        QVERIFY2(claims->safe >= clearlySafe, qPrintable(QString::number(clearlySafe)));
+}
+
+void tst_builtInSchemes::fittedSchemes()
+{
+    QTest::addColumn<int>("group");
+    QTest::addColumn<int>("index");
+    for (size_t g = 0; g < team.groups.size(); ++g) {
+        const VOColorSchemeGroup &group = team.groups[g];
+        for (size_t i = 0; i < group.schemes.size(); ++i) {
+            const auto claims = claimsOf(toQString(group.schemes[i].describe));
+            if (claims && claims->sources > 0)
+                QTest::newRow(qPrintable(toQString(group.schemes[i].name)))
+                    << static_cast<int>(g) << static_cast<int>(i);
+        }
+    }
+}
+
+void tst_builtInSchemes::fewColoursStayNearTheOriginal()
+{
+    QFETCH(int, group);
+    QFETCH(int, index);
+    const VOColorScheme &scheme =
+        team.groups[static_cast<size_t>(group)].schemes[static_cast<size_t>(index)];
+    const auto claims = claimsOf(toQString(scheme.describe));
+    const Colours original = originals.value(toQString(scheme.name));
+    QVERIFY(original.size() >= 100);
+    auto *ramp = dynamic_cast<VOEvenColorRamp *>(scheme.colorRamp);
+    QVERIFY(ramp);
+    QCOMPARE(static_cast<int>(ramp->getSourceColorCount()), claims->sources);
+    QVERIFY2(claims->sources <= 16, qPrintable(QString::number(claims->sources)));
+    QVERIFY2(claims->distance <= nearOriginal, qPrintable(QString::number(claims->distance)));
+    const double distance = distanceToOriginal(scheme, original);
+    QVERIFY2(distance <= claims->distance, qPrintable(QString::number(distance)));
+}
+
+void tst_builtInSchemes::theShoreLiesInTheMiddle_data()
+{
+    QTest::addColumn<int>("index");
+    const auto &schemes = team.groups.front().schemes;
+    for (size_t i = 0; i < schemes.size(); ++i) {
+        const auto claims = claimsOf(toQString(schemes[i].describe));
+        if (claims && claims->type == TwoPart)
+            QTest::newRow(qPrintable(toQString(schemes[i].name))) << static_cast<int>(i);
+    }
+}
+
+void tst_builtInSchemes::theShoreLiesInTheMiddle()
+{
+    QFETCH(int, index);
+    const Colours colours = coloursOf(team.groups.front().schemes[static_cast<size_t>(index)]);
+    QCOMPARE(colours.size() % 2, size_t(0));
+    size_t widest = 0;
+    double widestStep = 0.0;
+    for (size_t i = 1; i < colours.size(); ++i) {
+        const double step = difference(labSeenBy(NormalVision, colours[i - 1]),
+                                       labSeenBy(NormalVision, colours[i]));
+        if (step > widestStep) {
+            widestStep = step;
+            widest = i;
+        }
+    }
+    QCOMPARE(widest, colours.size() / 2);
+}
+
+void tst_builtInSchemes::aNameThatSaysSafeIsSafe()
+{
+    int found = 0;
+    for (const VOColorSchemeGroup &group : team.groups) {
+        for (const VOColorScheme &scheme : group.schemes) {
+            const QString name = toQString(scheme.name);
+            if (!name.contains(QLatin1String("safe"), Qt::CaseInsensitive))
+                continue;
+            ++found;
+            QVERIFY2(smallestPairOfAllVisions(coloursOf(scheme)) >= apartEnough, qPrintable(name));
+        }
+    }
+    QVERIFY(found > 0);
+}
+
+void tst_builtInSchemes::storedColoursAreThoseOfTheirSeeds()
+{
+    const VOColorSchemeGroup &group = team.groups.back();
+    const QByteArray json = fileContents(QStringLiteral(":/vomap/schemes/Random.json"));
+    const QJsonArray stored =
+        QJsonDocument::fromJson(json).object().value(QLatin1String("schemes")).toArray();
+    QCOMPARE(static_cast<size_t>(stored.size()), group.schemes.size());
+    QStringList rows;
+    QStringList generatedRows;
+    for (int i = 0; i < stored.size(); ++i) {
+        const VOColorScheme &scheme = group.schemes[static_cast<size_t>(i)];
+        QStringList words{toQString(scheme.name)};
+        for (const QJsonValue &colour :
+             stored.at(i).toObject().value(QLatin1String("colours")).toArray())
+            words << colour.toString();
+        rows << words.join(QLatin1Char('|'));
+        words = QStringList{toQString(scheme.name)};
+        for (const Triple &colour :
+             coloursAt(scheme, static_cast<int>(scheme.colorRamp->getLevel())))
+            words << QString::asprintf("#%02x%02x%02x", int(colour[0]), int(colour[1]),
+                                       int(colour[2]));
+        generatedRows << words.join(QLatin1Char('|'));
+        std::puts(qPrintable(generatedRows.last()));
+    }
+    QCOMPARE(rows, generatedRows);
+}
+
+void tst_builtInSchemes::noTwoSchemesLookAlike()
+{
+    constexpr int samples = 9;
+    QVector<QPair<QString, Colours>> seen;
+    for (const VOColorSchemeGroup &group : team.groups) {
+        for (const VOColorScheme &scheme : group.schemes) {
+            Colours colours = coloursAt(scheme, samples);
+            for (Triple &colour : colours)
+                colour = labSeenBy(NormalVision, colour);
+            for (const auto &other : seen) {
+                double most = 0.0;
+                for (size_t i = 0; i < samples && most < alike; ++i)
+                    most = std::max(most, difference(colours[i], other.second[i]));
+                QVERIFY2(most >= alike, qPrintable(toQString(scheme.name) +
+                                                   QStringLiteral(" and ") + other.first));
+            }
+            seen.append(qMakePair(toQString(scheme.name), colours));
+        }
+    }
+}
+
+QString tst_builtInSchemes::tableRow(const QString &group, const VOColorScheme &scheme) const
+{
+    const auto claims = claimsOf(toQString(scheme.describe));
+    if (!claims)
+        return QString();
+    const Colours colours = coloursOf(scheme);
+    const bool isSet = claims->type == Qualitative;
+    double range = INFINITY;
+    for (const Vision vision : visions)
+        range = std::min(range, lightnessRange(colours, vision));
+    // Pairs are those of the classes claimed: all, and the safe ones.
+    const auto classesOf = [&](int count) {
+        Colours classes = isSet                    ? colours
+                          : claims->type == Cyclic ? coloursAt(scheme, count + 1)
+                                                   : coloursAt(scheme, count);
+        classes.resize(static_cast<size_t>(count));
+        return classes;
+    };
+    const auto number = [](double value) { return QString::number(value, 'f', 1); };
+    QStringList cells{group, toQString(scheme.name), claims->typeName,
+                      QString::number(colours.size())};
+    cells << QString::number(claims->classes)
+          << number(smallestPair(classesOf(claims->classes), NormalVision));
+    cells << (claims->safe > 0 ? QString::number(claims->safe) : QStringLiteral("no"))
+          << number(smallestPairOfAllVisions(
+                 classesOf(claims->safe > 0 ? claims->safe : claims->classes)));
+    cells << (isSet ? QStringLiteral("-")
+                    : perVision(colours, [](const Colours &list, Vision vision) {
+                          return turns(list, vision, 0.0);
+                      }));
+    cells << (isSet ? QStringLiteral("-") : number(range));
+    cells << (isSet ? QStringLiteral("-") : number(endsInLightness(colours)));
+    const QString name = toQString(scheme.name);
+    cells << (claims->sources > 0 ? number(distanceToOriginal(scheme, originals.value(name)))
+                                  : QStringLiteral("-"));
+    return QStringLiteral("| ") + cells.join(QStringLiteral(" | ")) + QStringLiteral(" |");
+}
+
+void tst_builtInSchemes::theDocumentsTableIsTheComputedOne()
+{
+    QStringList rows;
+    for (const VOColorSchemeGroup &group : team.groups) {
+        for (const VOColorScheme &scheme : group.schemes)
+            rows << tableRow(toQString(group.name), scheme);
+    }
+    for (const QString &row : qAsConst(rows))
+        std::puts(qPrintable(row));
+    const QString text = QString::fromUtf8(fileContents(QFINDTESTDATA("../../docs/quality.md")));
+    QStringList documented;
+    bool inside = false;
+    for (const QString &line : text.split(QLatin1Char('\n'))) {
+        if (line.startsWith(QLatin1String("<!-- built-in schemes: ")))
+            inside = line.contains(QLatin1String("begin"));
+        else if (inside && line.startsWith(QLatin1Char('|')))
+            documented << line;
+    }
+    // The first two lines are the head.
+    documented = documented.mid(2);
+    for (int i = 0; i < qMin(rows.size(), documented.size()); ++i)
+        QCOMPARE(documented.at(i), rows.at(i));
+    QCOMPARE(documented.size(), rows.size());
+}
+
+void tst_builtInSchemes::aDescriptionOffThePatternHasNoClaims_data()
+{
+    QTest::addColumn<QString>("description");
+    QTest::newRow("unknown type") << "Striped, 3 to 5 classes, colour-blind safe. Text.";
+    QTest::newRow("no classes") << "Sequential, colour-blind safe. Text.";
+    QTest::newRow("a ramp with one number") << "Sequential, 5 classes, colour-blind safe. Text.";
+    QTest::newRow("a set with two") << "Qualitative, 3 to 5 classes, colour-blind safe. Text.";
+    QTest::newRow("no safety") << "Sequential, 3 to 5 classes. Text.";
+    QTest::newRow("a set safe as a ramp")
+        << "Qualitative, 5 classes, colour-blind safe up to 4 classes. Text.";
+    QTest::newRow("a ramp that comes back")
+        << "Sequential, 3 to 5 classes and the first one again, "
+           "colour-blind safe. Text.";
+    QTest::newRow("no text") << "Sequential, 3 to 5 classes, colour-blind safe.";
+}
+
+void tst_builtInSchemes::aDescriptionOffThePatternHasNoClaims()
+{
+    QFETCH(QString, description);
+    QVERIFY(!claimsOf(description).has_value());
+    const auto claims = claimsOf(QStringLiteral("Sequential, 3 to 9 classes, colour-blind safe up "
+                                                "to 5 classes. Text; 6 colours, within 1.9 of the "
+                                                "original."));
+    QVERIFY(claims.has_value());
+    QCOMPARE(claims->classes, 9);
+    QCOMPARE(claims->safe, 5);
+    QCOMPARE(claims->sources, 6);
+    QCOMPARE(claims->distance, 1.9);
+}
+
+QTEST_GUILESS_MAIN(tst_builtInSchemes)
+#include "tst_builtInSchemes.moc"

@@ -1,0 +1,222 @@
+#include "vomap/VOColorScheme.h"
+#include "vomap/files/JsonReader_p.h"
+#include "vomap/files/RampParts_p.h"
+#include "vomap/files/schemeText_p.h"
+#include "vomap/files/utf8_p.h"
+
+#include <QByteArray>
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <limits>
+
+namespace VTObjects {
+
+namespace {
+
+// A whole number without fraction and exponent, within the limits.
+bool takeWhole(JsonReader &json, std::int64_t smallest, std::int64_t largest, std::int64_t &value)
+{
+    std::string_view number;
+    if (!json.takeNumber(number))
+        return false;
+    const bool negative = number.front() == '-';
+    const std::string_view digits = number.substr(negative ? 1 : 0);
+    constexpr std::size_t mostDigits = 10; // of 2^32
+    if (digits.size() > mostDigits || digits.find_first_of(".eE") != std::string_view::npos)
+        return json.fail();
+    value = 0;
+    for (const char digit : digits)
+        value = value * 10 + (digit - '0');
+    if (negative)
+        value = -value;
+    return (value >= smallest && value <= largest) || json.fail();
+}
+
+bool takeInt(JsonReader &json, int &value)
+{
+    std::int64_t whole = 0;
+    if (!takeWhole(json, std::numeric_limits<int>::min(), std::numeric_limits<int>::max(), whole))
+        return false;
+    value = static_cast<int>(whole);
+    return true;
+}
+
+bool takeText(JsonReader &json, std::wstring &text)
+{
+    if (!json.nextIs('['))
+        return json.takeString(text);
+    constexpr std::int64_t largest = sizeof(wchar_t) == 2 ? 0xFFFF : 0xFFFFFFFF;
+    json.enterArray();
+    while (json.nextElement()) {
+        std::int64_t unit = 0;
+        if (json.nextIs('"'))
+            json.takeString(text);
+        else if (takeWhole(json, 0, largest, unit))
+            text += static_cast<wchar_t>(unit);
+    }
+    return json.isGood();
+}
+
+bool takeComponent(JsonReader &json, float &component)
+{
+    std::string_view number;
+    if (!json.takeNumber(number))
+        return false;
+    bool isNumber = false;
+    // In the C locale always, and rounded to the nearest.
+    const double value =
+        QByteArray::fromRawData(number.data(), static_cast<int>(number.size())).toDouble(&isNumber);
+    if (number.front() == '-' || !isNumber || !(value <= 255.0))
+        return json.fail();
+    component = static_cast<float>(value);
+    return true;
+}
+
+bool takeColors(JsonReader &json, QVector<rgb_color<float>> &colors)
+{
+    json.enterArray();
+    while (json.nextElement()) {
+        rgb_color<float> color;
+        float *const components[] = {&color.red, &color.green, &color.blue};
+        std::size_t count = 0;
+        json.enterArray();
+        while (json.nextElement()) {
+            if (count == std::size(components) || !takeComponent(json, *components[count++]))
+                return json.fail();
+        }
+        if (count != std::size(components) || colors.size() == int(maxSchemeColors))
+            return json.fail();
+        colors.push_back(color);
+    }
+    return json.isGood();
+}
+
+bool takeKind(JsonReader &json, VOColorRamp::ColorRampType &kind)
+{
+    std::wstring name;
+    if (!json.takeString(name))
+        return false;
+    const auto *const found =
+        std::find_if(std::begin(rampKinds), std::end(rampKinds), [&name](std::string_view known) {
+            return std::equal(known.begin(), known.end(), name.begin(), name.end());
+        });
+    if (found == std::end(rampKinds))
+        return json.fail();
+    kind = static_cast<VOColorRamp::ColorRampType>(found - std::begin(rampKinds));
+    return true;
+}
+
+// Which members were there.
+struct RampMembers
+{
+    bool kind = false;
+    bool seed = false;
+    bool paramsChanged = false;
+    std::array<bool, 6> bounds = {};
+    bool sources = false;
+    bool colors = false;
+};
+
+bool areComplete(const RampMembers &members, VOColorRamp::ColorRampType kind)
+{
+    const bool bounded =
+        members.paramsChanged &&
+        std::all_of(members.bounds.begin(), members.bounds.end(), [](bool has) { return has; });
+    return members.kind && members.colors && (members.seed || !hasSeed(kind)) &&
+           (members.sources || !hasSources(kind)) &&
+           (bounded || kind != VOColorRamp::RandomHsvRamp);
+}
+
+bool takeRampMember(JsonReader &json, const std::wstring &name, RampParts &parts,
+                    RampMembers &members)
+{
+    const auto named = [&name](std::string_view known) {
+        return std::equal(known.begin(), known.end(), name.begin(), name.end());
+    };
+    if (named("kind"))
+        return members.kind = takeKind(json, parts.kind);
+    if (named("seed"))
+        return members.seed = takeInt(json, parts.seed);
+    if (named("paramsChanged"))
+        return members.paramsChanged = json.takeBoolean(parts.paramsChanged);
+    if (named("sourceColors"))
+        return members.sources = takeColors(json, parts.sources);
+    if (named("colors"))
+        return members.colors = takeColors(json, parts.colors);
+    for (std::size_t i = 0; i < std::size(boundNames); ++i) {
+        if (named(boundNames[i]))
+            return members.bounds[i] = takeInt(json, parts.bounds[i]);
+    }
+    return json.skipValue();
+}
+
+bool takeRamp(JsonReader &json, std::unique_ptr<VOColorRamp> &ramp)
+{
+    RampParts parts;
+    RampMembers members;
+    std::wstring name;
+    json.enterObject();
+    while (json.nextMember(name)) {
+        if (!takeRampMember(json, name, parts, members))
+            return false;
+    }
+    if (!json.isGood() || !areComplete(members, parts.kind))
+        return json.fail();
+    ramp = putTogether(parts);
+    return true;
+}
+
+bool takeHead(JsonReader &json)
+{
+    std::wstring name;
+    std::wstring format;
+    std::int64_t schema = 0;
+    return json.enterObject() && json.nextMember(name) && name == L"format" &&
+           json.takeString(format) &&
+           std::equal(schemeFormat.begin(), schemeFormat.end(), format.begin(), format.end()) &&
+           json.nextMember(name) && name == L"schema" &&
+           takeWhole(json, schemeSchema, schemeSchema, schema);
+}
+
+} // namespace
+
+bool readSchemeText(std::string_view text, VOColorScheme &scheme)
+{
+    if (text.size() > maxSchemeText)
+        return false;
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (text.substr(0, byteOrderMark.size()) == byteOrderMark)
+        text.remove_prefix(byteOrderMark.size());
+
+    JsonReader json(text);
+    if (!takeHead(json))
+        return false;
+    std::wstring member;
+    std::wstring texts[3];
+    bool has[3] = {};
+    std::unique_ptr<VOColorRamp> ramp;
+    constexpr std::wstring_view textNames[] = {L"name", L"author", L"description"};
+    while (json.nextMember(member)) {
+        const auto *const known = std::find(std::begin(textNames), std::end(textNames), member);
+        const auto which = static_cast<std::size_t>(known - std::begin(textNames));
+        if (known != std::end(textNames))
+            has[which] = takeText(json, texts[which]);
+        else if (member == L"ramp")
+            takeRamp(json, ramp);
+        else
+            json.skipValue();
+    }
+    if (!json.atEnd() || !ramp || !has[0] || !has[1] || !has[2])
+        return false;
+    scheme.name = texts[0];
+    scheme.author = texts[1];
+    scheme.describe = texts[2];
+    scheme.unknownFields.reset();
+    delete scheme.colorRamp;
+    scheme.colorRamp = ramp.release();
+    return true;
+}
+
+} // namespace VTObjects

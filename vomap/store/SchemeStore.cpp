@@ -1,0 +1,190 @@
+#include "vomap/store/SchemeStore_p.h"
+
+#include "vomap/store/SchemeStoreFound_p.h"
+#include "vomap/store/builtInSchemes_p.h"
+#include "vomap/store/teamMerge_p.h"
+
+#include <limits>
+#include <utility>
+
+namespace VTObjects {
+
+namespace {
+
+constexpr std::uint64_t anyLength = std::numeric_limits<std::int64_t>::max();
+constexpr const char *fileNames[] = {"default.team", "custom.team", "favorite.team"};
+constexpr const wchar_t *teamNames[] = {L"Default", L"Custom", L"Favorite"};
+
+VOColorSchemeTeam firstTeam(SchemeStore::Team which)
+{
+    VOColorSchemeTeam team;
+    if (which == SchemeStore::Default)
+        team = shippedTeam();
+    team.name = teamNames[which];
+    return team;
+}
+
+} // namespace
+
+const VOColorSchemeTeam &shippedTeam()
+{
+    static const VOColorSchemeTeam team = builtInTeam();
+    return team;
+}
+
+SchemeStore::Found::Found(const std::string &path)
+{
+    read = readWholeFile(path, anyLength, bytes);
+    if (read == ReadState::Read)
+        state = decodeTeam(bytes.view(), content, complete);
+}
+
+SchemeStore::SchemeStore() = default;
+
+SchemeStore::~SchemeStore() = default;
+
+std::string SchemeStore::pathOf(Team which, const char *suffix) const
+{
+    return folder + '/' + fileNames[which] + suffix;
+}
+
+std::string SchemeStore::pathOfLock() const
+{
+    return folder + "/store.lock";
+}
+
+bool SchemeStore::load(const std::string &directory,
+                       const std::array<VOColorSchemeTeam *, teamCount> &teams)
+{
+    folder = directory;
+    if (folder.empty()) {
+        for (const Team which : {Default, Custom, Favorite})
+            *teams[which] = firstTeam(which);
+        known = {};
+        return false;
+    }
+    FolderLock lock;
+    // A folder that is not there is no reason to make one: nothing is saved yet.
+    const bool locked = somethingIsAt(folder) && lock.acquire(pathOfLock(), lockPatience);
+    bool all = true;
+    for (const Team which : {Default, Custom, Favorite}) {
+        if (locked)
+            finishInterrupted(which);
+        all = loadTeam(which, locked, *teams[which]) && all;
+    }
+    return all;
+}
+
+// Only under the lock: what such a file belongs to is over then.
+void SchemeStore::finishInterrupted(Team which) const
+{
+    removeFile(pathOf(which, newSuffix));
+    const std::string old = pathOf(which, oldSuffix);
+    if (!somethingIsAt(old))
+        return;
+    const Found found(old);
+    const bool replaced = found.isWhole() && !fileHolds(pathOf(which), found.bytes.view());
+    if (!replaced || !renameOver(old, pathOf(which, lastSuffix)))
+        removeFile(old);
+}
+
+bool SchemeStore::loadTeam(Team which, bool locked, VOColorSchemeTeam &team)
+{
+    Known &now = known[which];
+    now = Known();
+    TeamContent content;
+    bool good = false;
+    Found found(pathOf(which));
+    if (found.isWhole() || found.isNewer()) {
+        good = found.complete;
+        content = std::move(found.content);
+        now.newer = found.isNewer();
+        now.base = std::move(found.bytes);
+    } else if (found.isMissing() && !somethingIsAt(pathOf(which, lastSuffix))) {
+        good = true;
+        content.team = firstTeam(which);
+        if (which == Default)
+            content.extras.shipped = shippedList(content.team);
+    } else {
+        Found last(pathOf(which, lastSuffix));
+        content = recovered(which, found, last);
+        if (locked && found.read != ReadState::Unreadable)
+            putRecovered(which, found, last, content);
+    }
+    if (which == Default && !now.newer)
+        upgradeBuiltIns(content, shippedTeam());
+    now.extras = std::move(content.extras);
+    team = std::move(content.team);
+    return good;
+}
+
+// What can be had of a team whose file cannot be taken as it is.
+TeamContent SchemeStore::recovered(Team which, Found &found, Found &last) const
+{
+    if (last.isWhole())
+        return std::move(last.content);
+    TeamContent content;
+    bool knowsShipped = false;
+    if (found.read == ReadState::Read)
+        knowsShipped = salvageTeam(found.bytes.view(), content);
+    if (last.read == ReadState::Read) {
+        TeamContent older;
+        const bool olderKnows = salvageTeam(last.bytes.view(), older);
+        addMissing(content.team, older.team);
+        if (olderKnows && !knowsShipped)
+            content.extras.shipped = std::move(older.extras.shipped);
+        knowsShipped = knowsShipped || olderKnows;
+    }
+    if (content.team.groups.empty())
+        content.team = firstTeam(which);
+    // Its name may be among what was lost.
+    if (content.team.name == L"")
+        content.team.name = teamNames[which];
+    // Without the list nobody knows what the user deleted: nothing is offered again.
+    if (which == Default && !knowsShipped)
+        content.extras.shipped = shippedList(shippedTeam());
+    return content;
+}
+
+// Sets the damaged files aside and makes what was recovered the team's file. If any of it fails,
+// all stays as it is: the next load or save will try again.
+void SchemeStore::putRecovered(Team which, Found &found, Found &last, const TeamContent &content)
+{
+    const std::string path = pathOf(which);
+    const std::string fresh = pathOf(which, newSuffix);
+    ByteBuffer bytes;
+    if (last.isWhole())
+        bytes.append(last.bytes.view());
+    else if (!encodeTeam(content.team, content.extras, bytes))
+        return;
+    if (!writeSynced(fresh, bytes.view(), path))
+        return;
+    const bool aside = (!found.isDamaged() || !setAside(path, found).empty()) &&
+                       (!last.isDamaged() || !setAside(pathOf(which, lastSuffix), last).empty());
+    if (!aside || !renameOver(fresh, path) || !syncFolder(folder)) {
+        removeFile(fresh);
+        return;
+    }
+    if (last.isDamaged())
+        removeFile(pathOf(which, lastSuffix));
+    known[which].base = std::move(bytes);
+}
+
+// Gives the damaged thing a name that nothing has in the folder of such things; empty on failure.
+// A file keeps its old name besides, until it is replaced.
+std::string SchemeStore::setAside(const std::string &path, const Found &found) const
+{
+    const std::string damaged = folder + "/damaged";
+    if (!makeFolder(damaged))
+        return std::string();
+    const std::string start = damaged + path.substr(path.rfind('/')) + '.';
+    int number = 1;
+    while (somethingIsAt(start + std::to_string(number)))
+        ++number;
+    std::string aside = start + std::to_string(number);
+    const bool done =
+        found.read == ReadState::NotAFile ? renameOver(path, aside) : linkAs(path, aside);
+    return done && syncFolder(damaged) ? aside : std::string();
+}
+
+} // namespace VTObjects

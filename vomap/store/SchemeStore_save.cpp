@@ -1,0 +1,186 @@
+#include "vomap/store/SchemeStore_p.h"
+
+#include "vomap/store/SchemeStoreFound_p.h"
+#include "vomap/store/teamMerge_p.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+namespace VTObjects {
+
+struct SchemeStore::Work
+{
+    Team which = Default;
+    const VOColorSchemeTeam *team = nullptr;
+    ByteBuffer bytes;  // to be written
+    ByteBuffer base;   // the team as it is in memory, if that is not what is written
+    TeamExtras extras; // as written
+    std::unique_ptr<Found> damaged;
+    std::string aside; // where the damaged thing went
+    bool linked = false;
+    bool renamed = false;
+    bool replaces = false; // a good file, which becomes the last good copy
+};
+
+namespace {
+
+std::vector<ShippedScheme> joinedLists(const std::vector<ShippedScheme> &mine,
+                                       const std::vector<ShippedScheme> &theirs)
+{
+    std::map<std::pair<std::wstring, std::wstring>, std::uint64_t> all;
+    for (const std::vector<ShippedScheme> *list : {&theirs, &mine}) {
+        for (const ShippedScheme &scheme : *list)
+            all[{scheme.group, scheme.scheme}] = scheme.checksum;
+    }
+    std::vector<ShippedScheme> joined;
+    joined.reserve(all.size());
+    for (const auto &[name, checksum] : all)
+        joined.push_back({name.first, name.second, checksum});
+    return joined;
+}
+
+} // namespace
+
+bool SchemeStore::save(const std::string &directory, const std::vector<Saving> &savings)
+{
+    if (folder != directory) {
+        // What was loaded elsewhere says nothing about what is there.
+        for (Known &each : known)
+            each.base.clear();
+        folder = directory;
+    }
+    FolderLock lock;
+    if (folder.empty() || !makeFolder(folder) || !lock.acquire(pathOfLock(), lockPatience))
+        return false;
+    std::vector<Work> works(savings.size());
+    for (std::size_t i = 0; i < savings.size(); ++i) {
+        works[i].which = savings[i].which;
+        works[i].team = savings[i].team;
+        works[i].bytes = std::move(known[works[i].which].spare);
+        finishInterrupted(works[i].which);
+        if (!prepare(works[i]))
+            return false;
+    }
+    if (!commit(works))
+        return false;
+    for (Work &work : works) {
+        Known &now = known[work.which];
+        now.spare = std::move(now.base);
+        now.base = std::move(work.base.size() > 0 ? work.base : work.bytes);
+        now.extras = std::move(work.extras);
+        now.newer = false;
+    }
+    return true;
+}
+
+// Decides what to write, from what is on disk.
+bool SchemeStore::prepare(Work &work) const
+{
+    const Known &now = known[work.which];
+    const std::string path = pathOf(work.which);
+    work.extras = now.extras;
+    if (work.which == Default && work.extras.shipped.empty())
+        work.extras.shipped = shippedList(shippedTeam());
+    if (now.base.size() > 0 && fileHolds(path, now.base.view())) {
+        work.replaces = true;
+        return !now.newer && encodeTeam(*work.team, work.extras, work.bytes);
+    }
+    auto found = std::make_unique<Found>(path);
+    if (found->read == ReadState::Unreadable || found->isNewer())
+        return false;
+    if (found->isMissing())
+        return encodeTeam(*work.team, work.extras, work.bytes);
+    if (found->isWhole()) {
+        work.replaces = true;
+        return merge(work, found->content);
+    }
+    // What is left of it is joined with what was known of it, so that a loss is not a deletion.
+    TeamContent theirs;
+    TeamContent base;
+    bool complete = false;
+    if (found->read == ReadState::Read)
+        salvageTeam(found->bytes.view(), theirs);
+    if (decodeTeam(now.base.view(), base, complete) == TeamFileState::Whole)
+        addMissing(theirs.team, base.team);
+    work.damaged = std::move(found);
+    return merge(work, theirs);
+}
+
+bool SchemeStore::merge(Work &work, const TeamContent &theirs) const
+{
+    TeamContent base;
+    bool complete = false;
+    if (decodeTeam(known[work.which].base.view(), base, complete) != TeamFileState::Whole)
+        base = TeamContent();
+    if (!encodeTeam(*work.team, work.extras, work.base))
+        return false;
+    if (!theirs.extras.teamFields.empty())
+        work.extras.teamFields = theirs.extras.teamFields;
+    if (!theirs.extras.otherRecords.empty())
+        work.extras.otherRecords = theirs.extras.otherRecords;
+    if (work.which == Default)
+        work.extras.shipped = joinedLists(work.extras.shipped, theirs.extras.shipped);
+    return encodeTeam(mergedTeam(base.team, *work.team, theirs.team), work.extras, work.bytes);
+}
+
+// Up to the sync of the folder everything can be undone, and is when something fails. From there
+// on the save counts; what then cannot be tidied, the next load or save tidies.
+bool SchemeStore::commit(std::vector<Work> &works) const
+{
+    const bool written = std::all_of(works.begin(), works.end(), [this](const Work &work) {
+        return writeSynced(pathOf(work.which, newSuffix), work.bytes.view(), pathOf(work.which));
+    });
+    bool done = written &&
+                std::all_of(works.begin(), works.end(), [this](Work &work) { return link(work); });
+    for (Work &work : works) {
+        done = done && renameOver(pathOf(work.which, newSuffix), pathOf(work.which));
+        work.renamed = done;
+    }
+    if (!done || !syncFolder(folder)) {
+        undo(works);
+        return false;
+    }
+    for (const Work &work : works) {
+        if (work.replaces)
+            renameOver(pathOf(work.which, oldSuffix), pathOf(work.which, lastSuffix));
+        else
+            removeFile(pathOf(work.which, oldSuffix));
+    }
+    static_cast<void>(syncFolder(folder));
+    return true;
+}
+
+// Keeps what is about to be replaced under a second name.
+bool SchemeStore::link(Work &work) const
+{
+    const std::string path = pathOf(work.which);
+    if (work.damaged) {
+        work.aside = setAside(path, *work.damaged);
+        if (work.aside.empty())
+            return false;
+        if (work.damaged->read == ReadState::NotAFile)
+            return true;
+    } else if (!work.replaces) {
+        return true;
+    }
+    work.linked = linkAs(path, pathOf(work.which, oldSuffix));
+    return work.linked;
+}
+
+void SchemeStore::undo(std::vector<Work> &works) const
+{
+    for (Work &work : works) {
+        const std::string path = pathOf(work.which);
+        const std::string old = pathOf(work.which, oldSuffix);
+        if (work.renamed)
+            putBack(work.linked ? old : std::string(), path);
+        if (work.damaged && !work.linked && !work.aside.empty())
+            putBack(work.aside, path); // a folder, which has no second name
+        removeFile(old);
+        removeFile(pathOf(work.which, newSuffix));
+    }
+    static_cast<void>(syncFolder(folder));
+}
+
+} // namespace VTObjects

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "vomap/VOColorSchemeTeam.h"
+#include "vomap/files/TeamFile_p.h"
+
+#include <vector>
+
+namespace VTObjects {
+
+/// Joins two states of a team that both came from `base`, as docs/file-formats.md says under
+/// "Merge": nobody's work is lost, and a deletion wins only over what nobody changed.
+VOColorSchemeTeam mergedTeam(const VOColorSchemeTeam &base, const VOColorSchemeTeam &mine,
+                             const VOColorSchemeTeam &theirs);
+
+/// Adds to `team` the schemes of `source` whose group and name it does not have.
+void addMissing(VOColorSchemeTeam &team, const VOColorSchemeTeam &source);
+
+/// The list of all schemes of a team, as the store remembers what it has been offered.
+std::vector<ShippedScheme> shippedList(const VOColorSchemeTeam &builtIn);
+
+/// Brings a stored default team up to the built-in schemes of this release: what is new is added,
+/// what the user never touched becomes the present version, and what the user edited or deleted
+/// stays so. Then `content` lists all of them as shipped.
+void upgradeBuiltIns(TeamContent &content, const VOColorSchemeTeam &builtIn);
+
+} // namespace VTObjects
