@@ -34,7 +34,7 @@ int main(int argc, char *argv[])
     rgb_color<float> sources[] = {{196, 69, 57}, {255, 255, 191}, {48, 95, 207}};
     VOEvenColorRamp ramp;
     ramp.setSourceColor(3, sources);
-    std::printf("%10s %14s %14s   microseconds a strip\n", "colours", "140 x 20", "515 x 30");
+    std::printf("%10s %14s %14s   microseconds a strip\n", "colors", "140 x 20", "515 x 30");
     for (const unsigned int level : {10U, 140U, 300U, 20000U, 1000000U}) {
         ramp.split(level);
         std::printf("%10u %14.1f %14.1f\n", level, microseconds(ramp, QSize(140, 20)),

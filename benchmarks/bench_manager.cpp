@@ -105,10 +105,10 @@ int main(int argc, char *argv[])
     measure("select all", [&] { command("actionSelect_all"); });
     measure("invert all", [&] { command("actionInvert_select"); });
     measure("invert none", [&] { command("actionInvert_select"); });
-    measure("favour all", [&] { table->onFavorite(); });
+    measure("favor all", [&] { table->onFavorite(); });
     selectEveryOther(table);
     measure("invert every other", [&] { command("actionInvert_select"); });
-    measure("favour every other", [&] { table->onFavorite(); });
+    measure("favor every other", [&] { table->onFavorite(); });
     measure("right-click", [&] {
         const QPoint place = table->viewport()->rect().center();
         QContextMenuEvent event(QContextMenuEvent::Mouse, place,

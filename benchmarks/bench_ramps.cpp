@@ -55,7 +55,7 @@ int main()
     VOEvenColorRamp even;
     even.setSourceColor(3, sources);
     constexpr unsigned int million = 1000000;
-    std::printf("even                split(%7u)   %9.2f ns a colour\n", million,
+    std::printf("even                split(%7u)   %9.2f ns a color\n", million,
                 milliseconds(10, [&](int) { even.split(million); }) * 1e6 / million);
     return even.getLevel() == million ? 0 : 1;
 }

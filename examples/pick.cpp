@@ -14,7 +14,7 @@ int main(int argc, char *argv[])
     picker->setDefaultGroup("Default", "DEM", 0);
     auto *told = new QLabel("Pick a scheme", &window);
     QObject::connect(picker, &VTColorSchemeComboBox::currentRampChanged, told, [=] {
-        told->setText(QString("%1 colours").arg(picker->currentColorRamp()->getLevel()));
+        told->setText(QString("%1 colors").arg(picker->currentColorRamp()->getLevel()));
     });
 
     auto *form = new QFormLayout(&window);

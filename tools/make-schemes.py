@@ -326,7 +326,7 @@ def write_colours(program):
     path = ROOT / "vomap/schemes/Random.json"
     schemes = json.loads(path.read_text())["schemes"]
     printed = subprocess.run(
-        [program, "storedColoursAreThoseOfTheirSeeds"], capture_output=True, text=True
+        [program, "storedColorsAreThoseOfTheirSeeds"], capture_output=True, text=True
     )
     rows = dict(line.split("|", 1) for line in printed.stdout.splitlines() if "|#" in line)
     for scheme in schemes:

@@ -1,6 +1,6 @@
 #include "vomap/VOEvenColorRamp.h"
 
-#include "vomap/generate/evenColours_p.h"
+#include "vomap/generate/evenColors_p.h"
 #include "vomap/generate/generatedColors_p.h"
 
 namespace VTObjects {
@@ -12,8 +12,8 @@ VOEvenColorRamp::~VOEvenColorRamp() = default;
 bool VOEvenColorRamp::split(unsigned int count)
 {
     const auto fill = [this](rgb_color<float> *first, std::size_t size) {
-        fillWithEvenColours(sourceColors.constData(), static_cast<std::size_t>(sourceColors.size()),
-                            first, size);
+        fillWithEvenColors(sourceColors.constData(), static_cast<std::size_t>(sourceColors.size()),
+                           first, size);
     };
     // Nothing can fail on the way, so a list of its own is written in place: fetching fresh memory
     // would take as long as the colours.

@@ -1,7 +1,7 @@
 #include "vomap/VORandomColorRamp.h"
 
 #include "vomap/generate/generatedColors_p.h"
-#include "vomap/generate/randomColours_p.h"
+#include "vomap/generate/randomColors_p.h"
 
 namespace VTObjects {
 
@@ -12,7 +12,7 @@ VORandomColorRamp::~VORandomColorRamp() = default;
 bool VORandomColorRamp::split(unsigned int count)
 {
     return generateColors(colors, count, [this](rgb_color<float> *first, std::size_t size) {
-        fillWithRandomColours(seed, first, size);
+        fillWithRandomColors(seed, first, size);
     });
 }
 

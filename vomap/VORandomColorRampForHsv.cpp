@@ -1,7 +1,7 @@
 #include "vomap/VORandomColorRampForHsv.h"
 
 #include "vomap/generate/generatedColors_p.h"
-#include "vomap/generate/hsvColours_p.h"
+#include "vomap/generate/hsvColors_p.h"
 
 namespace VTObjects {
 
@@ -13,7 +13,7 @@ bool VORandomColorRampForHsv::split(unsigned int count)
 {
     const HsvBox box(minH, maxH, minS, maxS, minV, maxV);
     return generateColors(colors, count, [this, &box](rgb_color<float> *first, std::size_t size) {
-        fillWithHsvColours(seed, box, first, size);
+        fillWithHsvColors(seed, box, first, size);
     });
 }
 

@@ -15,13 +15,13 @@ void VTSymbolUtils::drawStippledBackground(QPainter *painter, QRect rect)
     if (!painter || rect.isEmpty())
         return;
     painter->fillRect(rect, QColor(255, 255, 255));
-    const QColor grey(229, 229, 229);
+    const QColor gray(229, 229, 229);
     for (int top = 0; top < rect.height(); top += cellSize) {
         for (int left = (top / cellSize) % 2 == 0 ? cellSize : 0; left < rect.width();
              left += 2 * cellSize) {
             painter->fillRect(rect.left() + left, rect.top() + top,
                               std::min(cellSize, rect.width() - left),
-                              std::min(cellSize, rect.height() - top), grey);
+                              std::min(cellSize, rect.height() - top), gray);
         }
     }
 }

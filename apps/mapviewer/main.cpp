@@ -55,7 +55,7 @@ int main(int argc, char *argv[])
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Shows maps and colours them by schemes that you pick."));
+        QStringLiteral("Shows maps and colors them by schemes that you pick."));
     parser.addHelpOption();
     const QCommandLineOption screenshots(
         QStringLiteral("screenshots"),

@@ -30,9 +30,9 @@ struct NamedColor
 // tell them apart.
 constexpr NamedColor namedColors[] = {
     {QT_TRANSLATE_NOOP("describeColorRamp", "black"), 0, 0, 0},
-    {QT_TRANSLATE_NOOP("describeColorRamp", "dark grey"), 75, 75, 75},
-    {QT_TRANSLATE_NOOP("describeColorRamp", "grey"), 130, 130, 130},
-    {QT_TRANSLATE_NOOP("describeColorRamp", "pale grey"), 205, 205, 205},
+    {QT_TRANSLATE_NOOP("describeColorRamp", "dark gray"), 75, 75, 75},
+    {QT_TRANSLATE_NOOP("describeColorRamp", "gray"), 130, 130, 130},
+    {QT_TRANSLATE_NOOP("describeColorRamp", "pale gray"), 205, 205, 205},
     {QT_TRANSLATE_NOOP("describeColorRamp", "white"), 255, 255, 255},
     {QT_TRANSLATE_NOOP("describeColorRamp", "dark red"), 120, 10, 15},
     {QT_TRANSLATE_NOOP("describeColorRamp", "dark red"), 190, 55, 50},
@@ -141,22 +141,22 @@ QString describeColorRamp(VOColorRamp *ramp)
 {
     const unsigned int count = ramp ? ramp->getLevel() : 0;
     if (count == 0)
-        return translated(QT_TRANSLATE_NOOP("describeColorRamp", "No colours"));
+        return translated(QT_TRANSLATE_NOOP("describeColorRamp", "No colors"));
     const QString first = describeColor(toQColor(ramp->getColor(0)));
     if (count == 1)
-        return translated(QT_TRANSLATE_NOOP("describeColorRamp", "1 colour, %1")).arg(first);
+        return translated(QT_TRANSLATE_NOOP("describeColorRamp", "1 color, %1")).arg(first);
 
     const QString middle = describeColor(toQColor(ramp->getColor((count - 1) / 2)));
     const QString last = describeColor(toQColor(ramp->getColor(count - 1)));
     if (middle != first && middle != last) {
         return translated(
-                   QT_TRANSLATE_NOOP("describeColorRamp", "%1 colours, from %2 through %3 to %4"))
+                   QT_TRANSLATE_NOOP("describeColorRamp", "%1 colors, from %2 through %3 to %4"))
             .arg(QString::number(count), first, middle, last);
     }
     if (first != last) {
-        return translated(QT_TRANSLATE_NOOP("describeColorRamp", "%1 colours, from %2 to %3"))
+        return translated(QT_TRANSLATE_NOOP("describeColorRamp", "%1 colors, from %2 to %3"))
             .arg(QString::number(count), first, last);
     }
-    return translated(QT_TRANSLATE_NOOP("describeColorRamp", "%1 colours, all %2"))
+    return translated(QT_TRANSLATE_NOOP("describeColorRamp", "%1 colors, all %2"))
         .arg(QString::number(count), first);
 }

@@ -59,7 +59,7 @@ void VTColorSchemeManager::initUi()
     setWindowFlags(Qt::Dialog | Qt::WindowCloseButtonHint);
     resize(790, 530);
     qRegisterMetaType<ColorSchemeNodeInfo>("ColorSchemeNodeInfo");
-    ui->teamView->setAccessibleName(tr("Groups of colour schemes"));
+    ui->teamView->setAccessibleName(tr("Groups of color schemes"));
     teamModel = new QStandardItemModel(0, 1, this);
     ui->teamView->setModel(teamModel);
     ui->teamView->setStyleSheet(

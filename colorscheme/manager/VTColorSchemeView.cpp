@@ -53,7 +53,7 @@ VTColorSchemeView::VTColorSchemeView(QWidget *parent)
     horizontalHeader()->setSectionResizeMode(RampColumn, QHeaderView::Fixed);
     setEditTriggers(QAbstractItemView::DoubleClicked);
     connect(this, &QTableView::doubleClicked, this, &VTColorSchemeView::onDoubleClicked);
-    setAccessibleName(tr("Colour schemes"));
+    setAccessibleName(tr("Color schemes"));
     connect(tableModel, &QAbstractItemModel::dataChanged, this,
             &VTColorSchemeView::describeCurrentRow);
     connect(tableModel, &QAbstractItemModel::rowsRemoved, this,

@@ -57,7 +57,7 @@ VTColorSchemeComboBox::VTColorSchemeComboBox(QWidget *parent)
     setStyleSheet(QStringLiteral("QToolButton{border-radius: 2px; min-height:20;border: 1px groove "
                                  "gray;border-style: outset;}"));
     connect(this, &QToolButton::clicked, this, &VTColorSchemeComboBox::showMenu);
-    setAccessibleName(tr("Colour scheme"));
+    setAccessibleName(tr("Color scheme"));
     setAccessibleDescription(describeColorRamp(nullptr));
 }
 

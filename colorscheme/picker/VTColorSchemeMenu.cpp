@@ -121,7 +121,7 @@ void VTColorSchemeMenu::fill(const VOColorSchemeGroup &record)
     list->setAttribute(Qt::WA_MouseTracking);
     list->setAttribute(Qt::WA_TranslucentBackground);
     list->setFocusPolicy(Qt::NoFocus);
-    list->setAccessibleName(tr("Colour schemes"));
+    list->setAccessibleName(tr("Color schemes"));
 
     const QSize stripSize(width() - besideStrip, stripHeight);
     int index = 0;

@@ -93,7 +93,7 @@ void tst_examples::pickTellsWhatIsPicked()
                  }),
              0);
     QVERIFY(level > 0);
-    QVERIFY2(told.contains(QStringLiteral("%1 colours").arg(level)), qPrintable(told));
+    QVERIFY2(told.contains(QStringLiteral("%1 colors").arg(level)), qPrintable(told));
 }
 
 void tst_examples::previewShowsTheRamp()

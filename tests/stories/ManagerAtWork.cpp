@@ -131,9 +131,9 @@ QByteArray dumpOfRecords()
 }
 
 QByteArray dumpOfRecords(const VOColorSchemeTeam &defaults, const VOColorSchemeTeam &customs,
-                         const VOColorSchemeTeam &favourites)
+                         const VOColorSchemeTeam &favorites)
 {
-    return dump(defaults) + dump(customs) + dump(favourites);
+    return dump(defaults) + dump(customs) + dump(favorites);
 }
 
 QByteArray dumpByAnotherProcess(const QString &storeDirectory)

@@ -46,7 +46,7 @@ VTObjects::VOColorScheme schemeOf(const QString &name, unsigned int level);
 QByteArray dumpOfRecords();
 QByteArray dumpOfRecords(const VTObjects::VOColorSchemeTeam &defaults,
                          const VTObjects::VOColorSchemeTeam &customs,
-                         const VTObjects::VOColorSchemeTeam &favourites);
+                         const VTObjects::VOColorSchemeTeam &favorites);
 /// The same as a process reads them that starts now; empty if it cannot.
 QByteArray dumpByAnotherProcess(const QString &storeDirectory);
 /// All files at or below a folder, hidden ones included, by their paths.

@@ -37,7 +37,7 @@ private:
     std::unique_ptr<TestStore> store;
     QString exported; // a folder
     // What the day is to come to, worked out beside the manager
-    VOColorSchemeTeam defaults, customs, favourites;
+    VOColorSchemeTeam defaults, customs, favorites;
 };
 
 namespace {
@@ -74,7 +74,7 @@ void tst_dayInTheManager::init()
     QVERIFY(records->save());
     defaults = records->defaultTeam;
     customs = records->customTeam;
-    favourites = records->favoriteTeam;
+    favorites = records->favoriteTeam;
 }
 
 void tst_dayInTheManager::cleanup()
@@ -152,7 +152,7 @@ void tst_dayInTheManager::expectTheWork()
     customs.groups[Old] =
         groupOf("Fieldwork", {schemeOf("Ocean", 3), relief[1], schemeOf("Heat", 7),
                               schemeOf("Rain", 8), renamed(schemeOf("Sky", 9), "Sky_1")});
-    favourites.groups = {groupOf("Fieldwork", {schemeOf("Heat", 7), schemeOf("Ocean", 3)})};
+    favorites.groups = {groupOf("Fieldwork", {schemeOf("Heat", 7), schemeOf("Ocean", 3)})};
     relief[0].name = L"Relief";
 }
 
@@ -179,9 +179,9 @@ void tst_dayInTheManager::savedWorkIsExactlyWhatAnotherProcessFinds()
     }
     expectTheWork();
     expectExportedFiles();
-    const QByteArray expected = dumpOfRecords(defaults, customs, favourites);
+    const QByteArray expected = dumpOfRecords(defaults, customs, favorites);
     QCOMPARE(dump(VOColorSchemeManager::instance()->customTeam), dump(customs));
-    QCOMPARE(dump(VOColorSchemeManager::instance()->favoriteTeam), dump(favourites));
+    QCOMPARE(dump(VOColorSchemeManager::instance()->favoriteTeam), dump(favorites));
     QVERIFY(dumpOfRecords() == expected);
     QVERIFY(dumpByAnotherProcess(store->storeDirectory()) == expected);
 }
@@ -202,7 +202,7 @@ void tst_dayInTheManager::discardedWorkLeavesEveryByteAsItWas()
     const auto everything = [&] { return filesBelow(QFileInfo(settings).path()); };
     const auto filesBefore = everything();
     QVERIFY(filesBefore.size() >= 4); // three teams and the settings
-    const QByteArray before = dumpOfRecords(defaults, customs, favourites);
+    const QByteArray before = dumpOfRecords(defaults, customs, favorites);
     {
         ManagerAtWork work;
         doTheWork(work);

@@ -1,4 +1,4 @@
-#include "tests/vomap/rampColours.h"
+#include "tests/vomap/rampColors.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VOPredefineColorRamp.h"
 #include "vomap/VORandomColorRampForHsv.h"
@@ -10,16 +10,16 @@
 #include <memory>
 
 using namespace VTObjects;
-using RampColours::Colour;
+using RampColors::Color;
 
 class tst_VOColorRampContainer : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void coloursAreAppendedAndRead();
-    void oneColourIsOverwritten();
-    void oneColourIsRemoved();
-    void allColoursAreRemoved();
+    void colorsAreAppendedAndRead();
+    void oneColorIsOverwritten();
+    void oneColorIsRemoved();
+    void allColorsAreRemoved();
     void whatIsOutOfRangeDoesNothing_data();
     void whatIsOutOfRangeDoesNothing();
     void componentsAreClampedAtTheDoor_data();
@@ -28,34 +28,34 @@ private Q_SLOTS:
     void everyKindTellsItsClass();
 };
 
-void tst_VOColorRampContainer::coloursAreAppendedAndRead()
+void tst_VOColorRampContainer::colorsAreAppendedAndRead()
 {
     VORandomColorRamp ramp;
-    ramp.addColor(Colour(1.5F, 2, 3));
-    ramp.addColor(Colour(4, 5, 6));
+    ramp.addColor(Color(1.5F, 2, 3));
+    ramp.addColor(Color(4, 5, 6));
     QCOMPARE(ramp.getLevel(), 2U);
-    QVERIFY(ramp.getColor(0) == Colour(1.5F, 2, 3));
-    QVERIFY(ramp.getColor(1) == Colour(4, 5, 6));
+    QVERIFY(ramp.getColor(0) == Color(1.5F, 2, 3));
+    QVERIFY(ramp.getColor(1) == Color(4, 5, 6));
 }
 
-void tst_VOColorRampContainer::oneColourIsOverwritten()
+void tst_VOColorRampContainer::oneColorIsOverwritten()
 {
     VOEvenColorRamp ramp;
     QVERIFY(ramp.split(3));
-    ramp.setColor(1, Colour(7, 8, 9));
-    QVERIFY(RampColours::of(ramp) == (std::vector<Colour>{{}, {7, 8, 9}, {}}));
+    ramp.setColor(1, Color(7, 8, 9));
+    QVERIFY(RampColors::of(ramp) == (std::vector<Color>{{}, {7, 8, 9}, {}}));
 }
 
-void tst_VOColorRampContainer::oneColourIsRemoved()
+void tst_VOColorRampContainer::oneColorIsRemoved()
 {
     VOEvenColorRamp ramp;
     for (int i = 1; i <= 3; ++i)
-        ramp.addColor(Colour(float(i), 0, 0));
+        ramp.addColor(Color(float(i), 0, 0));
     ramp.deleteColor(1);
-    QVERIFY(RampColours::of(ramp) == (std::vector<Colour>{{1, 0, 0}, {3, 0, 0}}));
+    QVERIFY(RampColors::of(ramp) == (std::vector<Color>{{1, 0, 0}, {3, 0, 0}}));
 }
 
-void tst_VOColorRampContainer::allColoursAreRemoved()
+void tst_VOColorRampContainer::allColorsAreRemoved()
 {
     VORandomColorRamp ramp;
     ramp.setSeed(5);
@@ -78,13 +78,13 @@ void tst_VOColorRampContainer::whatIsOutOfRangeDoesNothing()
 {
     QFETCH(unsigned int, index);
     VORandomColorRamp ramp;
-    ramp.addColor(Colour(1, 2, 3));
-    ramp.addColor(Colour(4, 5, 6));
-    const std::vector<Colour> before = RampColours::of(ramp);
-    QVERIFY(ramp.getColor(index) == Colour());
-    ramp.setColor(index, Colour(9, 9, 9));
+    ramp.addColor(Color(1, 2, 3));
+    ramp.addColor(Color(4, 5, 6));
+    const std::vector<Color> before = RampColors::of(ramp);
+    QVERIFY(ramp.getColor(index) == Color());
+    ramp.setColor(index, Color(9, 9, 9));
     ramp.deleteColor(index);
-    QVERIFY(RampColours::of(ramp) == before);
+    QVERIFY(RampColors::of(ramp) == before);
 }
 
 void tst_VOColorRampContainer::componentsAreClampedAtTheDoor_data()
@@ -109,26 +109,26 @@ void tst_VOColorRampContainer::componentsAreClampedAtTheDoor()
     QFETCH(float, given);
     QFETCH(float, kept);
     VORandomColorRamp ramp;
-    ramp.addColor(Colour(given, 1, 2));
-    ramp.addColor(Colour());
-    ramp.setColor(1, Colour(3, given, given));
-    QVERIFY(ramp.getColor(0) == Colour(kept, 1, 2));
-    QVERIFY(ramp.getColor(1) == Colour(3, kept, kept));
+    ramp.addColor(Color(given, 1, 2));
+    ramp.addColor(Color());
+    ramp.setColor(1, Color(3, given, given));
+    QVERIFY(ramp.getColor(0) == Color(kept, 1, 2));
+    QVERIFY(ramp.getColor(1) == Color(3, kept, kept));
     // A negative zero would leave its sign in files.
     QVERIFY(!std::signbit(ramp.getColor(0).red));
-    ramp.setColor(0, Colour(-0.0F, 0, 0));
+    ramp.setColor(0, Color(-0.0F, 0, 0));
     QVERIFY(!std::signbit(ramp.getColor(0).red));
 }
 
 void tst_VOColorRampContainer::aCopyStaysAsItIsWhenTheOriginalIsWritten()
 {
     VOEvenColorRamp ramp;
-    ramp.addColor(Colour(1, 2, 3));
+    ramp.addColor(Color(1, 2, 3));
     const std::unique_ptr<VOColorRamp> copy(ramp.clone());
-    ramp.setColor(0, Colour(9, 9, 9));
-    ramp.addColor(Colour(8, 8, 8));
+    ramp.setColor(0, Color(9, 9, 9));
+    ramp.addColor(Color(8, 8, 8));
     QCOMPARE(copy->getLevel(), 1U);
-    QVERIFY(copy->getColor(0) == Colour(1, 2, 3));
+    QVERIFY(copy->getColor(0) == Color(1, 2, 3));
     copy->deleteAll();
     QCOMPARE(ramp.getLevel(), 2U);
 }

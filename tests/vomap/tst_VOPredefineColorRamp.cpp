@@ -1,4 +1,4 @@
-#include "tests/vomap/rampColours.h"
+#include "tests/vomap/rampColors.h"
 #include "vomap/VOPredefineColorRamp.h"
 
 #include <QtTest>
@@ -7,7 +7,7 @@
 #include <memory>
 
 using namespace VTObjects;
-using RampColours::Colour;
+using RampColors::Color;
 
 class tst_VOPredefineColorRamp : public QObject
 {
@@ -39,27 +39,27 @@ void tst_VOPredefineColorRamp::withoutSourcesTheBuiltInListIsTaken()
     QCOMPARE(ramp.getSourceColorCount(), 10U);
     for (int i = 0; i < 10; ++i)
         QVERIFY(ramp.getColor(static_cast<unsigned int>(2 * i)) == ramp.getSourceColor(i));
-    QVERIFY(ramp.getColor(0) == Colour(43, 48, 140));
-    QVERIFY(ramp.getColor(18) == Colour(146, 8, 42));
+    QVERIFY(ramp.getColor(0) == Color(43, 48, 140));
+    QVERIFY(ramp.getColor(18) == Color(146, 8, 42));
 }
 
 void tst_VOPredefineColorRamp::theBuiltInListReadsAsLowAndHigh()
 {
     VOPredefineColorRamp ramp;
     QVERIFY(ramp.split(10));
-    const std::vector<Colour> colours = RampColours::of(ramp);
-    for (std::size_t i = 1; i < colours.size(); ++i) {
-        const ColourJudge::Triple before = RampColours::lab(colours[i - 1]);
-        const ColourJudge::Triple here = RampColours::lab(colours[i]);
+    const std::vector<Color> colors = RampColors::of(ramp);
+    for (std::size_t i = 1; i < colors.size(); ++i) {
+        const ColorJudge::Triple before = RampColors::lab(colors[i - 1]);
+        const ColorJudge::Triple here = RampColors::lab(colors[i]);
         QVERIFY(i <= 5 ? here[0] > before[0] : here[0] < before[0]);
-        const double step = ColourJudge::difference(before, here);
+        const double step = ColorJudge::difference(before, here);
         QVERIFY(step > 12.5 && step < 28.5);
     }
 }
 
 void tst_VOPredefineColorRamp::ownSourcesWin()
 {
-    Colour sources[] = {{1, 2, 3}, {200, 100, 50}};
+    Color sources[] = {{1, 2, 3}, {200, 100, 50}};
     VOPredefineColorRamp ramp;
     QVERIFY(ramp.setSourceColor(2, sources));
     QVERIFY(ramp.split(3));
@@ -80,12 +80,12 @@ void tst_VOPredefineColorRamp::aCloneIsIndependent()
 {
     auto ramp = std::make_unique<VOPredefineColorRamp>();
     QVERIFY(ramp->split(7));
-    const std::vector<Colour> colours = RampColours::of(*ramp);
+    const std::vector<Color> colors = RampColors::of(*ramp);
     const std::unique_ptr<VOColorRamp> copy(ramp->clone());
     ramp->deleteAll();
     ramp.reset();
     QCOMPARE(int(copy->category()), 3);
-    QVERIFY(RampColours::of(*copy) == colours);
+    QVERIFY(RampColors::of(*copy) == colors);
     auto *predefined = dynamic_cast<VOPredefineColorRamp *>(copy.get());
     QVERIFY(predefined);
     QCOMPARE(predefined->getSourceColorCount(), 10U);

@@ -1,4 +1,4 @@
-#include "tests/vomap/rampColours.h"
+#include "tests/vomap/rampColors.h"
 #include "vomap/VORandomColorRamp.h"
 
 #include <QtTest>
@@ -8,15 +8,15 @@
 #include <set>
 
 using namespace VTObjects;
-using RampColours::Colour;
+using RampColors::Color;
 
 namespace {
 
-std::vector<Colour> coloursOf(int seed, unsigned int count)
+std::vector<Color> colorsOf(int seed, unsigned int count)
 {
     VORandomColorRamp ramp;
     ramp.setSeed(seed);
-    return ramp.split(count) ? RampColours::of(ramp) : std::vector<Colour>();
+    return ramp.split(count) ? RampColors::of(ramp) : std::vector<Color>();
 }
 
 } // namespace
@@ -32,15 +32,15 @@ private Q_SLOTS:
     void theSeedAloneDecides();
     void thePublishedVectorsComeOut_data();
     void thePublishedVectorsComeOut();
-    void coloursStandApartForEverySeed();
+    void colorsStandApartForEverySeed();
     void aLongerRampBeginsWithTheShorterOne();
-    void aThousandColoursAreDistinct();
-    void aMillionColoursAreDistinctAndWhole();
-    void theLastColourIsFollowedByTheFirst();
-    void neighbouringSeedsShareNoColour();
-    void coloursAreNeitherDarkNorPale();
+    void aThousandColorsAreDistinct();
+    void aMillionColorsAreDistinctAndWhole();
+    void theLastColorIsFollowedByTheFirst();
+    void neighboringSeedsShareNoColor();
+    void colorsAreNeitherDarkNorPale();
     void aCloneIsIndependent();
-    void overwrittenColoursStayUntilTheNextSplit();
+    void overwrittenColorsStayUntilTheNextSplit();
 };
 
 void tst_VORandomColorRamp::aNewRampIsEmpty()
@@ -73,26 +73,26 @@ void tst_VORandomColorRamp::aLevelBeyondAllMemoryLeavesTheRampAsItWas()
 {
     VORandomColorRamp ramp;
     QVERIFY(ramp.split(5));
-    const std::vector<Colour> before = RampColours::of(ramp);
+    const std::vector<Color> before = RampColors::of(ramp);
     QVERIFY(!ramp.split(std::numeric_limits<unsigned int>::max()));
-    QVERIFY(RampColours::of(ramp) == before);
+    QVERIFY(RampColors::of(ramp) == before);
 }
 
 void tst_VORandomColorRamp::theSeedAloneDecides()
 {
     for (const int seed :
          {0, 1, 2, 1000, -1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
-        QVERIFY(coloursOf(seed, 60) == coloursOf(seed, 60));
-        QVERIFY(coloursOf(seed, 60) != coloursOf(seed ^ 1, 60));
+        QVERIFY(colorsOf(seed, 60) == colorsOf(seed, 60));
+        QVERIFY(colorsOf(seed, 60) != colorsOf(seed ^ 1, 60));
     }
     std::set<std::vector<unsigned int>> kinds;
     for (int seed = 0; seed < 1000; ++seed) {
         std::vector<unsigned int> first;
-        for (const Colour &colour : coloursOf(seed, 8))
-            first.push_back(RampColours::packed(colour));
+        for (const Color &color : colorsOf(seed, 8))
+            first.push_back(RampColors::packed(color));
         kinds.insert(first);
     }
-    qInfo("different rows of 8 colours from 1000 seeds: %zu", kinds.size());
+    qInfo("different rows of 8 colors from 1000 seeds: %zu", kinds.size());
     QVERIFY(kinds.size() >= 990);
 }
 
@@ -118,13 +118,12 @@ void tst_VORandomColorRamp::thePublishedVectorsComeOut()
     QFETCH(int, seed);
     QFETCH(QString, expected);
     QStringList found;
-    for (const Colour &colour : coloursOf(seed, 8))
-        found
-            << QString::number(RampColours::packed(colour), 16).rightJustified(6, QLatin1Char('0'));
+    for (const Color &color : colorsOf(seed, 8))
+        found << QString::number(RampColors::packed(color), 16).rightJustified(6, QLatin1Char('0'));
     QCOMPARE(found.join(QLatin1Char(' ')), expected);
 }
 
-void tst_VORandomColorRamp::coloursStandApartForEverySeed()
+void tst_VORandomColorRamp::colorsStandApartForEverySeed()
 {
     struct Aim
     {
@@ -144,7 +143,7 @@ void tst_VORandomColorRamp::coloursStandApartForEverySeed()
     std::vector<std::vector<double>> normal(aims.size());
     std::vector<std::vector<double>> dichromat(aims.size());
     for (int seed = 0; seed <= 1000; ++seed) {
-        const auto pairs = RampColours::smallestPairs(coloursOf(seed, 50), sizes);
+        const auto pairs = RampColors::smallestPairs(colorsOf(seed, 50), sizes);
         for (std::size_t i = 0; i < aims.size(); ++i) {
             normal[i].push_back(pairs[i].normal);
             dichromat[i].push_back(pairs[i].dichromat);
@@ -153,86 +152,86 @@ void tst_VORandomColorRamp::coloursStandApartForEverySeed()
     for (std::size_t i = 0; i < aims.size(); ++i) {
         qInfo("N = %2zu: smallest CIEDE2000 pair over seeds 0..1000: median %.2f, worst %.2f; "
               "worst dichromacy: median %.2f, worst %.2f",
-              aims[i].size, RampColours::median(normal[i]), RampColours::smallest(normal[i]),
-              RampColours::median(dichromat[i]), RampColours::smallest(dichromat[i]));
+              aims[i].size, RampColors::median(normal[i]), RampColors::smallest(normal[i]),
+              RampColors::median(dichromat[i]), RampColors::smallest(dichromat[i]));
     }
     for (std::size_t i = 0; i < aims.size(); ++i) {
-        QVERIFY(RampColours::median(normal[i]) >= aims[i].median);
-        QVERIFY(RampColours::smallest(normal[i]) >= aims[i].worst);
-        QVERIFY(RampColours::median(dichromat[i]) >= aims[i].dichromatMedian);
+        QVERIFY(RampColors::median(normal[i]) >= aims[i].median);
+        QVERIFY(RampColors::smallest(normal[i]) >= aims[i].worst);
+        QVERIFY(RampColors::median(dichromat[i]) >= aims[i].dichromatMedian);
     }
 }
 
 void tst_VORandomColorRamp::aLongerRampBeginsWithTheShorterOne()
 {
     for (const int seed : {0, 2, 17, -5}) {
-        const std::vector<Colour> longest = coloursOf(seed, 1100);
+        const std::vector<Color> longest = colorsOf(seed, 1100);
         std::vector<unsigned int> levels;
         for (unsigned int level = 2; level <= 100; ++level)
             levels.push_back(level);
         levels.insert(levels.end(), {127, 128, 129, 1023, 1024, 1025});
         for (const unsigned int level : levels) {
-            const std::vector<Colour> shorter = coloursOf(seed, level);
+            const std::vector<Color> shorter = colorsOf(seed, level);
             QVERIFY(std::equal(shorter.begin(), shorter.end(), longest.begin()));
         }
     }
 }
 
-void tst_VORandomColorRamp::aThousandColoursAreDistinct()
+void tst_VORandomColorRamp::aThousandColorsAreDistinct()
 {
     for (int seed = 0; seed < 20; ++seed) {
         std::set<unsigned int> kinds;
-        for (const Colour &colour : coloursOf(seed, 1000))
-            kinds.insert(RampColours::packed(colour));
+        for (const Color &color : colorsOf(seed, 1000))
+            kinds.insert(RampColors::packed(color));
         QCOMPARE(kinds.size(), std::size_t(1000));
     }
 }
 
-void tst_VORandomColorRamp::aMillionColoursAreDistinctAndWhole()
+void tst_VORandomColorRamp::aMillionColorsAreDistinctAndWhole()
 {
-    const std::vector<Colour> colours = coloursOf(3, 1000000);
+    const std::vector<Color> colors = colorsOf(3, 1000000);
     std::vector<bool> seen(std::size_t(1) << 24, false);
-    for (const Colour &colour : colours) {
-        QVERIFY(RampColours::isWhole(colour));
-        QVERIFY(!seen[RampColours::packed(colour)]);
-        seen[RampColours::packed(colour)] = true;
+    for (const Color &color : colors) {
+        QVERIFY(RampColors::isWhole(color));
+        QVERIFY(!seen[RampColors::packed(color)]);
+        seen[RampColors::packed(color)] = true;
     }
-    QCOMPARE(colours.size(), std::size_t(1000000));
+    QCOMPARE(colors.size(), std::size_t(1000000));
 }
 
-void tst_VORandomColorRamp::theLastColourIsFollowedByTheFirst()
+void tst_VORandomColorRamp::theLastColorIsFollowedByTheFirst()
 {
     constexpr unsigned int all = 1U << 24;
     VORandomColorRamp ramp;
     QVERIFY(ramp.split(all + 10));
     std::vector<bool> seen(all, false);
     for (unsigned int i = 0; i < all; ++i) {
-        const unsigned int colour = RampColours::packed(ramp.getColor(i));
-        if (seen[colour])
-            QFAIL(qPrintable(QStringLiteral("colour %1 comes twice").arg(i)));
-        seen[colour] = true;
+        const unsigned int color = RampColors::packed(ramp.getColor(i));
+        if (seen[color])
+            QFAIL(qPrintable(QStringLiteral("color %1 comes twice").arg(i)));
+        seen[color] = true;
     }
     for (unsigned int i = 0; i < 10; ++i)
         QVERIFY(ramp.getColor(all + i) == ramp.getColor(i));
 }
 
-void tst_VORandomColorRamp::neighbouringSeedsShareNoColour()
+void tst_VORandomColorRamp::neighboringSeedsShareNoColor()
 {
-    std::vector<Colour> previous = coloursOf(0, 8);
+    std::vector<Color> previous = colorsOf(0, 8);
     for (int seed = 1; seed <= 1000; ++seed) {
-        const std::vector<Colour> colours = coloursOf(seed, 8);
-        for (const Colour &colour : colours)
-            QVERIFY(std::find(previous.begin(), previous.end(), colour) == previous.end());
-        previous = colours;
+        const std::vector<Color> colors = colorsOf(seed, 8);
+        for (const Color &color : colors)
+            QVERIFY(std::find(previous.begin(), previous.end(), color) == previous.end());
+        previous = colors;
     }
-    qInfo("colours shared by neighbouring seeds 0..1000 at N = 8: 0");
+    qInfo("colors shared by neighboring seeds 0..1000 at N = 8: 0");
 }
 
-void tst_VORandomColorRamp::coloursAreNeitherDarkNorPale()
+void tst_VORandomColorRamp::colorsAreNeitherDarkNorPale()
 {
     for (int seed = 0; seed < 50; ++seed) {
-        for (const Colour &colour : coloursOf(seed, 100)) {
-            const double lightness = RampColours::lab(colour)[0];
+        for (const Color &color : colorsOf(seed, 100)) {
+            const double lightness = RampColors::lab(color)[0];
             QVERIFY(lightness >= 24.99 && lightness <= 90.01);
         }
     }
@@ -243,28 +242,28 @@ void tst_VORandomColorRamp::aCloneIsIndependent()
     auto ramp = std::make_unique<VORandomColorRamp>();
     ramp->setSeed(42);
     QVERIFY(ramp->split(5));
-    ramp->setColor(2, Colour(1.5F, 2.0F, 3.0F));
-    const std::vector<Colour> colours = RampColours::of(*ramp);
+    ramp->setColor(2, Color(1.5F, 2.0F, 3.0F));
+    const std::vector<Color> colors = RampColors::of(*ramp);
     const std::unique_ptr<VOColorRamp> copy(ramp->clone());
-    ramp->setColor(0, Colour(9.0F, 9.0F, 9.0F));
+    ramp->setColor(0, Color(9.0F, 9.0F, 9.0F));
     ramp.reset();
     QCOMPARE(copy->category(), VOColorRamp::RandomRamp);
-    QVERIFY(RampColours::of(*copy) == colours);
+    QVERIFY(RampColors::of(*copy) == colors);
     auto *random = dynamic_cast<VORandomColorRamp *>(copy.get());
     QVERIFY(random);
     QCOMPARE(random->seed, 42);
 }
 
-void tst_VORandomColorRamp::overwrittenColoursStayUntilTheNextSplit()
+void tst_VORandomColorRamp::overwrittenColorsStayUntilTheNextSplit()
 {
     VORandomColorRamp ramp;
     QVERIFY(ramp.split(4));
-    const std::vector<Colour> generated = RampColours::of(ramp);
-    ramp.setColor(1, Colour(0.5F, 0.25F, 254.5F));
-    QVERIFY(ramp.getColor(1) == Colour(0.5F, 0.25F, 254.5F));
+    const std::vector<Color> generated = RampColors::of(ramp);
+    ramp.setColor(1, Color(0.5F, 0.25F, 254.5F));
+    QVERIFY(ramp.getColor(1) == Color(0.5F, 0.25F, 254.5F));
     QVERIFY(ramp.getColor(2) == generated[2]);
     QVERIFY(ramp.split(4));
-    QVERIFY(RampColours::of(ramp) == generated);
+    QVERIFY(RampColors::of(ramp) == generated);
 }
 
 QTEST_GUILESS_MAIN(tst_VORandomColorRamp)

@@ -1,4 +1,4 @@
-#include "tests/vomap/rampColours.h"
+#include "tests/vomap/rampColors.h"
 #include "vomap/VORandomColorRampForHsv.h"
 
 #include <QtTest>
@@ -11,7 +11,7 @@
 #include <set>
 
 using namespace VTObjects;
-using RampColours::Colour;
+using RampColors::Color;
 
 namespace {
 
@@ -27,12 +27,12 @@ void setBounds(VORandomColorRampForHsv &ramp, const Bounds &bounds)
     ramp.maxV = bounds.at(5);
 }
 
-std::vector<Colour> coloursOf(int seed, const Bounds &bounds, unsigned int count)
+std::vector<Color> colorsOf(int seed, const Bounds &bounds, unsigned int count)
 {
     VORandomColorRampForHsv ramp;
     ramp.setSeed(seed);
     setBounds(ramp, bounds);
-    return ramp.split(count) ? RampColours::of(ramp) : std::vector<Colour>();
+    return ramp.split(count) ? RampColors::of(ramp) : std::vector<Color>();
 }
 
 // The bounds in order, by the published rule and not by the library's code.
@@ -64,9 +64,9 @@ double fallAt(double hue, int middle)
 
 // How far the nearest colour of the box is, in steps of the component that is furthest off. For
 // one hue the components of a box's colours run over intervals; hues are tried in small steps.
-double stepsOutside(const Box &box, const Colour &colour)
+double stepsOutside(const Box &box, const Color &color)
 {
-    const double parts[3] = {colour.red, colour.green, colour.blue};
+    const double parts[3] = {color.red, color.green, color.blue};
     double best = 1000.0;
     const int tries = 400;
     const double top = *std::max_element(parts, parts + 3);
@@ -118,17 +118,17 @@ private Q_SLOTS:
     void theFieldsLieInTheirOrder();
     void thePublishedVectorsComeOut_data();
     void thePublishedVectorsComeOut();
-    void coloursStandApartInTheirBox_data();
-    void coloursStandApartInTheirBox();
-    void aThousandRandomBoxesKeepTheirColours();
-    void aWideBoxHoldsItsColoursExactly();
+    void colorsStandApartInTheirBox_data();
+    void colorsStandApartInTheirBox();
+    void aThousandRandomBoxesKeepTheirColors();
+    void aWideBoxHoldsItsColorsExactly();
     void boundsAreBroughtIntoOrder_data();
     void boundsAreBroughtIntoOrder();
     void theFieldsKeepWhatWasWritten();
     void aLongerRampBeginsWithTheShorterOne();
-    void aThousandColoursAreDistinct();
-    void aSmallBoxRepeatsItsColours();
-    void aMillionColoursComeOut();
+    void aThousandColorsAreDistinct();
+    void aSmallBoxRepeatsItsColors();
+    void aMillionColorsComeOut();
     void aLevelBeyondAllMemoryLeavesTheRampAsItWas();
     void aCloneIsIndependent();
 };
@@ -180,13 +180,12 @@ void tst_VORandomColorRampForHsv::thePublishedVectorsComeOut()
     QFETCH(Bounds, bounds);
     QFETCH(QString, expected);
     QStringList found;
-    for (const Colour &colour : coloursOf(1, bounds, 8))
-        found
-            << QString::number(RampColours::packed(colour), 16).rightJustified(6, QLatin1Char('0'));
+    for (const Color &color : colorsOf(1, bounds, 8))
+        found << QString::number(RampColors::packed(color), 16).rightJustified(6, QLatin1Char('0'));
     QCOMPARE(found.join(QLatin1Char(' ')), expected);
 }
 
-void tst_VORandomColorRampForHsv::coloursStandApartInTheirBox_data()
+void tst_VORandomColorRampForHsv::colorsStandApartInTheirBox_data()
 {
     QTest::addColumn<Bounds>("bounds");
     QTest::addColumn<double>("aim");
@@ -195,25 +194,25 @@ void tst_VORandomColorRampForHsv::coloursStandApartInTheirBox_data()
     QTest::newRow("blues") << Bounds{200, 250, 0, 100, 0, 100} << 11.0;
 }
 
-void tst_VORandomColorRampForHsv::coloursStandApartInTheirBox()
+void tst_VORandomColorRampForHsv::colorsStandApartInTheirBox()
 {
     QFETCH(Bounds, bounds);
     QFETCH(double, aim);
     std::vector<double> normal;
     std::vector<double> dichromat;
     for (int seed = 0; seed <= 1000; ++seed) {
-        const auto pairs = RampColours::smallestPairs(coloursOf(seed, bounds, 10), {10});
+        const auto pairs = RampColors::smallestPairs(colorsOf(seed, bounds, 10), {10});
         normal.push_back(pairs[0].normal);
         dichromat.push_back(pairs[0].dichromat);
     }
     qInfo("N = 10: smallest CIEDE2000 pair over seeds 0..1000: median %.2f, worst %.2f; worst "
           "dichromacy: median %.2f, worst %.2f",
-          RampColours::median(normal), RampColours::smallest(normal),
-          RampColours::median(dichromat), RampColours::smallest(dichromat));
-    QVERIFY(RampColours::median(normal) >= aim);
+          RampColors::median(normal), RampColors::smallest(normal), RampColors::median(dichromat),
+          RampColors::smallest(dichromat));
+    QVERIFY(RampColors::median(normal) >= aim);
 }
 
-void tst_VORandomColorRampForHsv::aThousandRandomBoxesKeepTheirColours()
+void tst_VORandomColorRampForHsv::aThousandRandomBoxesKeepTheirColors()
 {
     std::mt19937 generator(20240611);
     const auto drawn = [&generator](int low, int high) {
@@ -234,27 +233,27 @@ void tst_VORandomColorRampForHsv::aThousandRandomBoxesKeepTheirColours()
             bounds[5] = i % 20 == 0 ? bounds.at(4) : bounds.at(5);
         }
         const Box box(bounds);
-        const std::vector<Colour> colours = coloursOf(i, bounds, 20);
-        QCOMPARE(colours.size(), std::size_t(20));
-        for (const Colour &colour : colours) {
-            QVERIFY(RampColours::isWhole(colour));
-            worst = std::max(worst, stepsOutside(box, colour));
+        const std::vector<Color> colors = colorsOf(i, bounds, 20);
+        QCOMPARE(colors.size(), std::size_t(20));
+        for (const Color &color : colors) {
+            QVERIFY(RampColors::isWhole(color));
+            worst = std::max(worst, stepsOutside(box, color));
         }
     }
-    qInfo("1000 random boxes x 20 colours: at most %.3f steps of 8 bits outside", worst);
+    qInfo("1000 random boxes x 20 colors: at most %.3f steps of 8 bits outside", worst);
     QVERIFY(worst <= 1.0);
 }
 
-void tst_VORandomColorRampForHsv::aWideBoxHoldsItsColoursExactly()
+void tst_VORandomColorRampForHsv::aWideBoxHoldsItsColorsExactly()
 {
     for (int seed = 0; seed < 20; ++seed) {
-        for (const Colour &colour : coloursOf(seed, {200, 250, 20, 90, 30, 80}, 300)) {
-            const double top = std::max({colour.red, colour.green, colour.blue});
-            const double bottom = std::min({colour.red, colour.green, colour.blue});
+        for (const Color &color : colorsOf(seed, {200, 250, 20, 90, 30, 80}, 300)) {
+            const double top = std::max({color.red, color.green, color.blue});
+            const double bottom = std::min({color.red, color.green, color.blue});
             QVERIFY(top >= 0.30 * 255.0 && top <= 0.80 * 255.0);
             QVERIFY(top - bottom >= 0.20 * top - 1e-9 && top - bottom <= 0.90 * top + 1e-9);
-            QVERIFY(colour.blue == top);
-            const double hue = 240.0 + 60.0 * (colour.red - colour.green) / (top - bottom);
+            QVERIFY(color.blue == top);
+            const double hue = 240.0 + 60.0 * (color.red - color.green) / (top - bottom);
             QVERIFY(hue >= 200.0 - 1e-9 && hue <= 250.0 + 1e-9);
         }
     }
@@ -287,7 +286,7 @@ void tst_VORandomColorRampForHsv::boundsAreBroughtIntoOrder()
 {
     QFETCH(Bounds, given);
     QFETCH(Bounds, same);
-    QVERIFY(coloursOf(4, given, 30) == coloursOf(4, same, 30));
+    QVERIFY(colorsOf(4, given, 30) == colorsOf(4, same, 30));
 }
 
 void tst_VORandomColorRampForHsv::theFieldsKeepWhatWasWritten()
@@ -310,54 +309,54 @@ void tst_VORandomColorRampForHsv::aLongerRampBeginsWithTheShorterOne()
                             {10, 12, 50, 51, 50, 51},
                             {5, 5, 5, 5, 5, 5}};
     for (const Bounds &bounds : boxes) {
-        const std::vector<Colour> longest = coloursOf(9, bounds, 3000);
+        const std::vector<Color> longest = colorsOf(9, bounds, 3000);
         std::vector<unsigned int> levels;
         for (unsigned int level = 2; level <= 100; ++level)
             levels.push_back(level);
         levels.insert(levels.end(), {1023, 1024, 1025, 2048});
         for (const unsigned int level : levels) {
-            const std::vector<Colour> shorter = coloursOf(9, bounds, level);
+            const std::vector<Color> shorter = colorsOf(9, bounds, level);
             QCOMPARE(shorter.size(), std::size_t(level));
             QVERIFY(std::equal(shorter.begin(), shorter.end(), longest.begin()));
         }
     }
 }
 
-void tst_VORandomColorRampForHsv::aThousandColoursAreDistinct()
+void tst_VORandomColorRampForHsv::aThousandColorsAreDistinct()
 {
     for (const Bounds &bounds : {Bounds{1, 100, 1, 99, 1, 99}, Bounds{0, 360, 20, 45, 85, 100},
                                  Bounds{200, 250, 0, 100, 0, 100}}) {
         std::set<unsigned int> kinds;
-        for (const Colour &colour : coloursOf(1, bounds, 1000))
-            kinds.insert(RampColours::packed(colour));
+        for (const Color &color : colorsOf(1, bounds, 1000))
+            kinds.insert(RampColors::packed(color));
         QCOMPARE(kinds.size(), std::size_t(1000));
     }
 }
 
-void tst_VORandomColorRampForHsv::aSmallBoxRepeatsItsColours()
+void tst_VORandomColorRampForHsv::aSmallBoxRepeatsItsColors()
 {
     // One place only
-    for (const Colour &colour : coloursOf(1, {120, 120, 100, 100, 100, 100}, 10))
-        QVERIFY(colour == Colour(0.0F, 255.0F, 0.0F));
+    for (const Color &color : colorsOf(1, {120, 120, 100, 100, 100, 100}, 10))
+        QVERIFY(color == Color(0.0F, 255.0F, 0.0F));
     // Greys: 256 of them
-    std::set<unsigned int> greys;
-    for (const Colour &colour : coloursOf(1, {0, 360, 0, 0, 0, 100}, 600)) {
-        QVERIFY(colour.red == colour.green && colour.green == colour.blue);
-        greys.insert(RampColours::packed(colour));
+    std::set<unsigned int> grays;
+    for (const Color &color : colorsOf(1, {0, 360, 0, 0, 0, 100}, 600)) {
+        QVERIFY(color.red == color.green && color.green == color.blue);
+        grays.insert(RampColors::packed(color));
     }
-    QCOMPARE(greys.size(), std::size_t(256));
+    QCOMPARE(grays.size(), std::size_t(256));
     // Black
-    for (const Colour &colour : coloursOf(1, {0, 360, 0, 100, 0, 0}, 5))
-        QVERIFY(colour == Colour());
+    for (const Color &color : colorsOf(1, {0, 360, 0, 100, 0, 0}, 5))
+        QVERIFY(color == Color());
 }
 
-void tst_VORandomColorRampForHsv::aMillionColoursComeOut()
+void tst_VORandomColorRampForHsv::aMillionColorsComeOut()
 {
     std::set<unsigned int> kinds;
-    const std::vector<Colour> colours = coloursOf(1, {0, 360, 0, 100, 0, 100}, 1000000);
-    QCOMPARE(colours.size(), std::size_t(1000000));
-    for (std::size_t i = 0; i < colours.size(); i += 10)
-        kinds.insert(RampColours::packed(colours[i]));
+    const std::vector<Color> colors = colorsOf(1, {0, 360, 0, 100, 0, 100}, 1000000);
+    QCOMPARE(colors.size(), std::size_t(1000000));
+    for (std::size_t i = 0; i < colors.size(); i += 10)
+        kinds.insert(RampColors::packed(colors[i]));
     QCOMPARE(kinds.size(), std::size_t(100000));
 }
 
@@ -365,9 +364,9 @@ void tst_VORandomColorRampForHsv::aLevelBeyondAllMemoryLeavesTheRampAsItWas()
 {
     VORandomColorRampForHsv ramp;
     QVERIFY(ramp.split(5));
-    const std::vector<Colour> before = RampColours::of(ramp);
+    const std::vector<Color> before = RampColors::of(ramp);
     QVERIFY(!ramp.split(std::numeric_limits<unsigned int>::max()));
-    QVERIFY(RampColours::of(ramp) == before);
+    QVERIFY(RampColors::of(ramp) == before);
 }
 
 void tst_VORandomColorRampForHsv::aCloneIsIndependent()
@@ -377,12 +376,12 @@ void tst_VORandomColorRampForHsv::aCloneIsIndependent()
     setBounds(*ramp, {10, 20, 30, 40, 50, 60});
     ramp->paramsChanged = true;
     QVERIFY(ramp->split(4));
-    ramp->setColor(3, Colour(1.0F, 2.0F, 3.0F));
-    const std::vector<Colour> colours = RampColours::of(*ramp);
+    ramp->setColor(3, Color(1.0F, 2.0F, 3.0F));
+    const std::vector<Color> colors = RampColors::of(*ramp);
     const std::unique_ptr<VOColorRamp> copy(ramp->clone());
     ramp.reset();
     QCOMPARE(int(copy->category()), 1);
-    QVERIFY(RampColours::of(*copy) == colours);
+    QVERIFY(RampColors::of(*copy) == colors);
     auto *hsv = dynamic_cast<VORandomColorRampForHsv *>(copy.get());
     QVERIFY(hsv);
     QCOMPARE(hsv->seed, 8);

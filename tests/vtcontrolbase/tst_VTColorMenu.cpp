@@ -173,9 +173,9 @@ void tst_VTColorMenu::dismissingKeepsTheSetColor_data()
 {
     QTest::addColumn<QColor>("set");
     QTest::addColumn<bool>("moveFirst");
-    QTest::newRow("a colour of the grid") << red << false;
+    QTest::newRow("a color of the grid") << red << false;
     QTest::newRow("after moving to another one") << red << true;
-    QTest::newRow("a colour not in the grid") << foreign << true;
+    QTest::newRow("a color not in the grid") << foreign << true;
     QTest::newRow("with its alpha") << QColor(9, 8, 7, 100) << false;
 }
 
@@ -462,8 +462,8 @@ void tst_VTColorMenu::theHexFieldSaysWhatIsWrong_data()
                                    << "Not a hexadecimal digit: #";
     QTest::newRow("a blank inside") << "12 456"
                                     << "Not a hexadecimal digit:  ";
-    QTest::newRow("a colour's name") << "red"
-                                     << "Not a hexadecimal digit: r";
+    QTest::newRow("a color's name") << "red"
+                                    << "Not a hexadecimal digit: r";
     QTest::newRow("a digit of another script")
         << QStringLiteral("12345\u0661") << QStringLiteral("Not a hexadecimal digit: \u0661");
     QTest::newRow("four digits") << "#1234"

@@ -113,7 +113,7 @@ bool TeamEncoder::endRecord(std::size_t start, std::uint32_t tag, std::uint32_t 
 bool TeamEncoder::appendColors(const QVector<rgb_color<float>> &colors)
 {
     // As the ramps have them: three floats and nothing between them.
-    static_assert(sizeof(rgb_color<float>) == 3 * sizeof(float), "a colour has a hole");
+    static_assert(sizeof(rgb_color<float>) == 3 * sizeof(float), "a color has a hole");
     bytes.appendNumber(static_cast<quint32>(colors.size()));
     if (colors.isEmpty())
         return true;

@@ -7,7 +7,7 @@
 
 namespace VTObjects {
 
-using namespace FixedPointColour;
+using namespace FixedPointColor;
 
 namespace {
 
@@ -66,9 +66,9 @@ Rgb8 HsvBox::at(std::uint32_t h, std::uint32_t s, std::uint32_t v) const
     return {component(0), component(2), component(4)};
 }
 
-bool HsvBox::contains(Rgb8 colour) const
+bool HsvBox::contains(Rgb8 color) const
 {
-    const std::array<int, 3> parts = {colour.red, colour.green, colour.blue};
+    const std::array<int, 3> parts = {color.red, color.green, color.blue};
     const int top = *std::max_element(parts.begin(), parts.end());
     const int chroma = top - *std::min_element(parts.begin(), parts.end());
     if (top * fullPercent < value.low * 255 || top * fullPercent > value.high * 255)
@@ -79,12 +79,12 @@ bool HsvBox::contains(Rgb8 colour) const
         return false;
     // The hue times the chroma, from 0 to 360 * chroma.
     int turn = 0;
-    if (top == colour.red)
-        turn = 60 * (colour.green - colour.blue);
-    else if (top == colour.green)
-        turn = 120 * chroma + 60 * (colour.blue - colour.red);
+    if (top == color.red)
+        turn = 60 * (color.green - color.blue);
+    else if (top == color.green)
+        turn = 120 * chroma + 60 * (color.blue - color.red);
     else
-        turn = 240 * chroma + 60 * (colour.red - colour.green);
+        turn = 240 * chroma + 60 * (color.red - color.green);
     if (turn < 0)
         turn += fullTurn * chroma;
     // 0 and 360 degrees are one hue.

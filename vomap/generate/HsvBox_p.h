@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vomap/generate/fixedPointColour_p.h"
+#include "vomap/generate/fixedPointColor_p.h"
 
 #include <cstdint>
 
@@ -17,10 +17,10 @@ public:
 
     /// The colour at a place of the box, each coordinate as a fraction of 2^32 from the lower
     /// bound to the upper one, rounded to whole components.
-    FixedPointColour::Rgb8 at(std::uint32_t h, std::uint32_t s, std::uint32_t v) const;
+    FixedPointColor::Rgb8 at(std::uint32_t h, std::uint32_t s, std::uint32_t v) const;
     /// Whether the rounded colour itself lies within the bounds, exactly. A grey has no hue, so it
     /// does so only where the box holds nothing but greys.
-    bool contains(FixedPointColour::Rgb8 colour) const;
+    bool contains(FixedPointColor::Rgb8 color) const;
 
 private:
     struct Range

@@ -25,7 +25,7 @@ namespace VTObjects {
 
 namespace {
 
-constexpr int mostColours = 256;
+constexpr int mostColors = 256;
 
 std::optional<QString> textOf(const QJsonObject &object, const char *key)
 {
@@ -42,26 +42,26 @@ std::optional<int> numberOf(const QJsonValue &value, int least, int most)
 }
 
 /// Colours as "#rrggbb".
-std::optional<std::vector<rgb_color<float>>> coloursOf(const QJsonArray &texts)
+std::optional<std::vector<rgb_color<float>>> colorsOf(const QJsonArray &texts)
 {
-    std::vector<rgb_color<float>> colours;
+    std::vector<rgb_color<float>> colors;
     for (const QJsonValue &value : texts) {
         const QString text = value.toString();
         bool isNumber = false;
         const uint bits = text.midRef(1).toUInt(&isNumber, 16);
         if (text.size() != 7 || text.at(0) != QLatin1Char('#') || !isNumber)
             return std::nullopt;
-        colours.emplace_back(float(bits >> 16), float(bits >> 8 & 255), float(bits & 255));
+        colors.emplace_back(float(bits >> 16), float(bits >> 8 & 255), float(bits & 255));
     }
-    if (colours.size() < 2)
+    if (colors.size() < 2)
         return std::nullopt;
-    return colours;
+    return colors;
 }
 
 std::unique_ptr<VOColorRamp> evenRamp(std::unique_ptr<VOEvenColorRamp> ramp,
                                       const QJsonObject &object)
 {
-    auto sources = coloursOf(object.value(QLatin1String("sources")).toArray());
+    auto sources = colorsOf(object.value(QLatin1String("sources")).toArray());
     if (!sources || !ramp->setSourceColor(static_cast<long>(sources->size()), sources->data()))
         return nullptr;
     return ramp;
@@ -102,11 +102,11 @@ bool fill(VOColorRamp &ramp, int level, const QJsonArray &texts)
 {
     if (texts.isEmpty())
         return ramp.split(static_cast<unsigned int>(level));
-    const auto colours = coloursOf(texts);
-    if (!colours || colours->size() != static_cast<size_t>(level))
+    const auto colors = colorsOf(texts);
+    if (!colors || colors->size() != static_cast<size_t>(level))
         return false;
-    for (const rgb_color<float> &colour : *colours)
-        ramp.addColor(colour);
+    for (const rgb_color<float> &color : *colors)
+        ramp.addColor(color);
     return true;
 }
 
@@ -122,9 +122,9 @@ std::unique_ptr<VOColorRamp> rampOf(const QJsonObject &object)
         ramp = randomRamp(std::make_unique<VORandomColorRamp>(), object);
     else if (kind == QLatin1String("random-hsv"))
         ramp = randomRamp(std::make_unique<VORandomColorRampForHsv>(), object);
-    const auto level = numberOf(object.value(QLatin1String("level")), 2, mostColours);
-    const QJsonArray colours = object.value(QLatin1String("colours")).toArray();
-    if (!ramp || !level || !fill(*ramp, *level, colours))
+    const auto level = numberOf(object.value(QLatin1String("level")), 2, mostColors);
+    const QJsonArray colors = object.value(QLatin1String("colours")).toArray();
+    if (!ramp || !level || !fill(*ramp, *level, colors))
         return nullptr;
     return ramp;
 }

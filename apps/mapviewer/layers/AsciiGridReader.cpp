@@ -159,20 +159,20 @@ bool Reader::checkHeader()
     }
     for (const char axis : {'x', 'y'}) {
         const QByteArray corner = axis + QByteArray("llcorner");
-        const QByteArray centre = axis + QByteArray("llcenter");
-        if (header.contains(corner) && header.contains(centre)) {
-            const int later = std::max(header.value(corner).line, header.value(centre).line);
+        const QByteArray center = axis + QByteArray("llcenter");
+        if (header.contains(corner) && header.contains(center)) {
+            const int later = std::max(header.value(corner).line, header.value(center).line);
             return fail(later, tr("\"%1\" and \"%2\" exclude one another.")
-                                   .arg(QLatin1String(corner), QLatin1String(centre)));
+                                   .arg(QLatin1String(corner), QLatin1String(center)));
         }
-        if (!header.contains(corner) && !header.contains(centre))
+        if (!header.contains(corner) && !header.contains(center))
             return missing(QLatin1String(corner));
     }
-    const bool centred = header.contains("xllcenter");
-    if (centred != header.contains("yllcenter")) {
-        const int later = std::max(header.value(centred ? "xllcenter" : "xllcorner").line,
-                                   header.value(centred ? "yllcorner" : "yllcenter").line);
-        return fail(later, tr("One axis gives the corner of a cell and the other its centre."));
+    const bool centered = header.contains("xllcenter");
+    if (centered != header.contains("yllcenter")) {
+        const int later = std::max(header.value(centered ? "xllcenter" : "xllcorner").line,
+                                   header.value(centered ? "yllcorner" : "yllcenter").line);
+        return fail(later, tr("One axis gives the corner of a cell and the other its center."));
     }
     if (!checkCount("ncols", &grid.columns) || !checkCount("nrows", &grid.rows))
         return false;
@@ -185,9 +185,9 @@ bool Reader::checkHeader()
     grid.cellSize = header.value("cellsize").number;
     if (!(grid.cellSize > 0.0))
         return fail(header.value("cellsize").line, tr("\"cellsize\" must be greater than 0."));
-    const double half = centred ? grid.cellSize / 2.0 : 0.0;
-    grid.west = header.value(centred ? "xllcenter" : "xllcorner").number - half;
-    grid.south = header.value(centred ? "yllcenter" : "yllcorner").number - half;
+    const double half = centered ? grid.cellSize / 2.0 : 0.0;
+    grid.west = header.value(centered ? "xllcenter" : "xllcorner").number - half;
+    grid.south = header.value(centered ? "yllcenter" : "yllcorner").number - half;
     return true;
 }
 

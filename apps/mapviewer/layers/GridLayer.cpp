@@ -60,7 +60,7 @@ GridLayer::GridLayer(const QString &title, AsciiGrid cells, const QString &value
     , unit(valueUnit)
     , range(grid.range())
 {
-    recolour();
+    recolor();
 }
 
 QVector<Grading> GridLayer::availableGradings() const
@@ -81,13 +81,13 @@ void GridLayer::setHillShading(bool on)
         flat.values = {0.0F};
         levelShade = hillShade(flat, {}, light).front();
     }
-    recolour();
+    recolor();
 }
 
 void GridLayer::setZeroInMiddle(bool on)
 {
     m_zeroInMiddle = on && crossesZero();
-    recolour();
+    recolor();
 }
 
 double GridLayer::positionOf(double value) const
@@ -108,7 +108,7 @@ QRgb GridLayer::colorOf(float value) const
     return colors.value(breaks.classOf(value), NoValueColor);
 }
 
-void GridLayer::recolour()
+void GridLayer::recolor()
 {
     if (grading() == Grading::Continuous) {
         const QVector<QRgb> few = rampColors(ramp());

@@ -36,7 +36,7 @@ public:
     QImage cells() const { return image; }
 
 protected:
-    void recolour() override;
+    void recolor() override;
 
 private:
     struct Blend

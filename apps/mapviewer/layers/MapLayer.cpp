@@ -21,7 +21,7 @@ MapLayer::~MapLayer() = default;
 void MapLayer::setRamp(VTObjects::VOColorRamp *ramp)
 {
     m_ramp.reset(ramp ? ramp->clone() : nullptr);
-    recolour();
+    recolor();
 }
 
 void MapLayer::setGrading(Grading grading)
@@ -29,13 +29,13 @@ void MapLayer::setGrading(Grading grading)
     if (!availableGradings().contains(grading))
         return;
     m_grading = grading;
-    recolour();
+    recolor();
 }
 
 void MapLayer::setClassCount(int count)
 {
     m_classCount = std::clamp(count, LeastClasses, MostClasses);
-    recolour();
+    recolor();
 }
 
 } // namespace mapviewer

@@ -66,7 +66,7 @@ protected:
     explicit MapLayer(const QString &title);
     VTObjects::VOColorRamp *ramp() const { return m_ramp.get(); }
     /// Ramp, grading or number of classes have changed: makes classes and colours anew.
-    virtual void recolour() = 0;
+    virtual void recolor() = 0;
 
 private:
     QString m_title;

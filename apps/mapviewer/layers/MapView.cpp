@@ -23,7 +23,7 @@ MapView MapView::fitted(const QRectF &extent, const QRectF &target, bool geograp
     MapView view;
     view.m_target = target;
     view.m_geographic = geographic;
-    view.m_centre = extent.center();
+    view.m_center = extent.center();
     const double width = std::max(target.width() - 2.0 * margin, 1.0);
     const double height = std::max(target.height() - 2.0 * margin, 1.0);
     const double extentWidth = std::max(extent.width(), 1e-9);
@@ -44,21 +44,21 @@ void MapView::setParallel()
         return;
     const double span = m_target.height() / m_scale;
     const double closeness = std::clamp((WorldSpan - span) / (WorldSpan - RegionSpan), 0.0, 1.0);
-    const double latitude = std::clamp(m_centre.y(), -GreatestParallel, GreatestParallel);
+    const double latitude = std::clamp(m_center.y(), -GreatestParallel, GreatestParallel);
     const double parallel = std::abs(latitude) * closeness + WorldParallel * (1.0 - closeness);
     xFactor = std::cos(parallel * DegreesToRadians);
 }
 
 QPointF MapView::toScreen(const QPointF &position) const
 {
-    return QPointF(m_target.center().x() + (position.x() - m_centre.x()) * scaleX(),
-                   m_target.center().y() - (position.y() - m_centre.y()) * m_scale);
+    return QPointF(m_target.center().x() + (position.x() - m_center.x()) * scaleX(),
+                   m_target.center().y() - (position.y() - m_center.y()) * m_scale);
 }
 
 QPointF MapView::toMap(const QPointF &pixel) const
 {
-    return QPointF(m_centre.x() + (pixel.x() - m_target.center().x()) / scaleX(),
-                   m_centre.y() - (pixel.y() - m_target.center().y()) / m_scale);
+    return QPointF(m_center.x() + (pixel.x() - m_target.center().x()) / scaleX(),
+                   m_center.y() - (pixel.y() - m_target.center().y()) / m_scale);
 }
 
 QRectF MapView::toScreen(const QRectF &extent) const
@@ -78,15 +78,15 @@ void MapView::zoom(double factor, const QPointF &pixel)
     // The new scale first moves the centre, and the centre the parallel; then the anchor goes
     // back under the pixel.
     for (int round = 0; round < 2; ++round) {
-        m_centre += anchor - toMap(pixel);
+        m_center += anchor - toMap(pixel);
         setParallel();
     }
-    m_centre += anchor - toMap(pixel);
+    m_center += anchor - toMap(pixel);
 }
 
 void MapView::pan(const QPointF &pixels)
 {
-    m_centre += QPointF(-pixels.x() / scaleX(), pixels.y() / m_scale);
+    m_center += QPointF(-pixels.x() / scaleX(), pixels.y() / m_scale);
     setParallel();
 }
 

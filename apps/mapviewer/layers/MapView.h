@@ -21,7 +21,7 @@ public:
 
     const QRectF &target() const { return m_target; }
     bool geographic() const { return m_geographic; }
-    QPointF centre() const { return m_centre; }
+    QPointF center() const { return m_center; }
     /// Pixels for a map unit northwards.
     double scale() const { return m_scale; }
     /// Pixels for a map unit eastwards.
@@ -44,7 +44,7 @@ private:
     void setParallel();
 
     QRectF m_target;
-    QPointF m_centre;
+    QPointF m_center;
     double m_scale = 1.0;
     double xFactor = 1.0;
     bool m_geographic = false;

@@ -70,7 +70,7 @@ void PolygonLayer::setField(const QString &name)
     setGrading(availableGradings().contains(grading()) ? grading() : Grading::UniqueValues);
 }
 
-void PolygonLayer::recolour()
+void PolygonLayer::recolor()
 {
     if (grading() == Grading::UniqueValues) {
         unique = UniqueValues(column);

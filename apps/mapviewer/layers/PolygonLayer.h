@@ -32,7 +32,7 @@ public:
     QRgb colorOf(int feature) const;
 
 protected:
-    void recolour() override;
+    void recolor() override;
 
 private:
     PolygonSet polygons;

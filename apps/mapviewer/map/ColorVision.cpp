@@ -19,7 +19,7 @@ constexpr Matrix Deutan = {{{{0.367322F, 0.860646F, -0.227968F}},
 constexpr Matrix Tritan = {{{{1.255528F, -0.076749F, -0.178779F}},
                             {{-0.078411F, 0.930809F, 0.147602F}},
                             {{0.004733F, 0.691367F, 0.303900F}}}};
-constexpr Matrix Grey = {
+constexpr Matrix Gray = {
     {{{0.2126F, 0.7152F, 0.0722F}}, {{0.2126F, 0.7152F, 0.0722F}}, {{0.2126F, 0.7152F, 0.0722F}}}};
 
 const Matrix &matrixOf(ColorVision vision)
@@ -32,10 +32,10 @@ const Matrix &matrixOf(ColorVision vision)
     case ColorVision::Tritan:
         return Tritan;
     case ColorVision::Normal:
-    case ColorVision::Grey:
+    case ColorVision::Gray:
         break;
     }
-    return Grey;
+    return Gray;
 }
 
 float toLinear(int component)

@@ -11,7 +11,7 @@ enum class ColorVision {
     Protan, ///< without the long-wave (red) cones
     Deutan, ///< without the middle-wave (green) cones
     Tritan, ///< without the short-wave (blue) cones
-    Grey    ///< brightness alone, as on a black-and-white print
+    Gray    ///< brightness alone, as on a black-and-white print
 };
 
 /// A colour as that eye sees it; alpha stays. The three deficiencies are the matrices of full

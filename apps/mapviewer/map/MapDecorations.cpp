@@ -70,7 +70,7 @@ ScaleBar scaleBar(const MapView &view)
     if (view.geographic()) {
         if (view.visible().height() > WidestRegion)
             return {};
-        const double latitude = std::clamp(view.centre().y(), -89.0, 89.0);
+        const double latitude = std::clamp(view.center().y(), -89.0, 89.0);
         metresPerPixel *= MetresPerDegree * std::cos(latitude * DegreesToRadians);
     }
     const double longest = metresPerPixel * WidestScaleBar;

@@ -27,7 +27,7 @@ QString footer(const MapLayers &layers, ColorVision vision)
     }
     const QString remark = visionRemark(vision);
     if (!remark.isEmpty())
-        parts.append(translated("Colours as in %1").arg(remark));
+        parts.append(translated("Colors as in %1").arg(remark));
     return parts.join(QStringLiteral("   ·   "));
 }
 
@@ -42,8 +42,8 @@ QString visionRemark(ColorVision vision)
         return translated("simulated deutan vision");
     case ColorVision::Tritan:
         return translated("simulated tritan vision");
-    case ColorVision::Grey:
-        return translated("simulated grey vision");
+    case ColorVision::Gray:
+        return translated("simulated gray vision");
     case ColorVision::Normal:
         break;
     }

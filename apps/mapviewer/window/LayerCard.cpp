@@ -84,8 +84,8 @@ void LayerCard::addPicker(QVBoxLayout *column)
     m_picker = new VTColorSchemeComboBox(this);
     m_picker->setFixedHeight(PickerHeight);
     m_picker->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    m_picker->setToolTip(tr("Pick a colour scheme for this layer"));
-    m_picker->setAccessibleName(tr("Colour scheme of %1").arg(m_layer->title()));
+    m_picker->setToolTip(tr("Pick a color scheme for this layer"));
+    m_picker->setAccessibleName(tr("Color scheme of %1").arg(m_layer->title()));
     row->addWidget(m_picker, 1);
     auto *edit = new QToolButton(this);
     edit->setObjectName(QStringLiteral("editScheme"));
@@ -104,14 +104,14 @@ void LayerCard::addGrading(QVBoxLayout *column)
         fields->setObjectName(QStringLiteral("field"));
         fields->addItems(polygons->fieldNames());
         fields->setCurrentText(polygons->field());
-        fields->setToolTip(tr("The attribute that the colours show"));
+        fields->setToolTip(tr("The attribute that the colors show"));
         connect(fields, &QComboBox::currentTextChanged, this, &LayerCard::onFieldChosen);
         column->addWidget(fields);
     }
     auto *row = new QHBoxLayout;
     gradings = new QComboBox(this);
     gradings->setObjectName(QStringLiteral("grading"));
-    gradings->setToolTip(tr("How values become colours"));
+    gradings->setToolTip(tr("How values become colors"));
     row->addWidget(gradings, 1);
     classCount = new QSpinBox(this);
     classCount->setObjectName(QStringLiteral("classCount"));

@@ -52,7 +52,7 @@ MapWindow::MapWindow(QWidget *parent)
     setWindowTitle(tr("Map Viewer"));
     setWindowIcon(QIcon(QStringLiteral(":/icon/Default.png")));
     resize(StartSize);
-    buildCentre();
+    buildCenter();
     auto *bar = addToolBar(tr("Tools"));
     bar->setObjectName(QStringLiteral("tools"));
     bar->setMovable(false);
@@ -84,14 +84,14 @@ QList<LayerCard *> MapWindow::cards() const
     return found;
 }
 
-void MapWindow::buildCentre()
+void MapWindow::buildCenter()
 {
-    auto *centre = new QWidget(this);
-    auto *row = new QHBoxLayout(centre);
+    auto *center = new QWidget(this);
+    auto *row = new QHBoxLayout(center);
     row->setContentsMargins(8, 8, 8, 4);
     row->setSpacing(8);
 
-    panelArea = new QScrollArea(centre);
+    panelArea = new QScrollArea(center);
     panelArea->setWidgetResizable(true);
     panelArea->setFrameShape(QFrame::NoFrame);
     panelArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -108,12 +108,12 @@ void MapWindow::buildCentre()
     right->setSpacing(8);
     if (!appSettings().value(HintKey).toBool())
         right->addWidget(makeHint());
-    m_map = new MapWidget(layers, centre);
+    m_map = new MapWidget(layers, center);
     right->addWidget(m_map, 1);
     row->addLayout(right, 1);
-    setCentralWidget(centre);
-    centreEffect = new ColorVisionEffect(centre);
-    centre->setGraphicsEffect(centreEffect);
+    setCentralWidget(center);
+    centerEffect = new ColorVisionEffect(center);
+    center->setGraphicsEffect(centerEffect);
 
     connect(m_map, &MapWidget::pointed, this, &MapWindow::onPointed);
     connect(m_map, &MapWidget::pointerLeft, this, &MapWindow::onPointerLeft);
@@ -133,7 +133,7 @@ QWidget *MapWindow::makeHint()
     hint->setObjectName(QStringLiteral("hint"));
     auto *row = new QHBoxLayout(hint);
     row->setContentsMargins(10, 4, 4, 4);
-    auto *text = new QLabel(tr("<b>Click a colour strip</b> at the left and pick a scheme: the map "
+    auto *text = new QLabel(tr("<b>Click a color strip</b> at the left and pick a scheme: the map "
                                "takes it at once. Drag the map to move it, turn the wheel to zoom, "
                                "point at it to read a value, click a small map to go there."),
                             hint);
@@ -163,14 +163,14 @@ void MapWindow::buildViewMenu(QToolBar *bar)
     further->setShortcut(QKeySequence::ZoomOut);
     menu->addSeparator();
 
-    QMenu *visions = menu->addMenu(tr("&Colour vision"));
+    QMenu *visions = menu->addMenu(tr("&Color vision"));
     visionActions = new QActionGroup(this);
     const QList<QPair<ColorVision, QString>> entries = {
         {ColorVision::Normal, tr("&Normal")},
         {ColorVision::Protan, tr("&Protan (red weakness)")},
         {ColorVision::Deutan, tr("&Deutan (green weakness)")},
         {ColorVision::Tritan, tr("&Tritan (blue weakness)")},
-        {ColorVision::Grey, tr("&Grey (black-and-white print)")}};
+        {ColorVision::Gray, tr("&Gray (black-and-white print)")}};
     for (const auto &[kind, caption] : entries) {
         QAction *action = visions->addAction(caption);
         action->setCheckable(true);
@@ -197,8 +197,8 @@ void MapWindow::buildViewMenu(QToolBar *bar)
     bar->addSeparator();
     bar->addAction(all);
     auto *button = new QToolButton(bar);
-    button->setText(tr("Colour vision"));
-    button->setToolTip(tr("See the map as people with another colour vision do"));
+    button->setText(tr("Color vision"));
+    button->setToolTip(tr("See the map as people with another color vision do"));
     button->setMenu(visions);
     button->setPopupMode(QToolButton::InstantPopup);
     bar->addWidget(button);
@@ -260,7 +260,7 @@ void MapWindow::setDarkTheme(bool on)
 void MapWindow::setVision(ColorVision seenWith)
 {
     vision = seenWith;
-    centreEffect->setVision(vision);
+    centerEffect->setVision(vision);
     statusEffect->setVision(vision);
     for (QAction *action : visionActions->actions())
         action->setChecked(action->data().toInt() == int(vision));
@@ -308,7 +308,7 @@ void MapWindow::onAbout()
             sources.append(layer->source());
     }
     QMessageBox box(QMessageBox::Information, tr("About this program"),
-                    tr("<b>Map Viewer</b> colours maps by the schemes of a library that "
+                    tr("<b>Map Viewer</b> colors maps by the schemes of a library that "
                        "applications share: pick one for each layer, make your own, and look at "
                        "them with other eyes."),
                     QMessageBox::Close, this);

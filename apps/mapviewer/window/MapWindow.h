@@ -62,7 +62,7 @@ private:
     void addLayer(std::unique_ptr<MapLayer> layer, const QStringList &preferred);
     void removeLayer(LayerCard *card);
 
-    void buildCentre();
+    void buildCenter();
     void buildFileMenu(QToolBar *bar);
     void buildSchemeMenu(QToolBar *bar);
     void buildViewMenu(QToolBar *bar);
@@ -91,7 +91,7 @@ private:
     QAction *darkAction = nullptr;
     QAction *graticuleAction = nullptr;
     QActionGroup *visionActions = nullptr;
-    ColorVisionEffect *centreEffect = nullptr;
+    ColorVisionEffect *centerEffect = nullptr;
     ColorVisionEffect *statusEffect = nullptr;
     ColorVision vision = ColorVision::Normal;
 };

@@ -87,7 +87,7 @@ void writeSchemeWindows(MapWindow *window, Writer *writer)
     VTColorMenu colors(window);
     colors.setColor(window->palette().color(QPalette::Highlight));
     colors.show();
-    writer->write(&colors, QStringLiteral("colour-menu"));
+    writer->write(&colors, QStringLiteral("color-menu"));
     colors.hide();
 }
 

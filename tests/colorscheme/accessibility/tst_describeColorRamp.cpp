@@ -12,15 +12,15 @@ class tst_describeColorRamp : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void colourIsCalledByItsNearestName_data();
-    void colourIsCalledByItsNearestName();
+    void colorIsCalledByItsNearestName_data();
+    void colorIsCalledByItsNearestName();
     void defaultRampIsDescribed();
     void rampIsDescribedByItsEndsAndItsMiddle_data();
     void rampIsDescribedByItsEndsAndItsMiddle();
-    void nullRampHasNoColours();
+    void nullRampHasNoColors();
 };
 
-void tst_describeColorRamp::colourIsCalledByItsNearestName_data()
+void tst_describeColorRamp::colorIsCalledByItsNearestName_data()
 {
     QTest::addColumn<QColor>("color");
     QTest::addColumn<QString>("name");
@@ -29,8 +29,8 @@ void tst_describeColorRamp::colourIsCalledByItsNearestName_data()
         QRgb rgb;
         const char *name;
     } rows[] = {
-        {0x000000, "black"},      {0x404040, "dark grey"},   {0x808080, "grey"},
-        {0xd0d0d0, "pale grey"},  {0xffffff, "white"},       {0xff0000, "red"},
+        {0x000000, "black"},      {0x404040, "dark gray"},   {0x808080, "gray"},
+        {0xd0d0d0, "pale gray"},  {0xffffff, "white"},       {0xff0000, "red"},
         {0x8b0000, "dark red"},   {0xffff00, "yellow"},      {0x00ff00, "green"},
         {0x006400, "dark green"}, {0x0000ff, "blue"},        {0x00008b, "dark blue"},
         {0x00ffff, "turquoise"},  {0x8b4513, "brown"},       {0xffa500, "orange"},
@@ -43,7 +43,7 @@ void tst_describeColorRamp::colourIsCalledByItsNearestName_data()
     }
 }
 
-void tst_describeColorRamp::colourIsCalledByItsNearestName()
+void tst_describeColorRamp::colorIsCalledByItsNearestName()
 {
     QFETCH(QColor, color);
     QFETCH(QString, name);
@@ -56,7 +56,7 @@ void tst_describeColorRamp::colourIsCalledByItsNearestName()
 void tst_describeColorRamp::defaultRampIsDescribed()
 {
     QCOMPARE(describeColorRamp(defaultColorRamp().get()),
-             QStringLiteral("10 colours, from dark red through pale yellow to blue"));
+             QStringLiteral("10 colors, from dark red through pale yellow to blue"));
 }
 
 void tst_describeColorRamp::rampIsDescribedByItsEndsAndItsMiddle_data()
@@ -66,21 +66,21 @@ void tst_describeColorRamp::rampIsDescribedByItsEndsAndItsMiddle_data()
     const QColor red(Qt::red);
     const QColor paleYellow(0xffffbf);
     const QColor blue(Qt::blue);
-    QTest::newRow("none") << QVector<QColor>() << QStringLiteral("No colours");
-    QTest::newRow("one") << QVector<QColor>{red} << QStringLiteral("1 colour, red");
+    QTest::newRow("none") << QVector<QColor>() << QStringLiteral("No colors");
+    QTest::newRow("one") << QVector<QColor>{red} << QStringLiteral("1 color, red");
     QTest::newRow("two") << QVector<QColor>{red, blue}
-                         << QStringLiteral("2 colours, from red to blue");
+                         << QStringLiteral("2 colors, from red to blue");
     QTest::newRow("three") << QVector<QColor>{red, paleYellow, blue}
-                           << QStringLiteral("3 colours, from red through pale yellow to blue");
+                           << QStringLiteral("3 colors, from red through pale yellow to blue");
     QTest::newRow("four: the earlier of the two in the middle")
         << QVector<QColor>{red, paleYellow, blue, blue}
-        << QStringLiteral("4 colours, from red through pale yellow to blue");
+        << QStringLiteral("4 colors, from red through pale yellow to blue");
     QTest::newRow("there and back") << QVector<QColor>{red, blue, red}
-                                    << QStringLiteral("3 colours, from red through blue to red");
+                                    << QStringLiteral("3 colors, from red through blue to red");
     QTest::newRow("middle as the end")
-        << QVector<QColor>{red, blue, blue} << QStringLiteral("3 colours, from red to blue");
+        << QVector<QColor>{red, blue, blue} << QStringLiteral("3 colors, from red to blue");
     QTest::newRow("all alike") << QVector<QColor>{red, red, red}
-                               << QStringLiteral("3 colours, all red");
+                               << QStringLiteral("3 colors, all red");
 }
 
 void tst_describeColorRamp::rampIsDescribedByItsEndsAndItsMiddle()
@@ -96,9 +96,9 @@ void tst_describeColorRamp::rampIsDescribedByItsEndsAndItsMiddle()
     QCOMPARE(describeColorRamp(&ramp), description);
 }
 
-void tst_describeColorRamp::nullRampHasNoColours()
+void tst_describeColorRamp::nullRampHasNoColors()
 {
-    QCOMPARE(describeColorRamp(nullptr), QStringLiteral("No colours"));
+    QCOMPARE(describeColorRamp(nullptr), QStringLiteral("No colors"));
 }
 
 QTEST_GUILESS_MAIN(tst_describeColorRamp)

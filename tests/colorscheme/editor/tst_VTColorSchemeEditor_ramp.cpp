@@ -140,10 +140,10 @@ void tst_VTColorSchemeEditor_ramp::theListReplacesTheFirstRandomColors_data()
     QTest::addColumn<int>("listed");
     for (const bool hsv : {false, true}) {
         const char *kind = hsv ? "HSV random" : "random";
-        QTest::addRow("%s, level 5, three colours", kind) << hsv << 5 << 3;
-        QTest::addRow("%s, level 2, four colours", kind) << hsv << 2 << 4;
-        QTest::addRow("%s, level 4, four colours", kind) << hsv << 4 << 4;
-        QTest::addRow("%s, level 5, no colours", kind) << hsv << 5 << 0;
+        QTest::addRow("%s, level 5, three colors", kind) << hsv << 5 << 3;
+        QTest::addRow("%s, level 2, four colors", kind) << hsv << 2 << 4;
+        QTest::addRow("%s, level 4, four colors", kind) << hsv << 4 << 4;
+        QTest::addRow("%s, level 5, no colors", kind) << hsv << 5 << 0;
     }
 }
 
@@ -196,9 +196,9 @@ void tst_VTColorSchemeEditor_ramp::evenKindsTakeTheListAsSources_data()
     QTest::addColumn<int>("listed");
     for (const bool predefined : {false, true}) {
         const char *kind = predefined ? "predefined" : "even";
-        QTest::addRow("%s, level 10, two colours", kind) << predefined << 10 << 2;
-        QTest::addRow("%s, level 2, four colours", kind) << predefined << 2 << 4;
-        QTest::addRow("%s, level 1000, one colour", kind) << predefined << 1000 << 1;
+        QTest::addRow("%s, level 10, two colors", kind) << predefined << 10 << 2;
+        QTest::addRow("%s, level 2, four colors", kind) << predefined << 2 << 4;
+        QTest::addRow("%s, level 1000, one color", kind) << predefined << 1000 << 1;
     }
 }
 

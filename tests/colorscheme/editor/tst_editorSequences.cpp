@@ -256,7 +256,7 @@ void Walk::step()
         name = "number";
         setNumber();
     } else if (choice == 16) {
-        name = "colour";
+        name = "color";
         pickColor();
     } else {
         name = "load";

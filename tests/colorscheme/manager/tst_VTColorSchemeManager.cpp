@@ -50,8 +50,8 @@ private Q_SLOTS:
     void copyMenusLeaveOutTheShownGroup();
     void copyMenusAreMadeAnewForTheCaller();
     void anEmptyTeamHasAnEmptyCopyMenu();
-    void theContextMenuOffersGroupsAndFavourites();
-    void theContextMenuOfFavouritesLacksFavourites();
+    void theContextMenuOffersGroupsAndFavorites();
+    void theContextMenuOfFavoritesLacksFavorites();
     void theContextMenuNeedsASelectedRow();
     void aCommandFromTheContextMenuRuns();
     void oldContextMenusAreFreed();
@@ -332,7 +332,7 @@ void tst_VTColorSchemeManager::aClickShowsTheGroup_data()
     QTest::newRow("second built-in") << 0 << 1 << 0 << QStringList{"u1", "u2"};
     QTest::newRow("custom") << 1 << 0 << 0 << QStringList{"m1", "m2"};
     QTest::newRow("empty custom") << 1 << 1 << 1 << QStringList();
-    QTest::newRow("favourites") << 2 << 0 << 0 << QStringList{"f1"};
+    QTest::newRow("favorites") << 2 << 0 << 0 << QStringList{"f1"};
 }
 
 void tst_VTColorSchemeManager::aClickShowsTheGroup()
@@ -530,7 +530,7 @@ void tst_VTColorSchemeManager::anEmptyTeamHasAnEmptyCopyMenu()
     QVERIFY(customs->isEmpty());
 }
 
-void tst_VTColorSchemeManager::theContextMenuOffersGroupsAndFavourites()
+void tst_VTColorSchemeManager::theContextMenuOffersGroupsAndFavorites()
 {
     open();
     user->click(1, 0);
@@ -546,7 +546,7 @@ void tst_VTColorSchemeManager::theContextMenuOffersGroupsAndFavourites()
     menu->close();
 }
 
-void tst_VTColorSchemeManager::theContextMenuOfFavouritesLacksFavourites()
+void tst_VTColorSchemeManager::theContextMenuOfFavoritesLacksFavorites()
 {
     open();
     user->click(2, 0);

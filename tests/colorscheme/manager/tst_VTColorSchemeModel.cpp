@@ -20,7 +20,7 @@ private Q_SLOTS:
     void aRowShowsNumberAndTexts();
     void onlyTheTextsAreForEditing();
     void thePreviewIsAnIconOfTheStrip();
-    void aSelectedPreviewKeepsItsColours();
+    void aSelectedPreviewKeepsItsColors();
     void aSchemeWithoutRampHasNoPreview();
     void thePreviewOfALostRowIsAnError();
     void theTextsOfALostRowAreEmpty();
@@ -92,7 +92,7 @@ void tst_VTColorSchemeModel::thePreviewIsAnIconOfTheStrip()
     QCOMPARE(now.pixelColor(0, 0), QColor(1, 2, 3));
 }
 
-void tst_VTColorSchemeModel::aSelectedPreviewKeepsItsColours()
+void tst_VTColorSchemeModel::aSelectedPreviewKeepsItsColors()
 {
     VTColorSchemeModel model(nullptr);
     model.setGroup(makeGroup("g", {"a"}));

@@ -495,7 +495,7 @@ void tst_VTColorSchemeView::assistiveToolsHearOfTheCurrentRow()
     view->setGroup(1, 0, group);
     QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(view.get());
     QVERIFY(interface);
-    QCOMPARE(interface->text(QAccessible::Name), QStringLiteral("Colour schemes"));
+    QCOMPARE(interface->text(QAccessible::Name), QStringLiteral("Color schemes"));
     view->selectRow(0);
     QCOMPARE(interface->text(QAccessible::Description),
              describeColorRamp(group.schemes[0].colorRamp));

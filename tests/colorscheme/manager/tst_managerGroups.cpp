@@ -207,10 +207,10 @@ void tst_managerGroups::onlyCustomGroupsCanBeDeleted_data()
     QTest::addColumn<int>("team");
     QTest::addColumn<int>("group");
     QTest::newRow("built-in group") << 0 << 0;
-    QTest::newRow("favourites group") << 2 << 0;
+    QTest::newRow("favorites group") << 2 << 0;
     QTest::newRow("built-in team") << 0 << -1;
     QTest::newRow("custom team") << 1 << -1;
-    QTest::newRow("favourites") << 2 << -1;
+    QTest::newRow("favorites") << 2 << -1;
     QTest::newRow("nothing") << -1 << -1;
 }
 

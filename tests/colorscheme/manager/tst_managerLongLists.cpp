@@ -20,7 +20,7 @@ private Q_SLOTS:
     void invertingEndsAsRowByRow();
     void deletingEndsAsRowByRow();
     void tenThousandRowsAreInverted();
-    void tenThousandRowsAreFavoured();
+    void tenThousandRowsAreFavored();
     void tenThousandRowsAreDeleted();
     void tenThousandCopiesGetNumbersOfTheirOwn();
 
@@ -171,7 +171,7 @@ void tst_managerLongLists::tenThousandRowsAreInverted()
     QCOMPARE(user->table->currentIndex().row(), many - 1);
 }
 
-void tst_managerLongLists::tenThousandRowsAreFavoured()
+void tst_managerLongLists::tenThousandRowsAreFavored()
 {
     open(makeGroup("g", numberedNames(many)));
     user->command("actionSelect_all");

@@ -147,7 +147,7 @@ private:
     void addScheme();
     void editScheme();
     void deleteSchemes();
-    void favourSchemes();
+    void favorSchemes();
     void importSchemes();
     void exportSchemes();
     void renameInPlace();
@@ -180,7 +180,7 @@ const QStringList builtInOrder{"DEM", "Unique", "Range", "Graph", "Even", "Rando
 const QStringList builtInTexts{"For DEM",   "For unique",  "For unique range",
                                "For graph", "Even scheme", "Random scheme"};
 
-QString favouriteText(const QString &name)
+QString favoriteText(const QString &name)
 {
     const int i = builtInOrder.indexOf(name);
     return i < 0 ? name : builtInTexts[i];
@@ -268,8 +268,8 @@ void tst_managerRandomCommands::step()
         &tst_managerRandomCommands::deleteGroup,   &tst_managerRandomCommands::deleteGroup,
         &tst_managerRandomCommands::copySchemes,   &tst_managerRandomCommands::copySchemes,
         &tst_managerRandomCommands::addScheme,     &tst_managerRandomCommands::deleteSchemes,
-        &tst_managerRandomCommands::deleteSchemes, &tst_managerRandomCommands::favourSchemes,
-        &tst_managerRandomCommands::favourSchemes, &tst_managerRandomCommands::renameInPlace,
+        &tst_managerRandomCommands::deleteSchemes, &tst_managerRandomCommands::favorSchemes,
+        &tst_managerRandomCommands::favorSchemes,  &tst_managerRandomCommands::renameInPlace,
         &tst_managerRandomCommands::selectSome,    &tst_managerRandomCommands::selectSome,
     };
     if (oneIn(40))
@@ -452,13 +452,13 @@ void tst_managerRandomCommands::deleteSchemes()
     modified = true;
 }
 
-void tst_managerRandomCommands::favourSchemes()
+void tst_managerRandomCommands::favorSchemes()
 {
     // The menu offers this for built-in and custom groups only.
     if (kind == 2)
         return;
     const QVector<int> rows = user->table->selectedRowNumbers();
-    history += QStringLiteral(" favour(%1)").arg(rows.size());
+    history += QStringLiteral(" favor(%1)").arg(rows.size());
     user->table->onFavorite();
     if (shown < 0)
         return;
@@ -585,14 +585,14 @@ void tst_managerRandomCommands::check()
     for (const Group &group : qAsConst(teams[1]))
         customs.append(group.name);
     QCOMPARE(user->groups(1), customs);
-    QStringList favourites;
+    QStringList favorites;
     for (const Group &group : qAsConst(teams[2]))
-        favourites.append(group.name);
-    QStringList shownFavourites = user->groups(2);
-    QCOMPARE(shownFavourites.size(), favourites.size());
-    for (int i = 0; i < favourites.size(); ++i)
-        QVERIFY(shownFavourites[i] == favourites[i] ||
-                shownFavourites[i] == favouriteText(favourites[i]));
+        favorites.append(group.name);
+    QStringList shownFavorites = user->groups(2);
+    QCOMPARE(shownFavorites.size(), favorites.size());
+    for (int i = 0; i < favorites.size(); ++i)
+        QVERIFY(shownFavorites[i] == favorites[i] ||
+                shownFavorites[i] == favoriteText(favorites[i]));
     QCOMPARE(user->groups(0), (QStringList{"For DEM", "For unique"}));
     for (const int row : user->table->selectedRowNumbers())
         QVERIFY(row < table.size());

@@ -41,8 +41,8 @@ private Q_SLOTS:
     void deletingAsksFirst();
     void deletingNothingIsSilent();
     void selectedRowsAreDeletedWhateverTheirOrder();
-    void anEmptiedFavouritesGroupGoes();
-    void anEmptiedFavouritesGroupGoesWithItsOwnRow();
+    void anEmptiedFavoritesGroupGoes();
+    void anEmptiedFavoritesGroupGoesWithItsOwnRow();
     void emptiedGroupsOfOtherTeamsStay();
     void selectAllSelectsEveryRow();
     void invertingSelectsTheOthers_data();
@@ -58,12 +58,12 @@ private Q_SLOTS:
     void importingNothingModifiesNothing();
     void importingOnlyBadFilesStillAsksToSave();
     void exportIsThatOfTheTable();
-    void favouritesMirrorTheNameOfTheirGroup();
-    void favouritesAreCopiedAgainAndAgain();
-    void favouringWithoutRowsStillMakesTheGroup();
-    void favouringWithoutAGroupDoesNothing();
-    void favouringRowsThatDoNotExistIsHarmless();
-    void favouritesOfAFavouritesGroupHaveNoName();
+    void favoritesMirrorTheNameOfTheirGroup();
+    void favoritesAreCopiedAgainAndAgain();
+    void favoringWithoutRowsStillMakesTheGroup();
+    void favoringWithoutAGroupDoesNothing();
+    void favoringRowsThatDoNotExistIsHarmless();
+    void favoritesOfAFavoritesGroupHaveNoName();
     void informationSwitchesOk();
     void okWithoutChangesClosesAtOnce();
     void okAsksAfterAnyEditInTheTable_data();
@@ -197,10 +197,10 @@ void tst_managerSchemes::schemesAreAddedToBuiltInAndCustomGroupsOnly_data()
     QTest::addColumn<bool>("adds");
     QTest::newRow("built-in group") << 0 << 1 << true;
     QTest::newRow("custom group") << 1 << 0 << true;
-    QTest::newRow("favourites group") << 2 << 0 << false;
+    QTest::newRow("favorites group") << 2 << 0 << false;
     QTest::newRow("built-in team") << 0 << -1 << false;
     QTest::newRow("custom team") << 1 << -1 << false;
-    QTest::newRow("favourites") << 2 << -1 << false;
+    QTest::newRow("favorites") << 2 << -1 << false;
     QTest::newRow("nothing") << -1 << -1 << false;
 }
 
@@ -332,7 +332,7 @@ void tst_managerSchemes::selectedRowsAreDeletedWhateverTheirOrder()
     }
 }
 
-void tst_managerSchemes::anEmptiedFavouritesGroupGoes()
+void tst_managerSchemes::anEmptiedFavoritesGroupGoes()
 {
     open();
     user->click(2, 0);
@@ -360,7 +360,7 @@ void tst_managerSchemes::anEmptiedFavouritesGroupGoes()
     QVERIFY(user->table->teamKind != 2 || user->table->groupIndex == -1);
 }
 
-void tst_managerSchemes::anEmptiedFavouritesGroupGoesWithItsOwnRow()
+void tst_managerSchemes::anEmptiedFavoritesGroupGoesWithItsOwnRow()
 {
     // The tree's current node is another one: the keyboard moved it.
     open();
@@ -536,7 +536,7 @@ void tst_managerSchemes::importNeedsAShownGroup_data()
     QTest::newRow("no node") << -1 << false;
     QTest::newRow("built-in team") << 0 << true;
     QTest::newRow("custom team without groups") << 1 << false;
-    QTest::newRow("favourites with groups") << 2 << true;
+    QTest::newRow("favorites with groups") << 2 << true;
 }
 
 void tst_managerSchemes::importNeedsAShownGroup()
@@ -608,7 +608,7 @@ void tst_managerSchemes::exportIsThatOfTheTable()
     QCOMPARE(QDir(store->path()).entryList(QDir::Files), (QStringList{"b.vcs", "e.vcs"}));
 }
 
-void tst_managerSchemes::favouritesMirrorTheNameOfTheirGroup()
+void tst_managerSchemes::favoritesMirrorTheNameOfTheirGroup()
 {
     open();
     user->click(0, 1);
@@ -627,7 +627,7 @@ void tst_managerSchemes::favouritesMirrorTheNameOfTheirGroup()
     QCOMPARE(user->names(), (QStringList{"b", "d"}));
 }
 
-void tst_managerSchemes::favouritesAreCopiedAgainAndAgain()
+void tst_managerSchemes::favoritesAreCopiedAgainAndAgain()
 {
     open();
     user->click(0, 0);
@@ -644,7 +644,7 @@ void tst_managerSchemes::favouritesAreCopiedAgainAndAgain()
              (QStringList{"f1", "f2", "edited", "edited"}));
 }
 
-void tst_managerSchemes::favouringWithoutRowsStillMakesTheGroup()
+void tst_managerSchemes::favoringWithoutRowsStillMakesTheGroup()
 {
     open();
     user->click(1, 0);
@@ -657,7 +657,7 @@ void tst_managerSchemes::favouringWithoutRowsStillMakesTheGroup()
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
 }
 
-void tst_managerSchemes::favouringWithoutAGroupDoesNothing()
+void tst_managerSchemes::favoringWithoutAGroupDoesNothing()
 {
     VOColorSchemeManager::instance()->customTeam.groups.clear();
     open();
@@ -669,7 +669,7 @@ void tst_managerSchemes::favouringWithoutAGroupDoesNothing()
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
 }
 
-void tst_managerSchemes::favouringRowsThatDoNotExistIsHarmless()
+void tst_managerSchemes::favoringRowsThatDoNotExistIsHarmless()
 {
     open();
     user->click(1, 0);
@@ -677,7 +677,7 @@ void tst_managerSchemes::favouringRowsThatDoNotExistIsHarmless()
     QCOMPARE(copyNames(2, 2), QStringList{"f"});
 }
 
-void tst_managerSchemes::favouritesOfAFavouritesGroupHaveNoName()
+void tst_managerSchemes::favoritesOfAFavoritesGroupHaveNoName()
 {
     // The menu never offers it; who calls it gets a group without a name.
     open();

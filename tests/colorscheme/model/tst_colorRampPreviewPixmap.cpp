@@ -184,7 +184,7 @@ void tst_colorRampPreviewPixmap::theFirstBandsTakeWhatIsLeftOver_data()
     QTest::newRow("three share 100") << 3 << QSize(100, 20) << QVector<int>{34, 33, 33};
     QTest::newRow("seven share 10") << 7 << QSize(10, 3) << QVector<int>{2, 2, 2, 1, 1, 1, 1};
     QTest::newRow("one fills all") << 1 << QSize(140, 20) << QVector<int>{140};
-    QTest::newRow("a colour a pixel") << 140 << QSize(140, 20) << QVector<int>(140, 1);
+    QTest::newRow("a color a pixel") << 140 << QSize(140, 20) << QVector<int>(140, 1);
     QTest::newRow("one pixel more")
         << 139 << QSize(140, 20) << (QVector<int>{2} + QVector<int>(138, 1));
     QTest::newRow("one pixel in all") << 1 << QSize(1, 1) << QVector<int>{1};
@@ -207,9 +207,9 @@ void tst_colorRampPreviewPixmap::everyPixelIsAsDrawnStepByStep_data()
     QTest::addColumn<QSize>("size");
     QTest::newRow("face, default ramp") << 10 << QSize(140, 20);
     QTest::newRow("face, a remainder") << 11 << QSize(140, 20);
-    QTest::newRow("face, a colour a pixel") << 140 << QSize(140, 20);
-    QTest::newRow("face, one colour too many") << 141 << QSize(140, 20);
-    QTest::newRow("face, 300 colours") << 300 << QSize(140, 20);
+    QTest::newRow("face, a color a pixel") << 140 << QSize(140, 20);
+    QTest::newRow("face, one color too many") << 141 << QSize(140, 20);
+    QTest::newRow("face, 300 colors") << 300 << QSize(140, 20);
     QTest::newRow("face, twice the pixels") << 280 << QSize(140, 20);
     QTest::newRow("face, ten times the pixels") << 1400 << QSize(140, 20);
     QTest::newRow("editor, many") << 1000 << QSize(515, 30);
@@ -249,7 +249,7 @@ void tst_colorRampPreviewPixmap::manyLevelsAndWidthsAreAsDrawnStepByStep()
         const QSize size(width, 1);
         QVERIFY2(colorRampPreviewPixmap(&ramp, size).toImage() ==
                      drawnStepByStep(ramp, size).toImage(),
-                 qPrintable(QStringLiteral("%1 colours, %2 pixels").arg(level).arg(width)));
+                 qPrintable(QStringLiteral("%1 colors, %2 pixels").arg(level).arg(width)));
     }
 }
 

@@ -540,8 +540,8 @@ void tst_VTColorSchemeComboBox::aGroupIsChosenByName_data()
                                                   << "range" << 0 << QColor(200, 0, 1) << "DEM red";
     QTest::newRow("custom") << "Custom"
                             << "Yours" << 0 << QColor(200, 0, 12) << "Yours red";
-    QTest::newRow("favourites") << "Favorite"
-                                << "Mine" << 1 << QColor(0, 200, 22) << "Mine red";
+    QTest::newRow("favorites") << "Favorite"
+                               << "Mine" << 1 << QColor(0, 200, 22) << "Mine red";
     QTest::newRow("scheme -1") << "Custom"
                                << "Yours" << -1 << former << "Yours red";
     QTest::newRow("the lowest scheme index") << "Custom"
@@ -573,7 +573,7 @@ void tst_VTColorSchemeComboBox::aGroupIsChosenByIndex_data()
     QTest::newRow("default") << "Default" << 2 << 1 << QColor(0, 200, 3) << "Range red";
     QTest::newRow("default, the last") << "Default" << 4 << 0 << QColor(200, 0, 5) << "Even red";
     QTest::newRow("custom") << "Custom" << 1 << 0 << QColor(200, 0, 12) << "Yours red";
-    QTest::newRow("favourites") << "Favorite" << 1 << 1 << QColor(0, 200, 22) << "Mine red";
+    QTest::newRow("favorites") << "Favorite" << 1 << 1 << QColor(0, 200, 22) << "Mine red";
     QTest::newRow("scheme -1") << "Favorite" << 0 << -1 << former << "DEM red";
     QTest::newRow("one behind the last scheme") << "Default" << 0 << 2 << former << "DEM red";
 }
@@ -616,14 +616,14 @@ void tst_VTColorSchemeComboBox::aFailureChangesNothing_data()
     QTest::newRow("custom, an unknown name") << "Custom" << QVariant("none");
     QTest::newRow("custom, another letter case") << "Custom" << QVariant("mine");
     QTest::newRow("custom, no name") << "Custom" << QVariant("");
-    QTest::newRow("favourites, an unknown name") << "Favorite" << QVariant("Yours");
+    QTest::newRow("favorites, an unknown name") << "Favorite" << QVariant("Yours");
     QTest::newRow("default, one behind the last") << "Default" << QVariant(5);
     QTest::newRow("default, -1") << "Default" << QVariant(-1);
     QTest::newRow("custom, one behind the last") << "Custom" << QVariant(2);
     QTest::newRow("custom, -1") << "Custom" << QVariant(-1);
-    QTest::newRow("favourites, one behind the last") << "Favorite" << QVariant(2);
-    QTest::newRow("favourites, the lowest") << "Favorite" << QVariant(INT_MIN);
-    QTest::newRow("favourites, the highest") << "Favorite" << QVariant(INT_MAX);
+    QTest::newRow("favorites, one behind the last") << "Favorite" << QVariant(2);
+    QTest::newRow("favorites, the lowest") << "Favorite" << QVariant(INT_MIN);
+    QTest::newRow("favorites, the highest") << "Favorite" << QVariant(INT_MAX);
 }
 
 void tst_VTColorSchemeComboBox::aFailureChangesNothing()

@@ -258,7 +258,7 @@ void tst_VTColorSchemeGroupMenu::pickedGroupReachesTheBar_data()
     QTest::newRow("default") << QStringLiteral("For graph") << 0
                              << QVariant(QStringLiteral("Graph"));
     QTest::newRow("custom") << QStringLiteral("Yours") << 1 << QVariant();
-    QTest::newRow("favourite") << QStringLiteral("Best") << 2 << QVariant();
+    QTest::newRow("favorite") << QStringLiteral("Best") << 2 << QVariant();
 }
 
 void tst_VTColorSchemeGroupMenu::pickedGroupReachesTheBar()

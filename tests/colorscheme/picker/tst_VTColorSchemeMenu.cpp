@@ -310,8 +310,8 @@ void tst_VTColorSchemeMenu::captionFollowsTheTeam_data()
                             << QStringLiteral("Mine");
     QTest::newRow("custom, any letter case")
         << QStringLiteral("CUSTOM") << QStringLiteral("Mine") << QStringLiteral("Mine");
-    QTest::newRow("favourites") << QStringLiteral("Favorite") << QStringLiteral("Best")
-                                << QStringLiteral("Best");
+    QTest::newRow("favorites") << QStringLiteral("Favorite") << QStringLiteral("Best")
+                               << QStringLiteral("Best");
     QTest::newRow("any other text")
         << QStringLiteral("?") << QStringLiteral("Best") << QStringLiteral("Best");
 }
@@ -571,7 +571,7 @@ void tst_VTColorSchemeMenu::groupChangeRefillsTheList_data()
     QTest::newRow("default: by the key, whatever the text")
         << 0 << QStringLiteral("For unique") << QStringLiteral("Unique");
     QTest::newRow("custom") << 1 << QStringLiteral("Mine") << QString();
-    QTest::newRow("favourite") << 2 << QStringLiteral("Best") << QString();
+    QTest::newRow("favorite") << 2 << QStringLiteral("Best") << QString();
 }
 
 void tst_VTColorSchemeMenu::groupChangeRefillsTheList()
@@ -619,7 +619,7 @@ void tst_VTColorSchemeMenu::groupChangeToAnUnknownNameOnlySetsTheTeam_data()
     QTest::addColumn<QString>("caption"); // that of the second group of the new team
     QTest::newRow("default") << 0 << QStringLiteral("For unique");
     QTest::newRow("custom") << 1 << QStringLiteral("Nothing");
-    QTest::newRow("favourite") << 2 << QStringLiteral("Rest");
+    QTest::newRow("favorite") << 2 << QStringLiteral("Rest");
 }
 
 void tst_VTColorSchemeMenu::groupChangeToAnUnknownNameOnlySetsTheTeam()

@@ -68,7 +68,7 @@ void tst_dropDownKeyboard::init()
     picker = new VTColorSchemeComboBox(host.get());
     picker->setGeometry(40, 60, 150, 24);
     listSchemes({QStringLiteral("Blues"), QStringLiteral("Blue to red"), QStringLiteral("Greens"),
-                 QStringLiteral("Greys"), QStringLiteral("Reds")});
+                 QStringLiteral("Grays"), QStringLiteral("Reds")});
     host->show();
     host->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(host.get()));
@@ -277,7 +277,7 @@ void tst_dropDownKeyboard::returnChoosesTheCurrentEntry()
         QVERIFY(!opened->isVisible());
     });
     QCOMPARE(changed.count(), 1);
-    QVERIFY(picker->accessibleDescription().startsWith(QLatin1String("10 colours")));
+    QVERIFY(picker->accessibleDescription().startsWith(QLatin1String("10 colors")));
 }
 
 void tst_dropDownKeyboard::keyClosesWithoutAChoice_data()

@@ -16,7 +16,7 @@ using namespace VTObjects;
 namespace {
 
 const QString defaultColors =
-    QStringLiteral("10 colours, from dark red through pale yellow to blue");
+    QStringLiteral("10 colors, from dark red through pale yellow to blue");
 
 QAccessibleInterface *view(QObject *object)
 {
@@ -44,9 +44,9 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
-    void pickerTellsItsColours();
+    void pickerTellsItsColors();
     void hostMayNameThePicker();
-    void entriesTellNameAndColours();
+    void entriesTellNameAndColors();
     void dropDownShowsItsParts();
     void chooserShowsItsGroups();
     void entryCanBePressed();
@@ -74,25 +74,25 @@ void tst_pickerAccessibility::cleanup()
     store.reset();
 }
 
-void tst_pickerAccessibility::pickerTellsItsColours()
+void tst_pickerAccessibility::pickerTellsItsColors()
 {
-    QCOMPARE(view(picker.get())->text(QAccessible::Name), QStringLiteral("Colour scheme"));
-    QCOMPARE(view(picker.get())->text(QAccessible::Description), QStringLiteral("No colours"));
+    QCOMPARE(view(picker.get())->text(QAccessible::Name), QStringLiteral("Color scheme"));
+    QCOMPARE(view(picker.get())->text(QAccessible::Description), QStringLiteral("No colors"));
     QVERIFY(picker->setDefaultGroup(QStringLiteral("Custom"), 0, 0));
     QCOMPARE(view(picker.get())->text(QAccessible::Description), defaultColors);
     QVERIFY(picker->setDefaultGroup(QStringLiteral("Custom"), 0, 1));
-    QCOMPARE(view(picker.get())->text(QAccessible::Description), QStringLiteral("No colours"));
+    QCOMPARE(view(picker.get())->text(QAccessible::Description), QStringLiteral("No colors"));
 }
 
 void tst_pickerAccessibility::hostMayNameThePicker()
 {
-    picker->setAccessibleName(QStringLiteral("Colours of the roads"));
+    picker->setAccessibleName(QStringLiteral("Colors of the roads"));
     QVERIFY(picker->setDefaultGroup(QStringLiteral("Custom"), 0, 0));
-    QCOMPARE(view(picker.get())->text(QAccessible::Name), QStringLiteral("Colours of the roads"));
+    QCOMPARE(view(picker.get())->text(QAccessible::Name), QStringLiteral("Colors of the roads"));
     QCOMPARE(view(picker.get())->text(QAccessible::Description), defaultColors);
 }
 
-void tst_pickerAccessibility::entriesTellNameAndColours()
+void tst_pickerAccessibility::entriesTellNameAndColors()
 {
     VTColorSchemeMenu menu(QString(), group, picker.get());
     const DropDown parts(&menu);
@@ -102,7 +102,7 @@ void tst_pickerAccessibility::entriesTellNameAndColours()
     QCOMPARE(first->role(), QAccessible::ListItem);
     const QAccessibleInterface *second = view(parts.entry(1));
     QCOMPARE(second->text(QAccessible::Name), QStringLiteral("R & B"));
-    QCOMPARE(second->text(QAccessible::Description), QStringLiteral("No colours"));
+    QCOMPARE(second->text(QAccessible::Description), QStringLiteral("No colors"));
 }
 
 void tst_pickerAccessibility::dropDownShowsItsParts()
@@ -126,7 +126,7 @@ void tst_pickerAccessibility::dropDownShowsItsParts()
     QVERIFY(objects.contains(parts.entry(0)));
     QVERIFY(objects.contains(parts.entry(1)));
     QCOMPARE(view(parts.list())->role(), QAccessible::List);
-    QCOMPARE(view(parts.list())->text(QAccessible::Name), QStringLiteral("Colour schemes"));
+    QCOMPARE(view(parts.list())->text(QAccessible::Name), QStringLiteral("Color schemes"));
     QCOMPARE(view(parts.list())->childCount(), 2);
     QCOMPARE(view(parts.list())->indexOfChild(view(parts.entry(1))), 1);
     QCOMPARE(view(parts.list())->indexOfChild(view(parts.bar)), -1);

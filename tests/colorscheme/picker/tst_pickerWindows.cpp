@@ -266,8 +266,8 @@ void tst_pickerWindows::groupOfEachTeamIsPicked_data()
     QTest::addColumn<QString>("group");
     QTest::addColumn<QString>("team");
     QTest::addColumn<QString>("name");
-    QTest::newRow("favourite") << QStringLiteral("Best") << QStringLiteral("Favorite")
-                               << QStringLiteral("Best");
+    QTest::newRow("favorite") << QStringLiteral("Best") << QStringLiteral("Favorite")
+                              << QStringLiteral("Best");
     QTest::newRow("default") << QStringLiteral("For graph") << QStringLiteral("Default")
                              << QStringLiteral("Graph");
     QTest::newRow("custom") << QStringLiteral("Yours") << QStringLiteral("Custom")

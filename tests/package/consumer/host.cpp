@@ -58,7 +58,7 @@ void useRamps()
     for (const auto &ramp : ramps) {
         ramp->split(7);
         const std::unique_ptr<VOColorRamp> clone(ramp->clone());
-        expect(clone->getLevel() == 7, "a clone has its colours");
+        expect(clone->getLevel() == 7, "a clone has its colors");
         expect(dynamic_cast<VOColorRampContainer *>(clone.get()), "a ramp is a container");
         expect(colorRampPreviewPixmap(clone.get(), QSize(140, 20)).width() == 140, "a preview");
     }
@@ -105,10 +105,10 @@ void useWidgets()
     VTAddColorSchemeGroupDialog dialog(QStringLiteral("Custom group1"), nullptr);
     VTColorSchemeEditor editor(0, &group, false, nullptr);
     VTColorModel colors;
-    expect(colors.rowCount() == 0, "the colour list");
+    expect(colors.rowCount() == 0, "the color list");
     VTColorMenu colorMenu(nullptr);
     colorMenu.setColor(Qt::red);
-    expect(colorMenu.getColor() == QColor(Qt::red).rgb(), "the colour menu");
+    expect(colorMenu.getColor() == QColor(Qt::red).rgb(), "the color menu");
     // Casts and meta types work across the library's border, too.
     for (QObject *object : std::initializer_list<QObject *>{
              &box, &button, &groupMenu, &menu, &entry, &manager, &view, &delegate, &table, &field,

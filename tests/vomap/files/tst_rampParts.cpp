@@ -15,7 +15,7 @@ class tst_rampParts : public QObject
 private Q_SLOTS:
     void aRampPutTogetherFromItsPartsIsTheSame_data();
     void aRampPutTogetherFromItsPartsIsTheSame();
-    void wholeListsAreClampedLikeSingleColours();
+    void wholeListsAreClampedLikeSingleColors();
     void listsAreSharedUntilOneIsWritten();
     void componentsAreFiniteAndFrom0To255();
 };
@@ -44,7 +44,7 @@ void tst_rampParts::aRampPutTogetherFromItsPartsIsTheSame()
     }
 }
 
-void tst_rampParts::wholeListsAreClampedLikeSingleColours()
+void tst_rampParts::wholeListsAreClampedLikeSingleColors()
 {
     const float nan = std::numeric_limits<float>::quiet_NaN();
     const QVector<rgb_color<float>> list = {{1, 2, 3}, {-1, 256, nan}, {0, 255, 127.5F}};

@@ -34,8 +34,8 @@ private Q_SLOTS:
     void everyComponentComesBackBitForBit_data();
     void everyComponentComesBackBitForBit();
     void randomSchemesComeBackAndAreSavedAlike();
-    void editedOutputColoursSurvive_data();
-    void editedOutputColoursSurvive();
+    void editedOutputColorsSurvive_data();
+    void editedOutputColorsSurvive();
     void aRampOfLevelZeroSurvives();
     void aSchemeWithoutARampIsNotSaved();
     void aRampOfAForeignClassIsNotSaved();
@@ -302,12 +302,12 @@ void tst_schemeFile::randomSchemesComeBackAndAreSavedAlike()
     }
 }
 
-void tst_schemeFile::editedOutputColoursSurvive_data()
+void tst_schemeFile::editedOutputColorsSurvive_data()
 {
     everyKindComesBackBitForBit_data();
 }
 
-void tst_schemeFile::editedOutputColoursSurvive()
+void tst_schemeFile::editedOutputColorsSurvive()
 {
     QFETCH(int, kind);
     VOColorScheme scheme = SchemeSamples(2).scheme(VOColorRamp::ColorRampType(kind));
@@ -432,9 +432,9 @@ void tst_schemeFile::damagedTextIsRefused_data()
         << replaced("\"kind\": \"even\",", "\"kind\": \"random\", \"seed\": -2147483649,");
     QTest::newRow("seed of many digits")
         << replaced("\"kind\": \"even\",", "\"kind\": \"random\", \"seed\": 18446744073709551617,");
-    QTest::newRow("colour of two") << replaced("[0, 0, 0]", "[0, 0]");
-    QTest::newRow("colour of four") << replaced("[0, 0, 0]", "[0, 0, 0, 0]");
-    QTest::newRow("colour as text") << replaced("[0, 0, 0]", "\"black\"");
+    QTest::newRow("color of two") << replaced("[0, 0, 0]", "[0, 0]");
+    QTest::newRow("color of four") << replaced("[0, 0, 0]", "[0, 0, 0, 0]");
+    QTest::newRow("color as text") << replaced("[0, 0, 0]", "\"black\"");
     QTest::newRow("component too large") << replaced("127.5", "255.001");
     QTest::newRow("component just too large") << replaced("127.5", "255.000000001");
     QTest::newRow("component below 0") << replaced("127.5", "-1");
@@ -480,7 +480,7 @@ void tst_schemeFile::damagedTextIsRefused_data()
     QByteArray colors;
     for (int i = 0; i < 100001; ++i)
         colors += "[1,2,3],";
-    QTest::newRow("too many colours") << replaced("[127.5, 0.1, 1e-45],", colors);
+    QTest::newRow("too many colors") << replaced("[127.5, 0.1, 1e-45],", colors);
 }
 
 void tst_schemeFile::damagedTextIsRefused()

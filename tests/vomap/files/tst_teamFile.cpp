@@ -252,8 +252,8 @@ void tst_teamFile::impossibleContentIsRefused_data()
     row("no ramp with bytes", names + bytes("\0\0\0\0\1\0\0\0x", 9));
     row("random without a seed", names + bytes("\1\0\0\0\0\0\0\0", 8));
     row("more bytes than the ramp has", names + bytes("\1\0\0\0\x09\0\0\0\0\0\0\0\0\0\0\0x", 17));
-    row("more colours than bytes", names + bytes("\1\0\0\0\x08\0\0\0\0\0\0\0\1\0\0\0", 16));
-    row("colours without end", names + bytes("\1\0\0\0\x08\0\0\0\0\0\0\0\xff\xff\xff\xff", 16));
+    row("more colors than bytes", names + bytes("\1\0\0\0\x08\0\0\0\0\0\0\0\1\0\0\0", 16));
+    row("colors without end", names + bytes("\1\0\0\0\x08\0\0\0\0\0\0\0\xff\xff\xff\xff", 16));
     row("component that is no number",
         names + bytes("\1\0\0\0\x14\0\0\0\0\0\0\0\1\0\0\0\0\0\xc0\x7f", 20) + black.left(8));
     row("component above 255",

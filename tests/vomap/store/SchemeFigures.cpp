@@ -10,7 +10,7 @@
 
 namespace SchemeFigures {
 
-using namespace ColourJudge;
+using namespace ColorJudge;
 using namespace VTObjects;
 
 namespace {
@@ -26,19 +26,19 @@ constexpr TypeName typeNames[] = {{"Sequential", Sequential},  {"Diverging", Div
                                   {"Two-part", TwoPart},       {"Elevation tint", ElevationTint},
                                   {"Qualitative", Qualitative}};
 
-Colours listOf(VOColorRamp &ramp)
+Colors listOf(VOColorRamp &ramp)
 {
-    Colours colours;
+    Colors colors;
     for (unsigned int i = 0; i < ramp.getLevel(); ++i) {
-        const rgb_color<float> colour = ramp.getColor(i);
-        colours.push_back({double(colour.red), double(colour.green), double(colour.blue)});
+        const rgb_color<float> color = ramp.getColor(i);
+        colors.push_back({double(color.red), double(color.green), double(color.blue)});
     }
-    return colours;
+    return colors;
 }
 
-bool allApart(const Colours &colours, double apart, bool allVisions)
+bool allApart(const Colors &colors, double apart, bool allVisions)
 {
-    return (allVisions ? smallestPairOfAllVisions(colours) : smallestPair(colours, NormalVision)) >=
+    return (allVisions ? smallestPairOfAllVisions(colors) : smallestPair(colors, NormalVision)) >=
            apart;
 }
 
@@ -85,22 +85,22 @@ std::optional<Claims> claimsOf(const QString &description)
     return claims;
 }
 
-Colours coloursOf(const VOColorScheme &scheme)
+Colors colorsOf(const VOColorScheme &scheme)
 {
     return listOf(*scheme.colorRamp);
 }
 
-Colours coloursAt(const VOColorScheme &scheme, int length)
+Colors colorsAt(const VOColorScheme &scheme, int length)
 {
     const std::unique_ptr<VOColorRamp> ramp(scheme.colorRamp->clone());
-    return ramp->split(static_cast<unsigned int>(length)) ? listOf(*ramp) : Colours();
+    return ramp->split(static_cast<unsigned int>(length)) ? listOf(*ramp) : Colors();
 }
 
-double smallestPair(const Colours &colours, Vision vision)
+double smallestPair(const Colors &colors, Vision vision)
 {
-    Colours seen;
-    for (const Triple &colour : colours)
-        seen.push_back(labSeenBy(vision, colour));
+    Colors seen;
+    for (const Triple &color : colors)
+        seen.push_back(labSeenBy(vision, color));
     double smallest = INFINITY;
     for (size_t i = 1; i < seen.size(); ++i) {
         for (size_t j = 0; j < i; ++j)
@@ -109,22 +109,22 @@ double smallestPair(const Colours &colours, Vision vision)
     return smallest;
 }
 
-double smallestPairOfAllVisions(const Colours &colours)
+double smallestPairOfAllVisions(const Colors &colors)
 {
     double smallest = INFINITY;
     for (const Vision vision : {NormalVision, ProtanVision, DeutanVision, TritanVision})
-        smallest = std::min(smallest, smallestPair(colours, vision));
+        smallest = std::min(smallest, smallestPair(colors, vision));
     return smallest;
 }
 
-int turns(const Colours &colours, Vision vision, double slack)
+int turns(const Colors &colors, Vision vision, double slack)
 {
     int count = 0;
     int direction = 0;
-    double low = labSeenBy(vision, colours.front())[0];
+    double low = labSeenBy(vision, colors.front())[0];
     double high = low;
-    for (const Triple &colour : colours) {
-        const double lightness = labSeenBy(vision, colour)[0];
+    for (const Triple &color : colors) {
+        const double lightness = labSeenBy(vision, color)[0];
         if (direction >= 0 && lightness < high - slack) {
             count += direction;
             direction = -1;
@@ -140,44 +140,44 @@ int turns(const Colours &colours, Vision vision, double slack)
     return count;
 }
 
-double lightnessRange(const Colours &colours, Vision vision)
+double lightnessRange(const Colors &colors, Vision vision)
 {
     double low = INFINITY;
     double high = -INFINITY;
-    for (const Triple &colour : colours) {
-        const double lightness = labSeenBy(vision, colour)[0];
+    for (const Triple &color : colors) {
+        const double lightness = labSeenBy(vision, color)[0];
         low = std::min(low, lightness);
         high = std::max(high, lightness);
     }
     return high - low;
 }
 
-double endsInLightness(const Colours &colours)
+double endsInLightness(const Colors &colors)
 {
-    return std::fabs(labSeenBy(NormalVision, colours.front())[0] -
-                     labSeenBy(NormalVision, colours.back())[0]);
+    return std::fabs(labSeenBy(NormalVision, colors.front())[0] -
+                     labSeenBy(NormalVision, colors.back())[0]);
 }
 
-double ends(const Colours &colours)
+double ends(const Colors &colors)
 {
-    return difference(labSeenBy(NormalVision, colours.front()),
-                      labSeenBy(NormalVision, colours.back()));
+    return difference(labSeenBy(NormalVision, colors.front()),
+                      labSeenBy(NormalVision, colors.back()));
 }
 
 int classesApart(const VOColorScheme &scheme, Type type, double apart, bool allVisions)
 {
     if (type == Qualitative) {
         // A set is used from its beginning.
-        Colours colours = coloursOf(scheme);
-        while (colours.size() > 1 && !allApart(colours, apart, allVisions))
-            colours.pop_back();
-        return static_cast<int>(colours.size());
+        Colors colors = colorsOf(scheme);
+        while (colors.size() > 1 && !allApart(colors, apart, allVisions))
+            colors.pop_back();
+        return static_cast<int>(colors.size());
     }
     int most = 0;
     for (int count = 3; count <= mostClasses; ++count) {
-        Colours colours = coloursAt(scheme, type == Cyclic ? count + 1 : count);
-        colours.resize(static_cast<size_t>(count));
-        if (!allApart(colours, apart, allVisions))
+        Colors colors = colorsAt(scheme, type == Cyclic ? count + 1 : count);
+        colors.resize(static_cast<size_t>(count));
+        if (!allApart(colors, apart, allVisions))
             break;
         most = count;
     }

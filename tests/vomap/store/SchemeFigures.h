@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/support/ColourJudge.h"
+#include "tests/support/ColorJudge.h"
 #include "vomap/VOColorScheme.h"
 
 #include <QString>
@@ -28,21 +28,21 @@ struct Claims
 /// None if the description does not follow the pattern.
 std::optional<Claims> claimsOf(const QString &description);
 
-using Colours = std::vector<ColourJudge::Triple>;
-using PerVision = std::array<double, ColourJudge::VisionCount>;
+using Colors = std::vector<ColorJudge::Triple>;
+using PerVision = std::array<double, ColorJudge::VisionCount>;
 
 /// The colours as they stand, and those of the same ramp at another length.
-Colours coloursOf(const VTObjects::VOColorScheme &scheme);
-Colours coloursAt(const VTObjects::VOColorScheme &scheme, int length);
+Colors colorsOf(const VTObjects::VOColorScheme &scheme);
+Colors colorsAt(const VTObjects::VOColorScheme &scheme, int length);
 
-double smallestPair(const Colours &colours, ColourJudge::Vision vision);
-double smallestPairOfAllVisions(const Colours &colours);
+double smallestPair(const Colors &colors, ColorJudge::Vision vision);
+double smallestPairOfAllVisions(const Colors &colors);
 /// How often L* changes its direction; reversals up to the slack do not count.
-int turns(const Colours &colours, ColourJudge::Vision vision, double slack);
-double lightnessRange(const Colours &colours, ColourJudge::Vision vision);
+int turns(const Colors &colors, ColorJudge::Vision vision, double slack);
+double lightnessRange(const Colors &colors, ColorJudge::Vision vision);
 /// How far apart the first and the last colour are, in L* and in CIEDE2000.
-double endsInLightness(const Colours &colours);
-double ends(const Colours &colours);
+double endsInLightness(const Colors &colors);
+double ends(const Colors &colors);
 
 /// The largest count up to which each number of classes, 3 and more, keeps every pair of classes
 /// apart: in normal vision, or in all four.

@@ -13,7 +13,7 @@
 
 #include <cstdio>
 
-using namespace ColourJudge;
+using namespace ColorJudge;
 using namespace SchemeFigures;
 using namespace VTObjects;
 
@@ -33,11 +33,11 @@ QByteArray fileContents(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QString perVision(const Colours &colours, int (*figure)(const Colours &, Vision))
+QString perVision(const Colors &colors, int (*figure)(const Colors &, Vision))
 {
     QStringList texts;
     for (const Vision vision : visions)
-        texts << QString::number(figure(colours, vision));
+        texts << QString::number(figure(colors, vision));
     return texts.join(QLatin1Char('/'));
 }
 
@@ -52,7 +52,7 @@ QVector<int> lengthsOf(const VOColorScheme &scheme)
 
 int turnsAt(const VOColorScheme &scheme, int length, Vision vision)
 {
-    return turns(coloursAt(scheme, length), vision, length == smoothLength ? rounding : 0.0);
+    return turns(colorsAt(scheme, length), vision, length == smoothLength ? rounding : 0.0);
 }
 
 /// What is wrong with the claim; empty if nothing is.
@@ -62,31 +62,31 @@ QString wrongInShape(const VOColorScheme &scheme, Type type)
         return QStringLiteral("%1 at %2 colours").arg(QLatin1String(what)).arg(length);
     };
     for (const int length : lengthsOf(scheme)) {
-        const Colours colours = coloursAt(scheme, length);
+        const Colors colors = colorsAt(scheme, length);
         if (type == Sequential) {
             for (const Vision vision : visions) {
                 if (turnsAt(scheme, length, vision) != 0)
                     return at("the lightness turns", length);
-                if (lightnessRange(colours, vision) < leastRange)
+                if (lightnessRange(colors, vision) < leastRange)
                     return at("the lightness has too small a range", length);
             }
         }
         if ((type == Diverging || type == TwoSided) && turnsAt(scheme, length, NormalVision) != 1)
             return at("the lightness does not turn once", length);
-        if (type == Diverging && endsInLightness(colours) > endsTogether)
+        if (type == Diverging && endsInLightness(colors) > endsTogether)
             return at("the ends differ in lightness", length);
-        if (type == Cyclic && ends(colours) > returned)
+        if (type == Cyclic && ends(colors) > returned)
             return at("the end is not the beginning", length);
     }
     return QString();
 }
 
-double distanceToOriginal(const VOColorScheme &scheme, const Colours &original)
+double distanceToOriginal(const VOColorScheme &scheme, const Colors &original)
 {
-    const Colours colours = coloursAt(scheme, static_cast<int>(original.size()));
+    const Colors colors = colorsAt(scheme, static_cast<int>(original.size()));
     double most = 0.0;
     for (size_t i = 0; i < original.size(); ++i)
-        most = std::max(most, difference(labSeenBy(NormalVision, colours[i]),
+        most = std::max(most, difference(labSeenBy(NormalVision, colors[i]),
                                          labSeenBy(NormalVision, original[i])));
     return most;
 }
@@ -103,12 +103,12 @@ private Q_SLOTS:
     void namesAreUniqueAndFitForFiles();
     void everyClaimHolds_data();
     void everyClaimHolds();
-    void fewColoursStayNearTheOriginal_data() { fittedSchemes(); }
-    void fewColoursStayNearTheOriginal();
+    void fewColorsStayNearTheOriginal_data() { fittedSchemes(); }
+    void fewColorsStayNearTheOriginal();
     void theShoreLiesInTheMiddle_data();
     void theShoreLiesInTheMiddle();
     void aNameThatSaysSafeIsSafe();
-    void storedColoursAreThoseOfTheirSeeds();
+    void storedColorsAreThoseOfTheirSeeds();
     void noTwoSchemesLookAlike();
     void theDocumentsTableIsTheComputedOne();
     void aDescriptionOffThePatternHasNoClaims_data();
@@ -119,7 +119,7 @@ private:
     QString tableRow(const QString &group, const VOColorScheme &scheme) const;
 
     VOColorSchemeTeam team;
-    QHash<QString, Colours> originals;
+    QHash<QString, Colors> originals;
 };
 
 void tst_builtInSchemes::initTestCase()
@@ -128,15 +128,14 @@ void tst_builtInSchemes::initTestCase()
     const QString path = QFINDTESTDATA("originals.json");
     const QJsonObject tables = QJsonDocument::fromJson(fileContents(path)).object();
     for (const QString &name : tables.keys()) {
-        Colours colours;
+        Colors colors;
         for (const QJsonValue &row : tables.value(name).toArray()) {
             for (const QString &word : row.toString().split(QLatin1Char(' '))) {
                 const uint bits = word.toUInt(nullptr, 16);
-                colours.push_back(
-                    {double(bits >> 16), double(bits >> 8 & 255), double(bits & 255)});
+                colors.push_back({double(bits >> 16), double(bits >> 8 & 255), double(bits & 255)});
             }
         }
-        originals.insert(name, colours);
+        originals.insert(name, colors);
     }
 }
 
@@ -214,7 +213,7 @@ void tst_builtInSchemes::everyClaimHolds()
 
     if (claims->type == Qualitative) {
         QCOMPARE(claims->classes, static_cast<int>(scheme.colorRamp->getLevel()));
-        const double pair = smallestPair(coloursOf(scheme), NormalVision);
+        const double pair = smallestPair(colorsOf(scheme), NormalVision);
         QVERIFY2(pair >= distinctEnough, qPrintable(QString::number(pair)));
     } else {
         const int apart = classesApart(scheme, claims->type, apartEnough, false);
@@ -247,14 +246,14 @@ void tst_builtInSchemes::fittedSchemes()
     }
 }
 
-void tst_builtInSchemes::fewColoursStayNearTheOriginal()
+void tst_builtInSchemes::fewColorsStayNearTheOriginal()
 {
     QFETCH(int, group);
     QFETCH(int, index);
     const VOColorScheme &scheme =
         team.groups[static_cast<size_t>(group)].schemes[static_cast<size_t>(index)];
     const auto claims = claimsOf(toQString(scheme.describe));
-    const Colours original = originals.value(toQString(scheme.name));
+    const Colors original = originals.value(toQString(scheme.name));
     QVERIFY(original.size() >= 100);
     auto *ramp = dynamic_cast<VOEvenColorRamp *>(scheme.colorRamp);
     QVERIFY(ramp);
@@ -279,19 +278,19 @@ void tst_builtInSchemes::theShoreLiesInTheMiddle_data()
 void tst_builtInSchemes::theShoreLiesInTheMiddle()
 {
     QFETCH(int, index);
-    const Colours colours = coloursOf(team.groups.front().schemes[static_cast<size_t>(index)]);
-    QCOMPARE(colours.size() % 2, size_t(0));
+    const Colors colors = colorsOf(team.groups.front().schemes[static_cast<size_t>(index)]);
+    QCOMPARE(colors.size() % 2, size_t(0));
     size_t widest = 0;
     double widestStep = 0.0;
-    for (size_t i = 1; i < colours.size(); ++i) {
-        const double step = difference(labSeenBy(NormalVision, colours[i - 1]),
-                                       labSeenBy(NormalVision, colours[i]));
+    for (size_t i = 1; i < colors.size(); ++i) {
+        const double step =
+            difference(labSeenBy(NormalVision, colors[i - 1]), labSeenBy(NormalVision, colors[i]));
         if (step > widestStep) {
             widestStep = step;
             widest = i;
         }
     }
-    QCOMPARE(widest, colours.size() / 2);
+    QCOMPARE(widest, colors.size() / 2);
 }
 
 void tst_builtInSchemes::aNameThatSaysSafeIsSafe()
@@ -303,13 +302,13 @@ void tst_builtInSchemes::aNameThatSaysSafeIsSafe()
             if (!name.contains(QLatin1String("safe"), Qt::CaseInsensitive))
                 continue;
             ++found;
-            QVERIFY2(smallestPairOfAllVisions(coloursOf(scheme)) >= apartEnough, qPrintable(name));
+            QVERIFY2(smallestPairOfAllVisions(colorsOf(scheme)) >= apartEnough, qPrintable(name));
         }
     }
     QVERIFY(found > 0);
 }
 
-void tst_builtInSchemes::storedColoursAreThoseOfTheirSeeds()
+void tst_builtInSchemes::storedColorsAreThoseOfTheirSeeds()
 {
     const VOColorSchemeGroup &group = team.groups.back();
     const QByteArray json = fileContents(QStringLiteral(":/vomap/schemes/Random.json"));
@@ -321,15 +320,14 @@ void tst_builtInSchemes::storedColoursAreThoseOfTheirSeeds()
     for (int i = 0; i < stored.size(); ++i) {
         const VOColorScheme &scheme = group.schemes[static_cast<size_t>(i)];
         QStringList words{toQString(scheme.name)};
-        for (const QJsonValue &colour :
+        for (const QJsonValue &color :
              stored.at(i).toObject().value(QLatin1String("colours")).toArray())
-            words << colour.toString();
+            words << color.toString();
         rows << words.join(QLatin1Char('|'));
         words = QStringList{toQString(scheme.name)};
-        for (const Triple &colour :
-             coloursAt(scheme, static_cast<int>(scheme.colorRamp->getLevel())))
-            words << QString::asprintf("#%02x%02x%02x", int(colour[0]), int(colour[1]),
-                                       int(colour[2]));
+        for (const Triple &color : colorsAt(scheme, static_cast<int>(scheme.colorRamp->getLevel())))
+            words << QString::asprintf("#%02x%02x%02x", int(color[0]), int(color[1]),
+                                       int(color[2]));
         generatedRows << words.join(QLatin1Char('|'));
         std::puts(qPrintable(generatedRows.last()));
     }
@@ -339,20 +337,20 @@ void tst_builtInSchemes::storedColoursAreThoseOfTheirSeeds()
 void tst_builtInSchemes::noTwoSchemesLookAlike()
 {
     constexpr int samples = 9;
-    QVector<QPair<QString, Colours>> seen;
+    QVector<QPair<QString, Colors>> seen;
     for (const VOColorSchemeGroup &group : team.groups) {
         for (const VOColorScheme &scheme : group.schemes) {
-            Colours colours = coloursAt(scheme, samples);
-            for (Triple &colour : colours)
-                colour = labSeenBy(NormalVision, colour);
+            Colors colors = colorsAt(scheme, samples);
+            for (Triple &color : colors)
+                color = labSeenBy(NormalVision, color);
             for (const auto &other : seen) {
                 double most = 0.0;
                 for (size_t i = 0; i < samples && most < alike; ++i)
-                    most = std::max(most, difference(colours[i], other.second[i]));
+                    most = std::max(most, difference(colors[i], other.second[i]));
                 QVERIFY2(most >= alike, qPrintable(toQString(scheme.name) +
                                                    QStringLiteral(" and ") + other.first));
             }
-            seen.append(qMakePair(toQString(scheme.name), colours));
+            seen.append(qMakePair(toQString(scheme.name), colors));
         }
     }
 }
@@ -362,33 +360,33 @@ QString tst_builtInSchemes::tableRow(const QString &group, const VOColorScheme &
     const auto claims = claimsOf(toQString(scheme.describe));
     if (!claims)
         return QString();
-    const Colours colours = coloursOf(scheme);
+    const Colors colors = colorsOf(scheme);
     const bool isSet = claims->type == Qualitative;
     double range = INFINITY;
     for (const Vision vision : visions)
-        range = std::min(range, lightnessRange(colours, vision));
+        range = std::min(range, lightnessRange(colors, vision));
     // Pairs are those of the classes claimed: all, and the safe ones.
     const auto classesOf = [&](int count) {
-        Colours classes = isSet                    ? colours
-                          : claims->type == Cyclic ? coloursAt(scheme, count + 1)
-                                                   : coloursAt(scheme, count);
+        Colors classes = isSet                    ? colors
+                         : claims->type == Cyclic ? colorsAt(scheme, count + 1)
+                                                  : colorsAt(scheme, count);
         classes.resize(static_cast<size_t>(count));
         return classes;
     };
     const auto number = [](double value) { return QString::number(value, 'f', 1); };
     QStringList cells{group, toQString(scheme.name), claims->typeName,
-                      QString::number(colours.size())};
+                      QString::number(colors.size())};
     cells << QString::number(claims->classes)
           << number(smallestPair(classesOf(claims->classes), NormalVision));
     cells << (claims->safe > 0 ? QString::number(claims->safe) : QStringLiteral("no"))
           << number(smallestPairOfAllVisions(
                  classesOf(claims->safe > 0 ? claims->safe : claims->classes)));
     cells << (isSet ? QStringLiteral("-")
-                    : perVision(colours, [](const Colours &list, Vision vision) {
+                    : perVision(colors, [](const Colors &list, Vision vision) {
                           return turns(list, vision, 0.0);
                       }));
     cells << (isSet ? QStringLiteral("-") : number(range));
-    cells << (isSet ? QStringLiteral("-") : number(endsInLightness(colours)));
+    cells << (isSet ? QStringLiteral("-") : number(endsInLightness(colors)));
     const QString name = toQString(scheme.name);
     cells << (claims->sources > 0 ? number(distanceToOriginal(scheme, originals.value(name)))
                                   : QStringLiteral("-"));

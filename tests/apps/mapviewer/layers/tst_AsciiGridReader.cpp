@@ -14,7 +14,7 @@ private Q_SLOTS:
     void readsCellsFromTheNorthWest();
     void readsEveryFormOfHeader_data();
     void readsEveryFormOfHeader();
-    void centreMeansHalfACellFurther();
+    void centerMeansHalfACellFurther();
     void noDataBecomesNaN();
     void withoutTheKeyNoDataIsMinus9999();
     void valuesMayBeWrappedAnywhere();
@@ -69,7 +69,7 @@ void tst_AsciiGridReader::readsEveryFormOfHeader()
     QCOMPARE(grid->at(0, 1), 8.0F);
 }
 
-void tst_AsciiGridReader::centreMeansHalfACellFurther()
+void tst_AsciiGridReader::centerMeansHalfACellFurther()
 {
     FileProblem problem;
     const auto grid =
@@ -132,7 +132,7 @@ void tst_AsciiGridReader::refusesWithTheLine_data()
                                << "lacks \"xllcorner\"";
     QTest::newRow("y missing") << size + "xllcorner 2\ncellsize 5\n" + end << 5
                                << "lacks \"yllcorner\"";
-    QTest::newRow("corner and centre")
+    QTest::newRow("corner and center")
         << size + place + "xllcenter 12\ncellsize 5\n" + end << 5 << "exclude one another";
     QTest::newRow("mixed axes") << size + "xllcorner 10\nyllcenter 20\ncellsize 5\n" + end << 4
                                 << "One axis";

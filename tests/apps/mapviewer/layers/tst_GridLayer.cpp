@@ -16,22 +16,22 @@ class tst_GridLayer : public QObject
 
 private Q_SLOTS:
     void continuousRampRunsFromSmallestToGreatest();
-    void anotherRampRecoloursAtOnce();
+    void anotherRampRecolorsAtOnce();
     void theLayerKeepsNoPointerToTheRamp();
-    void withoutARampAllIsGrey();
+    void withoutARampAllIsGray();
     void cellsWithoutValueAreTransparent();
     void zeroInTheMiddleSplitsTheRamp();
     void theShoreIsSharp();
     void onlyAGridAcrossZeroHasItInTheMiddle();
-    void equalIntervalsColourClasses();
-    void quantilesColourClasses();
+    void equalIntervalsColorClasses();
+    void quantilesColorClasses();
     void classCountIsCut();
     void uniqueValuesAreNotForGrids();
     void hillShadingKeepsFlatGroundAndDarkensSlopes();
     void continuousLegendHasRoundNumbers();
     void classLegendHasTheHighestClassOnTop();
     void aGridWithoutValuesSaysSo();
-    void readingGivesValueUnitAndLegendColour();
+    void readingGivesValueUnitAndLegendColor();
     void paintsEachCellWhereItLies();
     void paintsTheSeenPartWhenFarIn();
     void aCoastRunsWhereTheHeightIsZero();
@@ -65,7 +65,7 @@ void tst_GridLayer::continuousRampRunsFromSmallestToGreatest()
     QVERIFY(qAbs(qRed(colors.at(1)) - 255) <= 1 && qAbs(qBlue(colors.at(1)) - 255) <= 1);
 }
 
-void tst_GridLayer::anotherRampRecoloursAtOnce()
+void tst_GridLayer::anotherRampRecolorsAtOnce()
 {
     GridLayer layer("g", gridOf(2, 1, {0, 1}), {});
     layer.setRamp(rampOf({Red, White}).get());
@@ -85,7 +85,7 @@ void tst_GridLayer::theLayerKeepsNoPointerToTheRamp()
     QCOMPARE(row(layer), QVector<QRgb>({Red, White}));
 }
 
-void tst_GridLayer::withoutARampAllIsGrey()
+void tst_GridLayer::withoutARampAllIsGray()
 {
     GridLayer layer("g", gridOf(2, 1, {0, 1}), {});
     QCOMPARE(row(layer), QVector<QRgb>({NoValueColor, NoValueColor}));
@@ -143,7 +143,7 @@ void tst_GridLayer::onlyAGridAcrossZeroHasItInTheMiddle()
     QVERIFY(!layer.zeroInMiddle());
 }
 
-void tst_GridLayer::equalIntervalsColourClasses()
+void tst_GridLayer::equalIntervalsColorClasses()
 {
     GridLayer layer("g", gridOf(4, 1, {0, 1, 2, 10}), {});
     layer.setRamp(rampOf({Red, White}).get());
@@ -152,7 +152,7 @@ void tst_GridLayer::equalIntervalsColourClasses()
     QCOMPARE(row(layer), QVector<QRgb>({Red, Red, Red, White}));
 }
 
-void tst_GridLayer::quantilesColourClasses()
+void tst_GridLayer::quantilesColorClasses()
 {
     GridLayer layer("g", gridOf(4, 1, {0, 1, 2, 10}), {});
     layer.setRamp(rampOf({Red, White}).get());
@@ -236,7 +236,7 @@ void tst_GridLayer::aGridWithoutValuesSaysSo()
     QCOMPARE(row(layer), QVector<QRgb>(2, qRgba(0, 0, 0, 0)));
 }
 
-void tst_GridLayer::readingGivesValueUnitAndLegendColour()
+void tst_GridLayer::readingGivesValueUnitAndLegendColor()
 {
     GridLayer layer("g", gridOf(2, 1, {0, 1204}), "m");
     layer.setRamp(rampOf({Red, White}).get());

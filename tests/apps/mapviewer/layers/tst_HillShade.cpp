@@ -15,11 +15,11 @@ private Q_SLOTS:
     void flatGroundHasTheSineOfTheAltitude();
     void aPlaneMatchesTheHandComputedCosine_data();
     void aPlaneMatchesTheHandComputedCosine();
-    void slopesWeighTheEightNeighbours();
+    void slopesWeighTheEightNeighbors();
     void exaggerationMultipliesTheSlope();
     void groundTurnedAwayIsBlack();
     void cellsWithoutValueHaveNoShade();
-    void aNeighbourWithoutValueCountsAsLevel();
+    void aNeighborWithoutValueCountsAsLevel();
     void edgesCountAsLevel();
     void degreesBecomeMetres();
     void exaggerationMakesTheMeanSlopeFifteenDegrees();
@@ -77,7 +77,7 @@ void tst_HillShade::aPlaneMatchesTheHandComputedCosine()
     QVERIFY(std::abs(shade(northward, {azimuth - 90.0, 45.0, 1.0}) - cosine) < 1e-5);
 }
 
-void tst_HillShade::slopesWeighTheEightNeighbours()
+void tst_HillShade::slopesWeighTheEightNeighbors()
 {
     // Only the eastern neighbour is higher, by 4: slope 2 * 4 / 8 = 1. Only a corner: 4 / 8 both
     // ways.
@@ -106,7 +106,7 @@ void tst_HillShade::cellsWithoutValueHaveNoShade()
     QVERIFY(!std::isnan(shades[3]));
 }
 
-void tst_HillShade::aNeighbourWithoutValueCountsAsLevel()
+void tst_HillShade::aNeighborWithoutValueCountsAsLevel()
 {
     const HillShadeLight west{270.0, 45.0, 1.0};
     QCOMPARE(shade(grid3x3({0, 0, 0, 0, 0, None, 0, 0, 0}), west),

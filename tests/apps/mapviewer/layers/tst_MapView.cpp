@@ -18,7 +18,7 @@ private Q_SLOTS:
     void zoomKeepsThePlaceUnderThePointer();
     void panFollowsTheDrag();
     void theStandardParallelMovesIn();
-    void anotherTargetKeepsCentreAndScale();
+    void anotherTargetKeepsCenterAndScale();
 };
 
 static bool near(const QPointF &a, const QPointF &b, double slack)
@@ -79,7 +79,7 @@ void tst_MapView::panFollowsTheDrag()
 {
     MapView view = MapView::fitted(QRectF(0, 0, 100, 100), QRectF(0, 0, 200, 200), false, 0);
     view.pan(QPointF(20, 10));
-    QCOMPARE(view.centre(), QPointF(40, 55));
+    QCOMPARE(view.center(), QPointF(40, 55));
 }
 
 void tst_MapView::theStandardParallelMovesIn()
@@ -95,11 +95,11 @@ void tst_MapView::theStandardParallelMovesIn()
     QCOMPARE(plane.scaleX(), plane.scale());
 }
 
-void tst_MapView::anotherTargetKeepsCentreAndScale()
+void tst_MapView::anotherTargetKeepsCenterAndScale()
 {
     MapView view = MapView::fitted(QRectF(0, 0, 100, 100), QRectF(0, 0, 200, 200), false, 0);
     view.setTarget(QRectF(0, 0, 400, 300));
-    QCOMPARE(view.centre(), QPointF(50, 50));
+    QCOMPARE(view.center(), QPointF(50, 50));
     QCOMPARE(view.scale(), 2.0);
     QCOMPARE(view.toScreen(QPointF(50, 50)), QPointF(200, 150));
 }

@@ -13,16 +13,16 @@ class tst_PolygonLayer : public QObject
 
 private Q_SLOTS:
     void startsWithUniqueNames();
-    void uniqueValuesTakeOneColourEach();
+    void uniqueValuesTakeOneColorEach();
     void quantilesOfANumber();
     void equalIntervalsOfANumber();
     void aTextHasOnlyUniqueValues();
-    void featuresWithoutNumberAreGrey();
+    void featuresWithoutNumberAreGray();
     void legendCountsItsMembers();
     void longLegendsAreCut();
     void readingNamesTheFeature();
     void paintsFillsAndHoles();
-    void aFileWithoutAttributesIsGrey();
+    void aFileWithoutAttributesIsGray();
 };
 
 static const QRgb White = qRgb(255, 255, 255);
@@ -59,7 +59,7 @@ void tst_PolygonLayer::startsWithUniqueNames()
     QCOMPARE(layer.fieldNames(), QStringList({"Name", "kind", "n"}));
 }
 
-void tst_PolygonLayer::uniqueValuesTakeOneColourEach()
+void tst_PolygonLayer::uniqueValuesTakeOneColorEach()
 {
     PolygonLayer layer("p", squares());
     layer.setRamp(rampOf({Red, Blue}).get());
@@ -102,7 +102,7 @@ void tst_PolygonLayer::aTextHasOnlyUniqueValues()
     QCOMPARE(layer.grading(), Grading::UniqueValues);
 }
 
-void tst_PolygonLayer::featuresWithoutNumberAreGrey()
+void tst_PolygonLayer::featuresWithoutNumberAreGray()
 {
     PolygonLayer layer("p", squares());
     layer.setRamp(rampOf({Red, Blue}).get());
@@ -180,7 +180,7 @@ void tst_PolygonLayer::paintsFillsAndHoles()
     QVERIFY(qGreen(image.pixel(199, 50)) > 60 || qGreen(image.pixel(200, 50)) > 60);
 }
 
-void tst_PolygonLayer::aFileWithoutAttributesIsGrey()
+void tst_PolygonLayer::aFileWithoutAttributesIsGray()
 {
     PolygonSet set;
     set.features.push_back(squareOf({0, 0, 1, 1}, {}));

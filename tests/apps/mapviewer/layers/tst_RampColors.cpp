@@ -15,14 +15,14 @@ class tst_RampColors : public QObject
 
 private Q_SLOTS:
     void componentsAreTruncated();
-    void nullAndEmptyRampsHaveNoColours();
+    void nullAndEmptyRampsHaveNoColors();
     void classesSpreadOverTheRamp();
-    void asManyClassesAsColoursTakeThemExactly();
+    void asManyClassesAsColorsTakeThemExactly();
     void oneClassTakesTheMiddle();
-    void aRandomRampGivesItsColoursOneByOne();
-    void uniqueColoursBeginAnew();
+    void aRandomRampGivesItsColorsOneByOne();
+    void uniqueColorsBeginAnew();
     void aRandomRampIsAskedForMore();
-    void colorAlongMixesNeighbours();
+    void colorAlongMixesNeighbors();
 };
 
 static const QRgb Black = qRgb(0, 0, 0);
@@ -36,7 +36,7 @@ void tst_RampColors::componentsAreTruncated()
     QCOMPARE(rampColors(&ramp), QVector<QRgb>({qRgb(254, 0, 100)}));
 }
 
-void tst_RampColors::nullAndEmptyRampsHaveNoColours()
+void tst_RampColors::nullAndEmptyRampsHaveNoColors()
 {
     VOEvenColorRamp empty;
     for (VOColorRamp *ramp :
@@ -56,7 +56,7 @@ void tst_RampColors::classesSpreadOverTheRamp()
     QVERIFY(classColors(five.get(), 0).isEmpty());
 }
 
-void tst_RampColors::asManyClassesAsColoursTakeThemExactly()
+void tst_RampColors::asManyClassesAsColorsTakeThemExactly()
 {
     const auto ramp = rampOf({White, Red, Black});
     QCOMPARE(classColors(ramp.get(), 3), rampColors(ramp.get()));
@@ -68,7 +68,7 @@ void tst_RampColors::oneClassTakesTheMiddle()
     QCOMPARE(classColors(ramp.get(), 1), QVector<QRgb>({Red}));
 }
 
-void tst_RampColors::aRandomRampGivesItsColoursOneByOne()
+void tst_RampColors::aRandomRampGivesItsColorsOneByOne()
 {
     VORandomColorRamp ramp;
     ramp.setSeed(7);
@@ -76,7 +76,7 @@ void tst_RampColors::aRandomRampGivesItsColoursOneByOne()
     QCOMPARE(classColors(&ramp, 3), rampColors(&ramp).mid(0, 3));
 }
 
-void tst_RampColors::uniqueColoursBeginAnew()
+void tst_RampColors::uniqueColorsBeginAnew()
 {
     const auto ramp = rampOf({Red, White});
     QCOMPARE(uniqueColors(ramp.get(), 5), QVector<QRgb>({Red, White, Red, White, Red}));
@@ -101,7 +101,7 @@ void tst_RampColors::aRandomRampIsAskedForMore()
     QCOMPARE(ramp.getLevel(), 2U);
 }
 
-void tst_RampColors::colorAlongMixesNeighbours()
+void tst_RampColors::colorAlongMixesNeighbors()
 {
     const QVector<QRgb> colors = {Black, Red, White};
     QCOMPARE(colorAlong(colors, 0.0), Black);

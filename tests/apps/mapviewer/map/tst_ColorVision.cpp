@@ -9,10 +9,10 @@ class tst_ColorVision : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void greysStayGreys_data();
-    void greysStayGreys();
-    void knownColoursBecomeKnownColours_data();
-    void knownColoursBecomeKnownColours();
+    void graysStayGrays_data();
+    void graysStayGrays();
+    void knownColorsBecomeKnownColors_data();
+    void knownColorsBecomeKnownColors();
     void redAndGreenLoseTheirDifferenceForDeutans();
     void normalVisionChangesNothing();
     void alphaStays();
@@ -25,15 +25,15 @@ static void addVisions()
     QTest::newRow("protan") << int(ColorVision::Protan);
     QTest::newRow("deutan") << int(ColorVision::Deutan);
     QTest::newRow("tritan") << int(ColorVision::Tritan);
-    QTest::newRow("grey") << int(ColorVision::Grey);
+    QTest::newRow("gray") << int(ColorVision::Gray);
 }
 
-void tst_ColorVision::greysStayGreys_data()
+void tst_ColorVision::graysStayGrays_data()
 {
     addVisions();
 }
 
-void tst_ColorVision::greysStayGreys()
+void tst_ColorVision::graysStayGrays()
 {
     QFETCH(int, vision);
     for (const int level : {0, 1, 50, 128, 200, 255}) {
@@ -45,7 +45,7 @@ void tst_ColorVision::greysStayGreys()
     }
 }
 
-void tst_ColorVision::knownColoursBecomeKnownColours_data()
+void tst_ColorVision::knownColorsBecomeKnownColors_data()
 {
     QTest::addColumn<QRgb>("color");
     QTest::addColumn<int>("vision");
@@ -55,12 +55,12 @@ void tst_ColorVision::knownColoursBecomeKnownColours_data()
     QTest::newRow("red, deutan") << qRgb(255, 0, 0) << int(ColorVision::Deutan)
                                  << qRgb(163, 144, 0);
     QTest::newRow("red, tritan") << qRgb(255, 0, 0) << int(ColorVision::Tritan) << qRgb(255, 0, 15);
-    QTest::newRow("red, grey") << qRgb(255, 0, 0) << int(ColorVision::Grey) << qRgb(127, 127, 127);
-    QTest::newRow("green, grey") << qRgb(0, 255, 0) << int(ColorVision::Grey)
+    QTest::newRow("red, gray") << qRgb(255, 0, 0) << int(ColorVision::Gray) << qRgb(127, 127, 127);
+    QTest::newRow("green, gray") << qRgb(0, 255, 0) << int(ColorVision::Gray)
                                  << qRgb(220, 220, 220);
 }
 
-void tst_ColorVision::knownColoursBecomeKnownColours()
+void tst_ColorVision::knownColorsBecomeKnownColors()
 {
     QFETCH(QRgb, color);
     QFETCH(int, vision);

@@ -210,7 +210,7 @@ void tst_MapRenderer::pictureCanBeSeenWithOtherEyes()
     PictureSettings settings;
     settings.size = QSize(600, 400);
     settings.pixelRatio = 1.0;
-    settings.vision = ColorVision::Grey;
+    settings.vision = ColorVision::Gray;
     const QImage image = mapPicture(layers, worldView(), style, settings);
     for (int y = 0; y < image.height(); y += 3) {
         for (int x = 0; x < image.width(); x += 3) {
@@ -219,7 +219,7 @@ void tst_MapRenderer::pictureCanBeSeenWithOtherEyes()
         }
     }
     QVERIFY(visionRemark(ColorVision::Normal).isEmpty());
-    QVERIFY(!visionRemark(ColorVision::Grey).isEmpty());
+    QVERIFY(!visionRemark(ColorVision::Gray).isEmpty());
 }
 
 void tst_MapRenderer::graticuleStepsStandApart()

@@ -43,7 +43,7 @@ private Q_SLOTS:
     void aMissingFileIsRefused();
     void removedLayersLeaveTheMap();
     void hiddenLayersLeaveTheMap();
-    void thePointerReadsValueAndColour();
+    void thePointerReadsValueAndColor();
     void aClickOnAnInsetGoesThere();
     void wheelAndKeysZoom();
     void aDragMovesTheMap();
@@ -181,7 +181,7 @@ void tst_MapWindow::hiddenLayersLeaveTheMap()
     QCOMPARE(pixelAt(Outback.x(), Outback.y()), window->map()->mapStyle().water.rgb());
 }
 
-void tst_MapWindow::thePointerReadsValueAndColour()
+void tst_MapWindow::thePointerReadsValueAndColor()
 {
     auto *value = window->findChild<QLabel *>("value");
     auto *position = window->findChild<QLabel *>("position");
@@ -244,7 +244,7 @@ void tst_MapWindow::aDragMovesTheMap()
     MapWidget *map = window->map();
     const QPoint from(500, 150);
     const QPoint to(420, 190);
-    const QPointF centre = map->view().centre();
+    const QPointF center = map->view().center();
     const double scale = map->view().scale();
     QTest::mousePress(map, Qt::LeftButton, Qt::NoModifier, from);
     QMouseEvent move(QEvent::MouseMove, to, map->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
@@ -252,8 +252,8 @@ void tst_MapWindow::aDragMovesTheMap()
     QApplication::sendEvent(map, &move);
     QTest::mouseRelease(map, Qt::LeftButton, Qt::NoModifier, to);
     QCOMPARE(map->view().scale(), scale);
-    QVERIFY(map->view().centre().x() > centre.x());
-    QVERIFY(std::abs(map->view().centre().y() - (centre.y() + 40.0 / scale)) < 1e-6);
+    QVERIFY(map->view().center().x() > center.x());
+    QVERIFY(std::abs(map->view().center().y() - (center.y() + 40.0 / scale)) < 1e-6);
 }
 
 void tst_MapWindow::darkThemeReachesTheMapAndComesBack()
@@ -271,19 +271,19 @@ void tst_MapWindow::darkThemeReachesTheMapAndComesBack()
 
 void tst_MapWindow::simulatedVisionReachesEverything()
 {
-    window->setVision(ColorVision::Grey);
-    const QImage grey = window->centralWidget()->grab().toImage();
-    for (int y = 0; y < grey.height(); y += 5) {
-        for (int x = 0; x < grey.width(); x += 5) {
-            const QRgb pixel = grey.pixel(x, y);
+    window->setVision(ColorVision::Gray);
+    const QImage gray = window->centralWidget()->grab().toImage();
+    for (int y = 0; y < gray.height(); y += 5) {
+        for (int x = 0; x < gray.width(); x += 5) {
+            const QRgb pixel = gray.pixel(x, y);
             QVERIFY(qRed(pixel) == qGreen(pixel) && qGreen(pixel) == qBlue(pixel));
         }
     }
-    QVERIFY(window->windowTitle().contains("grey vision"));
+    QVERIFY(window->windowTitle().contains("gray vision"));
     window->setVision(ColorVision::Normal);
     QVERIFY(!window->windowTitle().contains("vision"));
     const QImage normal = window->centralWidget()->grab().toImage();
-    QVERIFY(normal != grey);
+    QVERIFY(normal != gray);
 }
 
 void tst_MapWindow::theMapIsExported()

@@ -30,8 +30,8 @@ private Q_SLOTS:
     void init() { setUp(); }
     void cleanup() { tearDown(); }
 
-    void aPickedSchemeRecoloursMapAndLegend();
-    void aSchemeChosenInTheDropDownRecoloursTheMap();
+    void aPickedSchemeRecolorsMapAndLegend();
+    void aSchemeChosenInTheDropDownRecolorsTheMap();
     void settersOfThePickerAloneChangeNothing();
     void theChosenSchemeComesBack();
     void aSchemeThatIsGoneIsReplacedByADefault();
@@ -39,7 +39,7 @@ private Q_SLOTS:
     void aNumberAfterATextIsShownInRanges();
     void anotherStoreIsTaken();
     void theManagerOpensAndLayersFollowTheStore();
-    void aLayerKeepsItsColoursWhenItsSchemeIsGone();
+    void aLayerKeepsItsColorsWhenItsSchemeIsGone();
     void editingABuiltInSchemeMakesACopyOfIt();
     void cancelledEditingLeavesNoCopy_data();
     void cancelledEditingLeavesNoCopy();
@@ -57,7 +57,7 @@ static std::vector<VOColorSchemeGroup> &customGroups()
     return VOColorSchemeManager::instance()->customTeam.groups;
 }
 
-void tst_mapWindowSchemes::aPickedSchemeRecoloursMapAndLegend()
+void tst_mapWindowSchemes::aPickedSchemeRecolorsMapAndLegend()
 {
     LayerCard *countries = card("Countries");
     const VOColorSchemeTeam &team = VOColorSchemeManager::instance()->defaultTeam;
@@ -74,7 +74,7 @@ void tst_mapWindowSchemes::aPickedSchemeRecoloursMapAndLegend()
     }
 }
 
-void tst_mapWindowSchemes::aSchemeChosenInTheDropDownRecoloursTheMap()
+void tst_mapWindowSchemes::aSchemeChosenInTheDropDownRecolorsTheMap()
 {
     LayerCard *countries = card("Countries");
     pick(countries, "Range", 0);
@@ -192,7 +192,7 @@ void tst_mapWindowSchemes::theManagerOpensAndLayersFollowTheStore()
     QCOMPARE(pixelAt(Outback.x(), Outback.y()), qRgb(4, 5, 6));
 }
 
-void tst_mapWindowSchemes::aLayerKeepsItsColoursWhenItsSchemeIsGone()
+void tst_mapWindowSchemes::aLayerKeepsItsColorsWhenItsSchemeIsGone()
 {
     customGroups() = {makeGroup("Mine", {"one"})};
     customGroups()[0].schemes[0].colorRamp->setColor(9, rgb_color<float>(1.0F, 2.0F, 3.0F));

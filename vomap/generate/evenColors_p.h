@@ -13,7 +13,7 @@ namespace VTObjects {
 /// "A perceptual color space for image processing", 2020, and "Okhsv and Okhsl", 2021). A place
 /// on a source gets exactly that source; every other colour has whole components. All in whole
 /// numbers, so the same everywhere.
-void fillWithEvenColours(const rgb_color<float> *sources, std::size_t sourceCount,
-                         rgb_color<float> *colours, std::size_t count);
+void fillWithEvenColors(const rgb_color<float> *sources, std::size_t sourceCount,
+                        rgb_color<float> *colors, std::size_t count);
 
 } // namespace VTObjects

@@ -1,9 +1,9 @@
-#include "tests/support/ColourJudge.h"
+#include "tests/support/ColorJudge.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace ColourJudge {
+namespace ColorJudge {
 namespace {
 
 using Matrix = std::array<Triple, 3>;
@@ -128,10 +128,10 @@ double difference(const Triple &lab1, const Triple &lab2)
     const double h1 = hueDegrees(a1, lab1[2]);
     const double h2 = hueDegrees(a2, lab2[2]);
 
-    const bool grey = c1 * c2 == 0.0;
+    const bool gray = c1 * c2 == 0.0;
     double hueStep = 0.0;
     double meanH = h1 + h2;
-    if (!grey) {
+    if (!gray) {
         hueStep = h2 - h1;
         if (hueStep > 180.0)
             hueStep -= 360.0;
@@ -166,4 +166,4 @@ double difference(const Triple &lab1, const Triple &lab2)
     return std::sqrt(l * l + c * c + h * h + rT * c * h);
 }
 
-} // namespace ColourJudge
+} // namespace ColorJudge

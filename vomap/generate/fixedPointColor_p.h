@@ -7,7 +7,7 @@
 ///
 /// Everything here is a published method in fixed point; docs/colour-generation.md lists sources
 /// and the accuracy, and the tests compare each function with double precision.
-namespace VTObjects::FixedPointColour {
+namespace VTObjects::FixedPointColor {
 
 /// A colour of sRGB with whole components, as screens and widgets show it.
 struct Rgb8
@@ -24,9 +24,9 @@ struct Rgb8
 };
 
 /// The 24 bits 0xRRGGBB.
-constexpr std::uint32_t packed(Rgb8 colour)
+constexpr std::uint32_t packed(Rgb8 color)
 {
-    return std::uint32_t(colour.red) << 16 | std::uint32_t(colour.green) << 8 | colour.blue;
+    return std::uint32_t(color.red) << 16 | std::uint32_t(color.green) << 8 | color.blue;
 }
 
 constexpr Rgb8 unpacked(std::uint32_t bits)
@@ -83,7 +83,7 @@ std::int64_t linearOfHalves(int twice);
 /// Linear light, 0 to linearOne, of a component from 0 to 255.
 std::int64_t linearOf(std::uint8_t component);
 
-Lab labSeenBy(Vision vision, Rgb8 colour);
+Lab labSeenBy(Vision vision, Rgb8 color);
 Din99o din99oOf(Lab lab);
 Appearance appearanceOf(Lab lab);
 
@@ -91,4 +91,4 @@ Appearance appearanceOf(Lab lab);
 /// than there, each colour's a* is stretched by its own chroma and not by the mean of both.
 std::int64_t squaredDifference(const Appearance &first, const Appearance &second);
 
-} // namespace VTObjects::FixedPointColour
+} // namespace VTObjects::FixedPointColor

@@ -1,6 +1,6 @@
-#include "vomap/generate/hsvColours_p.h"
+#include "vomap/generate/hsvColors_p.h"
 
-#include "vomap/generate/FarthestColours_p.h"
+#include "vomap/generate/FarthestColors_p.h"
 #include "vomap/generate/randomBits_p.h"
 
 #include <algorithm>
@@ -10,13 +10,13 @@
 
 namespace VTObjects {
 
-using namespace FixedPointColour;
+using namespace FixedPointColor;
 
 namespace {
 
-constexpr std::size_t allColours = std::size_t(1) << 24;
+constexpr std::size_t allColors = std::size_t(1) << 24;
 constexpr int candidates = 2048;
-constexpr std::size_t chosenColours = 1024;
+constexpr std::size_t chosenColors = 1024;
 // With so many rounded colours exactly inside, those that are inside before rounding only are
 // not wanted.
 constexpr int enough = 256;
@@ -45,8 +45,8 @@ private:
     // Stretched by a sixteenth at both ends and cut: the far colours lie on the box's faces.
     static std::uint32_t reachingEnds(std::uint32_t fraction)
     {
-        const std::int64_t centred = std::int64_t(fraction) - (std::int64_t(1) << 31);
-        const std::int64_t stretched = centred + centred / 8 + (std::int64_t(1) << 31);
+        const std::int64_t centered = std::int64_t(fraction) - (std::int64_t(1) << 31);
+        const std::int64_t stretched = centered + centered / 8 + (std::int64_t(1) << 31);
         return static_cast<std::uint32_t>(
             std::clamp<std::int64_t>(stretched, 0, (std::int64_t(1) << 32) - 1));
     }
@@ -56,7 +56,7 @@ private:
     std::uint32_t v;
 };
 
-FarthestColours::Rule ruleFor(std::size_t taken)
+FarthestColors::Rule ruleFor(std::size_t taken)
 {
     if (taken < 20)
         return {52, 16};
@@ -66,27 +66,27 @@ FarthestColours::Rule ruleFor(std::size_t taken)
 class Sequence
 {
 public:
-    Sequence(int seed, const HsvBox &box, rgb_color<float> *colours, std::size_t count)
+    Sequence(int seed, const HsvBox &box, rgb_color<float> *colors, std::size_t count)
         : box(box)
         , points(static_cast<std::uint32_t>(seed))
-        , colours(colours)
+        , colors(colors)
         , count(count)
     {
         std::vector<std::pair<std::uint32_t, int>> drawn;
         for (int i = 0; i < candidates; ++i)
             drawn.emplace_back(packed(points.next(box)), i);
         std::sort(drawn.begin(), drawn.end());
-        const auto sameColour = [](const auto &left, const auto &right) {
+        const auto sameColor = [](const auto &left, const auto &right) {
             return left.first == right.first;
         };
-        drawn.erase(std::unique(drawn.begin(), drawn.end(), sameColour), drawn.end());
+        drawn.erase(std::unique(drawn.begin(), drawn.end(), sameColor), drawn.end());
         const auto earlier = [](const auto &left, const auto &right) {
             return left.second < right.second;
         };
         std::sort(drawn.begin(), drawn.end(), earlier);
         for (const auto &entry : drawn) {
-            const Rgb8 colour = unpacked(entry.first);
-            (box.contains(colour) ? inside : nearby).append(colour);
+            const Rgb8 color = unpacked(entry.first);
+            (box.contains(color) ? inside : nearby).append(color);
         }
         onlyInside = inside.size() >= enough;
     }
@@ -100,24 +100,24 @@ public:
             draw();
         const std::size_t period = made;
         for (; made < count; ++made)
-            colours[made] = colours[made - period];
+            colors[made] = colors[made - period];
     }
 
 private:
-    void put(Rgb8 colour)
+    void put(Rgb8 color)
     {
-        colours[made++] = {float(colour.red), float(colour.green), float(colour.blue)};
+        colors[made++] = {float(color.red), float(color.green), float(color.blue)};
     }
 
-    void choose(const ColourPool &pool)
+    void choose(const ColorPool &pool)
     {
         if (pool.size() == 0 || made >= count)
             return;
-        FarthestColours search(pool);
+        FarthestColors search(pool);
         search.take({255, 255, 255});
         search.take({0, 0, 0});
-        for (const Rgb8 colour : chosen)
-            search.take(colour);
+        for (const Rgb8 color : chosen)
+            search.take(color);
         std::vector<bool> left(static_cast<std::size_t>(pool.size()), true);
         int next = chosen.empty() ? firstOf(pool, search) : search.farthest(ruleFor(chosen.size()));
         while (next >= 0) {
@@ -126,7 +126,7 @@ private:
             put(chosen.back());
             if (made >= count)
                 return;
-            if (chosen.size() >= chosenColours)
+            if (chosen.size() >= chosenColors)
                 break;
             search.take(chosen.back());
             next = search.farthest(ruleFor(chosen.size()));
@@ -138,10 +138,10 @@ private:
     }
 
     // The seed has put the pool into its order.
-    static int firstOf(const ColourPool &pool, const FarthestColours &search)
+    static int firstOf(const ColorPool &pool, const FarthestColors &search)
     {
         for (int i = 0; i < pool.size(); ++i) {
-            if (search.score(i, ruleFor(0).dichromatWeight) >= FarthestColours::clearlyApart)
+            if (search.score(i, ruleFor(0).dichromatWeight) >= FarthestColors::clearlyApart)
                 return i;
         }
         return 0;
@@ -150,41 +150,41 @@ private:
     // Whatever the points bring next; a long row of known colours means that the box is empty.
     void draw()
     {
-        std::vector<bool> seen(allColours, false);
-        for (const ColourPool *pool : {&inside, &nearby}) {
+        std::vector<bool> seen(allColors, false);
+        for (const ColorPool *pool : {&inside, &nearby}) {
             for (int i = 0; i < pool->size(); ++i)
                 seen[packed(pool->at(i))] = true;
         }
         constexpr int patience = 4096;
         for (int vain = 0; made < count && vain < patience;) {
-            const Rgb8 colour = points.next(box);
-            const bool known = seen[packed(colour)];
-            if (known || (onlyInside && !box.contains(colour))) {
+            const Rgb8 color = points.next(box);
+            const bool known = seen[packed(color)];
+            if (known || (onlyInside && !box.contains(color))) {
                 ++vain;
                 continue;
             }
-            seen[packed(colour)] = true;
-            put(colour);
+            seen[packed(color)] = true;
+            put(color);
             vain = 0;
         }
     }
 
     const HsvBox &box;
     EvenPoints points;
-    rgb_color<float> *colours;
+    rgb_color<float> *colors;
     std::size_t count;
     std::size_t made = 0;
-    ColourPool inside;
-    ColourPool nearby;
+    ColorPool inside;
+    ColorPool nearby;
     bool onlyInside = false;
     std::vector<Rgb8> chosen;
 };
 
 } // namespace
 
-void fillWithHsvColours(int seed, const HsvBox &box, rgb_color<float> *colours, std::size_t count)
+void fillWithHsvColors(int seed, const HsvBox &box, rgb_color<float> *colors, std::size_t count)
 {
-    Sequence(seed, box, colours, count).fill();
+    Sequence(seed, box, colors, count).fill();
 }
 
 } // namespace VTObjects

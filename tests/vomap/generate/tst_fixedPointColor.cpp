@@ -1,6 +1,6 @@
-#include "vomap/generate/fixedPointColour_p.h"
+#include "vomap/generate/fixedPointColor_p.h"
 
-#include "tests/support/ColourJudge.h"
+#include "tests/support/ColorJudge.h"
 #include "vomap/generate/randomBits_p.h"
 
 #include <QtTest>
@@ -10,29 +10,29 @@
 #include <vector>
 
 using namespace VTObjects;
-using namespace VTObjects::FixedPointColour;
+using namespace VTObjects::FixedPointColor;
 
 namespace {
 
 constexpr double unit = 1 << labBits;
 
-ColourJudge::Triple triple(Rgb8 colour)
+ColorJudge::Triple triple(Rgb8 color)
 {
-    return {double(colour.red), double(colour.green), double(colour.blue)};
+    return {double(color.red), double(color.green), double(color.blue)};
 }
 
 // Every 61st colour: all components in all combinations of classes.
-std::vector<Rgb8> manyColours(std::uint32_t step)
+std::vector<Rgb8> manyColors(std::uint32_t step)
 {
-    std::vector<Rgb8> colours;
+    std::vector<Rgb8> colors;
     for (std::uint32_t bits = 0; bits < (1U << 24); bits += step)
-        colours.push_back(unpacked(bits));
-    return colours;
+        colors.push_back(unpacked(bits));
+    return colors;
 }
 
 } // namespace
 
-class tst_fixedPointColour : public QObject
+class tst_fixedPointColor : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
@@ -44,7 +44,7 @@ private Q_SLOTS:
     void shufflingMeetsEveryNumberOnce();
 };
 
-void tst_fixedPointColour::rootsAreExact()
+void tst_fixedPointColor::rootsAreExact()
 {
     for (std::int64_t root = 0; root < 3000000000; root += 999983) {
         QCOMPARE(squareRoot(root * root), root);
@@ -56,11 +56,11 @@ void tst_fixedPointColour::rootsAreExact()
     }
 }
 
-void tst_fixedPointColour::linearLightFollowsTheStandard()
+void tst_fixedPointColor::linearLightFollowsTheStandard()
 {
     double worst = 0.0;
     for (int twice = 0; twice <= 510; ++twice) {
-        const double exact = ColourJudge::linearLight({twice / 2.0, 0.0, 0.0})[0];
+        const double exact = ColorJudge::linearLight({twice / 2.0, 0.0, 0.0})[0];
         worst =
             std::max(worst, std::fabs(double(linearOfHalves(twice)) - exact * double(linearOne)));
         if (twice % 2 == 0)
@@ -72,14 +72,14 @@ void tst_fixedPointColour::linearLightFollowsTheStandard()
     QCOMPARE(linearOf(255), linearOne);
 }
 
-void tst_fixedPointColour::labFollowsDoublePrecisionInEveryVision()
+void tst_fixedPointColor::labFollowsDoublePrecisionInEveryVision()
 {
     double worst = 0.0;
-    for (const Rgb8 colour : manyColours(6151)) {
+    for (const Rgb8 color : manyColors(6151)) {
         for (int vision = 0; vision < visionCount; ++vision) {
-            const Lab found = labSeenBy(static_cast<Vision>(vision), colour);
-            const ColourJudge::Triple exact =
-                ColourJudge::labSeenBy(static_cast<ColourJudge::Vision>(vision), triple(colour));
+            const Lab found = labSeenBy(static_cast<Vision>(vision), color);
+            const ColorJudge::Triple exact =
+                ColorJudge::labSeenBy(static_cast<ColorJudge::Vision>(vision), triple(color));
             worst = std::max({worst, std::fabs(found.lightness / unit - exact[0]),
                               std::fabs(found.a / unit - exact[1]),
                               std::fabs(found.b / unit - exact[2])});
@@ -89,12 +89,12 @@ void tst_fixedPointColour::labFollowsDoublePrecisionInEveryVision()
     QVERIFY(worst < 0.02);
 }
 
-void tst_fixedPointColour::din99oFollowsItsFormulas()
+void tst_fixedPointColor::din99oFollowsItsFormulas()
 {
     double worst = 0.0;
     constexpr double degree = 0.017453292519943295;
-    for (const Rgb8 colour : manyColours(6151)) {
-        const Lab lab = labSeenBy(NormalVision, colour);
+    for (const Rgb8 color : manyColors(6151)) {
+        const Lab lab = labSeenBy(NormalVision, color);
         const double a = lab.a / unit;
         const double b = lab.b / unit;
         const double e = a * std::cos(26 * degree) + b * std::sin(26 * degree);
@@ -112,20 +112,20 @@ void tst_fixedPointColour::din99oFollowsItsFormulas()
     QVERIFY(worst < 0.05); // three units of 1/64
 }
 
-void tst_fixedPointColour::differencesFollowCiede2000()
+void tst_fixedPointColor::differencesFollowCiede2000()
 {
     // What decides a choice are differences from 2 to 40.
-    const std::vector<Rgb8> colours = manyColours(40961);
+    const std::vector<Rgb8> colors = manyColors(40961);
     std::vector<double> errors;
-    for (std::size_t i = 0; i < colours.size(); ++i) {
+    for (std::size_t i = 0; i < colors.size(); ++i) {
         for (std::size_t j = 0; j < i; ++j) {
-            const auto lab1 = ColourJudge::labSeenBy(ColourJudge::NormalVision, triple(colours[i]));
-            const auto lab2 = ColourJudge::labSeenBy(ColourJudge::NormalVision, triple(colours[j]));
-            const double exact = ColourJudge::difference(lab1, lab2);
+            const auto lab1 = ColorJudge::labSeenBy(ColorJudge::NormalVision, triple(colors[i]));
+            const auto lab2 = ColorJudge::labSeenBy(ColorJudge::NormalVision, triple(colors[j]));
+            const double exact = ColorJudge::difference(lab1, lab2);
             if (exact < 2.0 || exact > 40.0)
                 continue;
-            const Appearance first = appearanceOf(labSeenBy(NormalVision, colours[i]));
-            const Appearance second = appearanceOf(labSeenBy(NormalVision, colours[j]));
+            const Appearance first = appearanceOf(labSeenBy(NormalVision, colors[i]));
+            const Appearance second = appearanceOf(labSeenBy(NormalVision, colors[j]));
             const double found = std::sqrt(double(squaredDifference(first, second))) / unit;
             const double back = std::sqrt(double(squaredDifference(second, first))) / unit;
             QVERIFY(std::fabs(back - found) < 0.01 * found); // rounding only
@@ -148,7 +148,7 @@ void tst_fixedPointColour::differencesFollowCiede2000()
     QCOMPARE(squaredDifference(same, same), std::int64_t(0));
 }
 
-void tst_fixedPointColour::shufflingMeetsEveryNumberOnce()
+void tst_fixedPointColor::shufflingMeetsEveryNumberOnce()
 {
     for (const std::uint32_t key : {0U, 0xdeadbeefU}) {
         std::vector<bool> met(std::size_t(1) << 24, false);
@@ -162,5 +162,5 @@ void tst_fixedPointColour::shufflingMeetsEveryNumberOnce()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_fixedPointColour)
-#include "tst_fixedPointColour.moc"
+QTEST_GUILESS_MAIN(tst_fixedPointColor)
+#include "tst_fixedPointColor.moc"

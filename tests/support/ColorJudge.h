@@ -14,7 +14,7 @@
 /// H. Brettel, F. Vienot and J. D. Mollon, "Computerized simulation of color appearance for
 /// dichromats" (1997) for tritan. Both work on linear light, and their results are cut to the
 /// range of sRGB.
-namespace ColourJudge {
+namespace ColorJudge {
 
 enum Vision { NormalVision, ProtanVision, DeutanVision, TritanVision, VisionCount };
 
@@ -35,4 +35,4 @@ Triple labSeenBy(Vision vision, const Triple &rgb);
 /// CIEDE2000 between two L*a*b* colours.
 double difference(const Triple &lab1, const Triple &lab2);
 
-} // namespace ColourJudge
+} // namespace ColorJudge

@@ -1,11 +1,11 @@
-#include "vomap/generate/FarthestColours_p.h"
+#include "vomap/generate/FarthestColors_p.h"
 
 #include <algorithm>
 #include <limits>
 
 namespace VTObjects {
 
-using namespace FixedPointColour;
+using namespace FixedPointColor;
 
 namespace {
 
@@ -17,8 +17,7 @@ std::int64_t weighted(std::int64_t normal, std::int64_t dichromat, std::int64_t 
     return std::min(normal * weightOne * weightOne, dichromat * weight * weight);
 }
 
-void lowerToDistance(const ColourPool::Plane &plane, Din99o from,
-                     std::vector<std::int32_t> &nearest)
+void lowerToDistance(const ColorPool::Plane &plane, Din99o from, std::vector<std::int32_t> &nearest)
 {
     const std::int16_t *lightness = plane.lightness.data();
     const std::int16_t *a = plane.a.data();
@@ -36,10 +35,10 @@ void lowerToDistance(const ColourPool::Plane &plane, Din99o from,
 
 } // namespace
 
-void ColourPool::reserve(int count)
+void ColorPool::reserve(int count)
 {
     const auto size = static_cast<std::size_t>(count);
-    colours.reserve(size);
+    colors.reserve(size);
     for (Plane &plane : planes) {
         plane.lightness.reserve(size);
         plane.a.reserve(size);
@@ -47,11 +46,11 @@ void ColourPool::reserve(int count)
     }
 }
 
-void ColourPool::append(Rgb8 colour)
+void ColorPool::append(Rgb8 color)
 {
-    colours.push_back(colour);
+    colors.push_back(color);
     for (int vision = 0; vision < visionCount; ++vision) {
-        const Din99o place = din99oOf(labSeenBy(static_cast<Vision>(vision), colour));
+        const Din99o place = din99oOf(labSeenBy(static_cast<Vision>(vision), color));
         Plane &plane = planes[static_cast<std::size_t>(vision)];
         plane.lightness.push_back(place.lightness);
         plane.a.push_back(place.a);
@@ -59,10 +58,10 @@ void ColourPool::append(Rgb8 colour)
     }
 }
 
-void ColourPool::appendFrom(const ColourPool &other, int index)
+void ColorPool::appendFrom(const ColorPool &other, int index)
 {
     const auto i = static_cast<std::size_t>(index);
-    colours.push_back(other.colours[i]);
+    colors.push_back(other.colors[i]);
     for (std::size_t vision = 0; vision < planes.size(); ++vision) {
         planes[vision].lightness.push_back(other.planes[vision].lightness[i]);
         planes[vision].a.push_back(other.planes[vision].a[i]);
@@ -70,7 +69,7 @@ void ColourPool::appendFrom(const ColourPool &other, int index)
     }
 }
 
-FarthestColours::FarthestColours(const ColourPool &pool)
+FarthestColors::FarthestColors(const ColorPool &pool)
     : pool(&pool)
     , nearestNormal(static_cast<std::size_t>(pool.size()), std::numeric_limits<std::int32_t>::max())
     , nearestDichromat(nearestNormal)
@@ -78,32 +77,32 @@ FarthestColours::FarthestColours(const ColourPool &pool)
 {
 }
 
-FarthestColours::Looks FarthestColours::looksOf(Rgb8 colour)
+FarthestColors::Looks FarthestColors::looksOf(Rgb8 color)
 {
     Looks looks;
     for (int vision = 0; vision < visionCount; ++vision)
         looks[static_cast<std::size_t>(vision)] =
-            appearanceOf(labSeenBy(static_cast<Vision>(vision), colour));
+            appearanceOf(labSeenBy(static_cast<Vision>(vision), color));
     return looks;
 }
 
-void FarthestColours::take(Rgb8 colour)
+void FarthestColors::take(Rgb8 color)
 {
     for (int vision = 0; vision < visionCount; ++vision) {
-        const Din99o place = din99oOf(labSeenBy(static_cast<Vision>(vision), colour));
+        const Din99o place = din99oOf(labSeenBy(static_cast<Vision>(vision), color));
         lowerToDistance(pool->plane(vision), place,
                         vision == NormalVision ? nearestNormal : nearestDichromat);
     }
-    taken.push_back(looksOf(colour));
+    taken.push_back(looksOf(color));
 }
 
-std::int64_t FarthestColours::score(int index, int dichromatWeight) const
+std::int64_t FarthestColors::score(int index, int dichromatWeight) const
 {
     const auto i = static_cast<std::size_t>(index);
     return weighted(nearestNormal[i], nearestDichromat[i], dichromatWeight);
 }
 
-std::int64_t FarthestColours::exactScore(int index, int dichromatWeight)
+std::int64_t FarthestColors::exactScore(int index, int dichromatWeight)
 {
     std::int32_t &slot = exactSlot[static_cast<std::size_t>(index)];
     if (slot < 0) {
@@ -123,7 +122,7 @@ std::int64_t FarthestColours::exactScore(int index, int dichromatWeight)
     return weighted(nearest.normal, nearest.dichromat, dichromatWeight);
 }
 
-int FarthestColours::farthest(Rule rule)
+int FarthestColors::farthest(Rule rule)
 {
     const auto limit = static_cast<std::size_t>(std::max(rule.shortList, 1));
     shortList.clear();

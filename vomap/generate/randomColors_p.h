@@ -12,6 +12,6 @@ namespace VTObjects {
 /// from white and from black, also for dichromats; then follow all other colours of 8 bits a
 /// component in an order of their own, each once; after 2^24 colours the sequence begins anew.
 /// Seeds that differ by an odd number share none of their first colours.
-void fillWithRandomColours(int seed, rgb_color<float> *colours, std::size_t count);
+void fillWithRandomColors(int seed, rgb_color<float> *colors, std::size_t count);
 
 } // namespace VTObjects

@@ -1,32 +1,32 @@
-#include "tests/vomap/generate/goldenColours.h"
+#include "tests/vomap/generate/goldenColors.h"
 
-#include "tests/vomap/rampColours.h"
+#include "tests/vomap/rampColors.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VORandomColorRampForHsv.h"
 
 #include <QtTest>
 
 using namespace VTObjects;
-using GoldenColours::Colours;
+using GoldenColors::Colors;
 
-class tst_goldenColours : public QObject
+class tst_goldenColors : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void theRampsGenerateTheGoldenColours();
+    void theRampsGenerateTheGoldenColors();
 };
 
-void tst_goldenColours::theRampsGenerateTheGoldenColours()
+void tst_goldenColors::theRampsGenerateTheGoldenColors()
 {
     const bool all = qEnvironmentVariableIsSet("VT_LONG_TESTS");
-    const std::uint64_t found = GoldenColours::hash(
-        all ? GoldenColours::allSeeds : GoldenColours::fewSeeds,
+    const std::uint64_t found = GoldenColors::hash(
+        all ? GoldenColors::allSeeds : GoldenColors::fewSeeds,
         [](int seed, unsigned int count) {
             VORandomColorRamp ramp;
             ramp.setSeed(seed);
-            return ramp.split(count) ? RampColours::of(ramp) : Colours();
+            return ramp.split(count) ? RampColors::of(ramp) : Colors();
         },
-        [](int seed, const GoldenColours::Bounds &bounds, unsigned int count) {
+        [](int seed, const GoldenColors::Bounds &bounds, unsigned int count) {
             VORandomColorRampForHsv ramp;
             ramp.setSeed(seed);
             ramp.minH = bounds[0];
@@ -35,19 +35,19 @@ void tst_goldenColours::theRampsGenerateTheGoldenColours()
             ramp.maxS = bounds[3];
             ramp.minV = bounds[4];
             ramp.maxV = bounds[5];
-            return ramp.split(count) ? RampColours::of(ramp) : Colours();
+            return ramp.split(count) ? RampColors::of(ramp) : Colors();
         },
-        [](Colours sources, unsigned int count) {
+        [](Colors sources, unsigned int count) {
             VOEvenColorRamp ramp;
             const bool done =
                 ramp.setSourceColor(static_cast<long>(sources.size()), sources.data()) &&
                 ramp.split(count);
-            return done ? RampColours::of(ramp) : Colours();
+            return done ? RampColors::of(ramp) : Colors();
         });
     qInfo("golden hash of %s seeds: %016llx", all ? "1001" : "28",
           static_cast<unsigned long long>(found));
-    QCOMPARE(found, all ? GoldenColours::hashOfAllSeeds : GoldenColours::hashOfFewSeeds);
+    QCOMPARE(found, all ? GoldenColors::hashOfAllSeeds : GoldenColors::hashOfFewSeeds);
 }
 
-QTEST_GUILESS_MAIN(tst_goldenColours)
-#include "tst_goldenColours.moc"
+QTEST_GUILESS_MAIN(tst_goldenColors)
+#include "tst_goldenColors.moc"

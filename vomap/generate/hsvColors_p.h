@@ -9,10 +9,10 @@ namespace VTObjects {
 
 /// Writes the first `count` colours of the sequence that belongs to a seed and a box.
 ///
-/// As fillWithRandomColours(), inside a box: the first colours are chosen far from each other;
+/// As fillWithRandomColors(), inside a box: the first colours are chosen far from each other;
 /// further ones are drawn from the box, new ones as long as some are found easily. A box that
 /// holds fewer colours than are asked for repeats them. Every colour is a colour of the box
 /// rounded to whole components, and lies in the box itself too unless that holds too few such.
-void fillWithHsvColours(int seed, const HsvBox &box, rgb_color<float> *colours, std::size_t count);
+void fillWithHsvColors(int seed, const HsvBox &box, rgb_color<float> *colors, std::size_t count);
 
 } // namespace VTObjects

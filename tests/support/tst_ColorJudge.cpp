@@ -1,26 +1,26 @@
-#include "tests/support/ColourJudge.h"
+#include "tests/support/ColorJudge.h"
 
 #include <QtTest>
 
 #include <cmath>
 
-using ColourJudge::Triple;
-Q_DECLARE_METATYPE(ColourJudge::Triple)
+using ColorJudge::Triple;
+Q_DECLARE_METATYPE(ColorJudge::Triple)
 
-class tst_ColourJudge : public QObject
+class tst_ColorJudge : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
     void theDifferenceMatchesThePublishedPairs_data();
     void theDifferenceMatchesThePublishedPairs();
     void whiteAndBlackHaveTheirPlaces();
-    void greysLookTheSameInEveryVision();
+    void graysLookTheSameInEveryVision();
     void aDichromatSeesNoMoreInWhatIsLeft();
-    void confusedColoursFallTogether_data();
-    void confusedColoursFallTogether();
+    void confusedColorsFallTogether_data();
+    void confusedColorsFallTogether();
 };
 
-void tst_ColourJudge::theDifferenceMatchesThePublishedPairs_data()
+void tst_ColorJudge::theDifferenceMatchesThePublishedPairs_data()
 {
     QTest::addColumn<Triple>("first");
     QTest::addColumn<Triple>("second");
@@ -74,80 +74,79 @@ void tst_ColourJudge::theDifferenceMatchesThePublishedPairs_data()
     QCOMPARE(number, 34);
 }
 
-void tst_ColourJudge::theDifferenceMatchesThePublishedPairs()
+void tst_ColorJudge::theDifferenceMatchesThePublishedPairs()
 {
     QFETCH(Triple, first);
     QFETCH(Triple, second);
     QFETCH(double, expected);
-    QVERIFY(std::fabs(ColourJudge::difference(first, second) - expected) < 0.00005);
-    QVERIFY(std::fabs(ColourJudge::difference(second, first) - expected) < 0.00005);
+    QVERIFY(std::fabs(ColorJudge::difference(first, second) - expected) < 0.00005);
+    QVERIFY(std::fabs(ColorJudge::difference(second, first) - expected) < 0.00005);
 }
 
-void tst_ColourJudge::whiteAndBlackHaveTheirPlaces()
+void tst_ColorJudge::whiteAndBlackHaveTheirPlaces()
 {
-    const Triple white = ColourJudge::labSeenBy(ColourJudge::NormalVision, {255.0, 255.0, 255.0});
+    const Triple white = ColorJudge::labSeenBy(ColorJudge::NormalVision, {255.0, 255.0, 255.0});
     QVERIFY(std::fabs(white[0] - 100.0) < 1e-4);
     QVERIFY(std::hypot(white[1], white[2]) < 1e-2);
-    const Triple black = ColourJudge::labSeenBy(ColourJudge::NormalVision, {0.0, 0.0, 0.0});
+    const Triple black = ColorJudge::labSeenBy(ColorJudge::NormalVision, {0.0, 0.0, 0.0});
     QVERIFY(std::fabs(black[0]) < 1e-9);
     // sRGB's primaries in CIE L*a*b* for D65
-    const Triple red = ColourJudge::labSeenBy(ColourJudge::NormalVision, {255.0, 0.0, 0.0});
+    const Triple red = ColorJudge::labSeenBy(ColorJudge::NormalVision, {255.0, 0.0, 0.0});
     QVERIFY(std::fabs(red[0] - 53.24) < 0.01);
     QVERIFY(std::fabs(red[1] - 80.09) < 0.02);
     QVERIFY(std::fabs(red[2] - 67.20) < 0.02);
 }
 
-void tst_ColourJudge::greysLookTheSameInEveryVision()
+void tst_ColorJudge::graysLookTheSameInEveryVision()
 {
-    for (double grey = 0.0; grey <= 255.0; grey += 15.0) {
-        const Triple normal = ColourJudge::labSeenBy(ColourJudge::NormalVision, {grey, grey, grey});
-        for (int vision = ColourJudge::ProtanVision; vision < ColourJudge::VisionCount; ++vision) {
-            const Triple seen = ColourJudge::labSeenBy(static_cast<ColourJudge::Vision>(vision),
-                                                       {grey, grey, grey});
-            QVERIFY(ColourJudge::difference(normal, seen) < 0.01);
+    for (double gray = 0.0; gray <= 255.0; gray += 15.0) {
+        const Triple normal = ColorJudge::labSeenBy(ColorJudge::NormalVision, {gray, gray, gray});
+        for (int vision = ColorJudge::ProtanVision; vision < ColorJudge::VisionCount; ++vision) {
+            const Triple seen =
+                ColorJudge::labSeenBy(static_cast<ColorJudge::Vision>(vision), {gray, gray, gray});
+            QVERIFY(ColorJudge::difference(normal, seen) < 0.01);
         }
     }
 }
 
-void tst_ColourJudge::aDichromatSeesNoMoreInWhatIsLeft()
+void tst_ColorJudge::aDichromatSeesNoMoreInWhatIsLeft()
 {
     // Tritan vision is a projection: seeing the picture of a colour gives that picture again.
     for (int bits = 0; bits < 512; ++bits) {
         const Triple light = {(bits & 7) / 7.0, (bits >> 3 & 7) / 7.0, (bits >> 6 & 7) / 7.0};
-        const Triple once = ColourJudge::seenUncutBy(ColourJudge::TritanVision, light);
-        const Triple twice = ColourJudge::seenUncutBy(ColourJudge::TritanVision, once);
+        const Triple once = ColorJudge::seenUncutBy(ColorJudge::TritanVision, light);
+        const Triple twice = ColorJudge::seenUncutBy(ColorJudge::TritanVision, once);
         for (std::size_t i = 0; i < once.size(); ++i)
             QVERIFY(std::fabs(once[i] - twice[i]) < 2e-5);
     }
 }
 
-void tst_ColourJudge::confusedColoursFallTogether_data()
+void tst_ColorJudge::confusedColorsFallTogether_data()
 {
     QTest::addColumn<int>("vision");
     QTest::addColumn<Triple>("first");
     QTest::addColumn<Triple>("second");
     QTest::newRow("protan: red and dark olive")
-        << int(ColourJudge::ProtanVision) << Triple{200.0, 30.0, 30.0} << Triple{95.0, 80.0, 20.0};
+        << int(ColorJudge::ProtanVision) << Triple{200.0, 30.0, 30.0} << Triple{95.0, 80.0, 20.0};
     QTest::newRow("deutan: orange and green")
-        << int(ColourJudge::DeutanVision) << Triple{190.0, 110.0, 30.0}
+        << int(ColorJudge::DeutanVision) << Triple{190.0, 110.0, 30.0}
         << Triple{100.0, 150.0, 30.0};
     QTest::newRow("tritan: blue and teal")
-        << int(ColourJudge::TritanVision) << Triple{30.0, 110.0, 160.0}
+        << int(ColorJudge::TritanVision) << Triple{30.0, 110.0, 160.0}
         << Triple{20.0, 115.0, 105.0};
 }
 
-void tst_ColourJudge::confusedColoursFallTogether()
+void tst_ColorJudge::confusedColorsFallTogether()
 {
     QFETCH(int, vision);
     QFETCH(Triple, first);
     QFETCH(Triple, second);
-    const auto apart = [&](ColourJudge::Vision eye) {
-        return ColourJudge::difference(ColourJudge::labSeenBy(eye, first),
-                                       ColourJudge::labSeenBy(eye, second));
+    const auto apart = [&](ColorJudge::Vision eye) {
+        return ColorJudge::difference(ColorJudge::labSeenBy(eye, first),
+                                      ColorJudge::labSeenBy(eye, second));
     };
-    QVERIFY(apart(static_cast<ColourJudge::Vision>(vision)) * 2.0 <
-            apart(ColourJudge::NormalVision));
+    QVERIFY(apart(static_cast<ColorJudge::Vision>(vision)) * 2.0 < apart(ColorJudge::NormalVision));
 }
 
-QTEST_GUILESS_MAIN(tst_ColourJudge)
-#include "tst_ColourJudge.moc"
+QTEST_GUILESS_MAIN(tst_ColorJudge)
+#include "tst_ColorJudge.moc"

@@ -1,6 +1,6 @@
-#include "vomap/generate/evenColours_p.h"
+#include "vomap/generate/evenColors_p.h"
 
-#include "vomap/generate/fixedPointColour_p.h"
+#include "vomap/generate/fixedPointColor_p.h"
 
 #include <algorithm>
 #include <array>
@@ -8,7 +8,7 @@
 
 namespace VTObjects {
 
-using namespace FixedPointColour;
+using namespace FixedPointColor;
 
 namespace {
 
@@ -56,11 +56,11 @@ std::int64_t linearOfFraction(float component)
     return low + (high - low) * (scaled % steps) / steps;
 }
 
-Place placeOf(const rgb_color<float> &colour)
+Place placeOf(const rgb_color<float> &color)
 {
-    const std::int64_t red = linearOfFraction(colour.red);
-    const std::int64_t green = linearOfFraction(colour.green);
-    const std::int64_t blue = linearOfFraction(colour.blue);
+    const std::int64_t red = linearOfFraction(color.red);
+    const std::int64_t green = linearOfFraction(color.green);
+    const std::int64_t blue = linearOfFraction(color.blue);
     const auto signal = [&](std::int64_t r, std::int64_t g, std::int64_t b) {
         return coneSignal((r * red + g * green + b * blue) >> factorBits);
     };
@@ -196,11 +196,11 @@ private:
 
 } // namespace
 
-void fillWithEvenColours(const rgb_color<float> *sources, std::size_t sourceCount,
-                         rgb_color<float> *colours, std::size_t count)
+void fillWithEvenColors(const rgb_color<float> *sources, std::size_t sourceCount,
+                        rgb_color<float> *colors, std::size_t count)
 {
     if (sourceCount == 0) {
-        std::fill_n(colours, count, rgb_color<float>());
+        std::fill_n(colors, count, rgb_color<float>());
         return;
     }
     const std::size_t last = sourceCount - 1;
@@ -215,7 +215,7 @@ void fillWithEvenColours(const rgb_color<float> *sources, std::size_t sourceCoun
     Walk walk;
     for (std::size_t i = 0; i < count; ++i) {
         if (rest == 0) {
-            colours[i] = sources[whole];
+            colors[i] = sources[whole];
         } else {
             if (prepared != whole) {
                 const Place start = prepared + 1 == whole ? end : placeOf(sources[whole]);
@@ -224,7 +224,7 @@ void fillWithEvenColours(const rgb_color<float> *sources, std::size_t sourceCoun
                            static_cast<std::int64_t>(restStep), static_cast<std::int64_t>(steps));
                 prepared = whole;
             }
-            colours[i] = walk.next();
+            colors[i] = walk.next();
         }
         whole += wholeStep;
         rest += restStep;

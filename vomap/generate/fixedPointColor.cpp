@@ -1,10 +1,10 @@
-#include "vomap/generate/fixedPointColour_p.h"
+#include "vomap/generate/fixedPointColor_p.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
-namespace VTObjects::FixedPointColour {
+namespace VTObjects::FixedPointColor {
 
 namespace {
 
@@ -341,11 +341,11 @@ std::int64_t linearOf(std::uint8_t component)
     return tables().linear[component];
 }
 
-Lab labSeenBy(Vision vision, Rgb8 colour)
+Lab labSeenBy(Vision vision, Rgb8 color)
 {
     const Tables &table = tables();
     const Linear light = seenBy(
-        vision, {table.linear[colour.red], table.linear[colour.green], table.linear[colour.blue]});
+        vision, {table.linear[color.red], table.linear[color.green], table.linear[color.blue]});
     const std::int64_t x = table.labCurve(dot(xyzOfRgb[0], light) >> factorBits);
     const std::int64_t y = table.labCurve(dot(xyzOfRgb[1], light) >> factorBits);
     const std::int64_t z = table.labCurve(dot(xyzOfRgb[2], light) >> factorBits);
@@ -416,4 +416,4 @@ std::int64_t squaredDifference(const Appearance &first, const Appearance &second
     return l * l + c * c + h * h - ((c * h * rotation) >> 24);
 }
 
-} // namespace VTObjects::FixedPointColour
+} // namespace VTObjects::FixedPointColor

@@ -1,6 +1,6 @@
-#include "vomap/generate/randomColours_p.h"
+#include "vomap/generate/randomColors_p.h"
 
-#include "vomap/generate/FarthestColours_p.h"
+#include "vomap/generate/FarthestColors_p.h"
 #include "vomap/generate/randomBits_p.h"
 
 #include <algorithm>
@@ -13,16 +13,16 @@
 
 namespace VTObjects {
 
-using namespace FixedPointColour;
+using namespace FixedPointColor;
 
 namespace {
 
-constexpr std::size_t allColours = std::size_t(1) << 24;
+constexpr std::size_t allColors = std::size_t(1) << 24;
 // From here on a choice would cost more than it gains: the differences are below those that
 // anybody tells apart.
-constexpr std::size_t chosenColours = 1024;
+constexpr std::size_t chosenColors = 1024;
 // Up to here a seed chooses from a share of the table that is its own.
-constexpr std::size_t ownColours = 48;
+constexpr std::size_t ownColors = 48;
 // So many starts are tried for a first row of so many colours.
 constexpr std::ptrdiff_t triedStarts = 3;
 constexpr std::size_t firstRow = 5;
@@ -32,12 +32,12 @@ constexpr Rgb8 black = {0, 0, 0};
 
 // The share of dichromats in the decision falls as colours grow many: below a certain difference
 // it would only cost the others theirs.
-FarthestColours::Rule ruleFor(std::size_t taken)
+FarthestColors::Rule ruleFor(std::size_t taken)
 {
     struct Stage
     {
         std::size_t end;
-        FarthestColours::Rule rule;
+        FarthestColors::Rule rule;
     };
     constexpr std::array<Stage, 6> stages = {{{5, {23, 16}},
                                               {8, {24, 16}},
@@ -53,36 +53,36 @@ FarthestColours::Rule ruleFor(std::size_t taken)
 }
 
 // Every 15th step of each component, without what is nearly black or nearly white.
-ColourPool makeTable()
+ColorPool makeTable()
 {
     constexpr int step = 15;
     constexpr std::int32_t darkest = 25 << labBits;
     constexpr std::int32_t lightest = 90 << labBits;
-    ColourPool table;
+    ColorPool table;
     for (int red = 0; red < 256; red += step) {
         for (int green = 0; green < 256; green += step) {
             for (int blue = 0; blue < 256; blue += step) {
-                const Rgb8 colour =
+                const Rgb8 color =
                     unpacked(static_cast<std::uint32_t>(red << 16 | green << 8 | blue));
-                const std::int32_t lightness = labSeenBy(NormalVision, colour).lightness;
+                const std::int32_t lightness = labSeenBy(NormalVision, color).lightness;
                 if (lightness >= darkest && lightness <= lightest)
-                    table.append(colour);
+                    table.append(color);
             }
         }
     }
     return table;
 }
 
-const ColourPool &table()
+const ColorPool &table()
 {
-    static const ColourPool instance = makeTable();
+    static const ColorPool instance = makeTable();
     return instance;
 }
 
-ColourPool ownShare(std::uint32_t seed)
+ColorPool ownShare(std::uint32_t seed)
 {
-    const ColourPool &all = table();
-    ColourPool share;
+    const ColorPool &all = table();
+    ColorPool share;
     share.reserve(all.size() / 2);
     for (int i = 0; i < all.size(); ++i) {
         const std::uint32_t bits = mixedBits(static_cast<std::uint32_t>(i));
@@ -95,12 +95,11 @@ ColourPool ownShare(std::uint32_t seed)
 }
 
 // Colours that stand out from white and black, at the seed's choice.
-std::vector<int> startsIn(const ColourPool &share, const FarthestColours &search,
-                          std::uint32_t seed)
+std::vector<int> startsIn(const ColorPool &share, const FarthestColors &search, std::uint32_t seed)
 {
     std::vector<std::pair<std::uint32_t, int>> order;
     for (int i = 0; i < share.size(); ++i) {
-        if (search.score(i, ruleFor(0).dichromatWeight) >= FarthestColours::clearlyApart)
+        if (search.score(i, ruleFor(0).dichromatWeight) >= FarthestColors::clearlyApart)
             order.emplace_back(mixedBits(packed(share.at(i)) + mixedBits(seed)), i);
     }
     const auto end =
@@ -113,32 +112,32 @@ std::vector<int> startsIn(const ColourPool &share, const FarthestColours &search
 }
 
 // Continues `colours` to `count` colours; the smallest score on the way.
-std::int64_t extend(const ColourPool &pool, FarthestColours &search, std::vector<Rgb8> &colours,
+std::int64_t extend(const ColorPool &pool, FarthestColors &search, std::vector<Rgb8> &colors,
                     std::size_t count)
 {
     std::int64_t smallest = std::numeric_limits<std::int64_t>::max();
-    while (colours.size() < count) {
-        const FarthestColours::Rule rule = ruleFor(colours.size());
+    while (colors.size() < count) {
+        const FarthestColors::Rule rule = ruleFor(colors.size());
         const int next = search.farthest(rule);
         smallest = std::min(smallest, search.score(next, rule.dichromatWeight));
-        colours.push_back(pool.at(next));
-        search.take(colours.back());
+        colors.push_back(pool.at(next));
+        search.take(colors.back());
     }
     return smallest;
 }
 
 std::vector<Rgb8> chosen(std::uint32_t seed, std::size_t count)
 {
-    const ColourPool share = ownShare(seed);
-    FarthestColours fresh(share);
+    const ColorPool share = ownShare(seed);
+    FarthestColors fresh(share);
     fresh.take(white);
     fresh.take(black);
     // The first few colours hang on the start: the best row of a few starts is kept.
     std::vector<Rgb8> result;
-    std::optional<FarthestColours> search;
+    std::optional<FarthestColors> search;
     std::int64_t best = -1;
     for (const int start : startsIn(share, fresh, seed)) {
-        FarthestColours tried = fresh;
+        FarthestColors tried = fresh;
         std::vector<Rgb8> row = {share.at(start)};
         tried.take(row.back());
         const std::int64_t smallest = extend(share, tried, row, firstRow);
@@ -149,13 +148,13 @@ std::vector<Rgb8> chosen(std::uint32_t seed, std::size_t count)
         }
     }
     if (count > result.size())
-        extend(share, *search, result, std::min(count, ownColours));
+        extend(share, *search, result, std::min(count, ownColors));
     if (count > result.size()) {
-        FarthestColours all(table());
+        FarthestColors all(table());
         all.take(white);
         all.take(black);
-        for (const Rgb8 colour : result)
-            all.take(colour);
+        for (const Rgb8 color : result)
+            all.take(color);
         extend(table(), all, result, count);
     }
     result.resize(count);
@@ -164,30 +163,30 @@ std::vector<Rgb8> chosen(std::uint32_t seed, std::size_t count)
 
 } // namespace
 
-void fillWithRandomColours(int seed, rgb_color<float> *colours, std::size_t count)
+void fillWithRandomColors(int seed, rgb_color<float> *colors, std::size_t count)
 {
     const auto bits = static_cast<std::uint32_t>(seed);
-    const std::vector<Rgb8> first = chosen(bits, std::min(count, chosenColours));
-    const auto put = [colours](std::size_t index, Rgb8 colour) {
-        colours[index] = {float(colour.red), float(colour.green), float(colour.blue)};
+    const std::vector<Rgb8> first = chosen(bits, std::min(count, chosenColors));
+    const auto put = [colors](std::size_t index, Rgb8 color) {
+        colors[index] = {float(color.red), float(color.green), float(color.blue)};
     };
     for (std::size_t i = 0; i < first.size(); ++i)
         put(i, first[i]);
     if (count <= first.size())
         return;
 
-    std::vector<bool> used(allColours, false);
-    for (const Rgb8 colour : first)
-        used[packed(colour)] = true;
+    std::vector<bool> used(allColors, false);
+    for (const Rgb8 color : first)
+        used[packed(color)] = true;
     std::size_t next = first.size();
     const std::uint32_t key = mixedBits(bits);
-    for (std::uint32_t i = 0; i < allColours && next < count; ++i) {
-        const std::uint32_t colour = shuffled24Bits(i, key);
-        if (!used[colour])
-            put(next++, unpacked(colour));
+    for (std::uint32_t i = 0; i < allColors && next < count; ++i) {
+        const std::uint32_t color = shuffled24Bits(i, key);
+        if (!used[color])
+            put(next++, unpacked(color));
     }
     for (; next < count; ++next)
-        colours[next] = colours[next - allColours];
+        colors[next] = colors[next - allColors];
 }
 
 } // namespace VTObjects

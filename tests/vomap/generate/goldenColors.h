@@ -8,10 +8,10 @@
 
 /// One number that stands for very many generated colours, to compare builds by. Free of Qt, so
 /// that tools/check-golden-colours can compile it in any way.
-namespace GoldenColours {
+namespace GoldenColors {
 
-using Colour = VTObjects::rgb_color<float>;
-using Colours = std::vector<Colour>;
+using Color = VTObjects::rgb_color<float>;
+using Colors = std::vector<Color>;
 
 constexpr int lastSeed = 1000;
 /// Of seeds 0 to lastSeed every one, or one in 37.
@@ -27,10 +27,10 @@ using Bounds = std::array<int, 6>; // minH, maxH, minS, maxS, minV, maxV
 class Hash
 {
 public:
-    void add(const Colours &colours)
+    void add(const Colors &colors)
     {
-        for (const Colour &colour : colours) {
-            for (const float part : {colour.red, colour.green, colour.blue}) {
+        for (const Color &color : colors) {
+            for (const float part : {color.red, color.green, color.blue}) {
                 const bool whole = part >= 0.0F && part <= 255.0F &&
                                    static_cast<float>(static_cast<int>(part)) == part;
                 value =
@@ -42,7 +42,7 @@ public:
 };
 
 /// The six even ramps, by their sources.
-inline std::vector<Colours> evenSources()
+inline std::vector<Colors> evenSources()
 {
     return {{{196, 69, 57}, {255, 255, 191}, {48, 95, 207}},
             {{255, 255, 255}, {0, 0, 255}},
@@ -65,11 +65,11 @@ std::uint64_t hash(int seedStep, Random random, Hsv hsv, Even even)
             result.add(hsv(seed, boxes[static_cast<std::size_t>(seed % 3)], count));
         }
     }
-    for (const Colours &sources : evenSources()) {
+    for (const Colors &sources : evenSources()) {
         for (const unsigned int count : {2U, 3U, 10U, 64U, 255U, 1000U})
             result.add(even(sources, count));
     }
     return result.value;
 }
 
-} // namespace GoldenColours
+} // namespace GoldenColors

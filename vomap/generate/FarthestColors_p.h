@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vomap/generate/fixedPointColour_p.h"
+#include "vomap/generate/fixedPointColor_p.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -10,7 +10,7 @@
 namespace VTObjects {
 
 /// Colours to choose from, with their places in DIN99o under each vision.
-class ColourPool
+class ColorPool
 {
 public:
     struct Plane
@@ -21,16 +21,16 @@ public:
     };
 
     void reserve(int count);
-    void append(FixedPointColour::Rgb8 colour);
+    void append(FixedPointColor::Rgb8 color);
     /// The same as appending other.at(index), without computing it again.
-    void appendFrom(const ColourPool &other, int index);
-    int size() const { return static_cast<int>(colours.size()); }
-    FixedPointColour::Rgb8 at(int index) const { return colours[static_cast<std::size_t>(index)]; }
+    void appendFrom(const ColorPool &other, int index);
+    int size() const { return static_cast<int>(colors.size()); }
+    FixedPointColor::Rgb8 at(int index) const { return colors[static_cast<std::size_t>(index)]; }
     const Plane &plane(int vision) const { return planes[static_cast<std::size_t>(vision)]; }
 
 private:
-    std::vector<FixedPointColour::Rgb8> colours;
-    std::array<Plane, FixedPointColour::visionCount> planes;
+    std::vector<FixedPointColor::Rgb8> colors;
+    std::array<Plane, FixedPointColor::visionCount> planes;
 };
 
 /// Picks colours from a pool one by one, each as far as can be from all that are taken (T. F.
@@ -39,7 +39,7 @@ private:
 ///
 /// DIN99o distances make a short list of the whole pool, CIEDE2000 decides in the short list.
 /// Among equals the first of the pool wins.
-class FarthestColours
+class FarthestColors
 {
 public:
     /// How the next colour is sought.
@@ -56,10 +56,10 @@ public:
     static constexpr std::int64_t clearlyApart = std::int64_t(12 * 64 * 16) * (12 * 64 * 16);
 
     /// The pool must outlive this.
-    explicit FarthestColours(const ColourPool &pool);
+    explicit FarthestColors(const ColorPool &pool);
 
     /// Counts a colour, of the pool or not, as taken.
-    void take(FixedPointColour::Rgb8 colour);
+    void take(FixedPointColor::Rgb8 color);
     /// Position in the pool of the best colour, which is not yet taken by that; -1 where nothing
     /// but taken colours is left.
     int farthest(Rule rule);
@@ -68,7 +68,7 @@ public:
     std::int64_t score(int index, int dichromatWeight) const;
 
 private:
-    using Looks = std::array<FixedPointColour::Appearance, FixedPointColour::visionCount>;
+    using Looks = std::array<FixedPointColor::Appearance, FixedPointColor::visionCount>;
 
     // CIEDE2000 to the nearest of the first `known` taken colours.
     struct Exact
@@ -79,10 +79,10 @@ private:
         std::size_t known = 0;
     };
 
-    static Looks looksOf(FixedPointColour::Rgb8 colour);
+    static Looks looksOf(FixedPointColor::Rgb8 color);
     std::int64_t exactScore(int index, int dichromatWeight);
 
-    const ColourPool *pool;
+    const ColorPool *pool;
     std::vector<std::int32_t> nearestNormal;
     std::vector<std::int32_t> nearestDichromat;
     std::vector<std::int32_t> exactSlot; // into `exact`, -1 where a colour was never short-listed
