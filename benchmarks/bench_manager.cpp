@@ -23,6 +23,8 @@
 #include <cstdio>
 #include <functional>
 
+using vtcontrolcolorscheme::defaultColorRamp;
+
 using namespace VTObjects;
 
 namespace {

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace vtcontrolbase {
+
 namespace {
 
 constexpr int cellSize = 22; // pixels, the frame of the cursor included
@@ -222,3 +224,5 @@ void ColorSwatchGrid::setCursorCell(int index)
     setAccessibleDescription(index >= 0 ? colors.at(index).name() : QString());
     update();
 }
+
+} // namespace vtcontrolbase

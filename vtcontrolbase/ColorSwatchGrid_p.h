@@ -4,6 +4,8 @@
 #include <QVector>
 #include <QWidget>
 
+namespace vtcontrolbase {
+
 /// Colour swatches in rows, from which one is chosen with a click, or with the arrow keys and
 /// Return, Enter or Space. Every cell that shows the marked colour bears a ring.
 ///
@@ -55,3 +57,5 @@ private:
     int m_cursor = -1;
     int pressed = -1; // a release chooses only the cell that was pressed
 };
+
+} // namespace vtcontrolbase

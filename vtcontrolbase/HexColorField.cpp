@@ -1,5 +1,6 @@
 #include "vtcontrolbase/HexColorField_p.h"
 
+#include <QCoreApplication>
 #include <QFocusEvent>
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -9,6 +10,8 @@
 #include <QPixmap>
 
 #include <algorithm>
+
+namespace vtcontrolbase {
 
 namespace {
 
@@ -102,14 +105,18 @@ void HexColorField::onTextChanged(const QString &text)
     QString message;
     color = QColor();
     if (digits.isEmpty())
-        message = tr("Type 3 or 6 hexadecimal digits");
+        message = QCoreApplication::translate("VTColorMenu", "Type 3 or 6 hexadecimal digits");
     else if (stranger != digits.end())
-        message = tr("Not a hexadecimal digit: %1").arg(*stranger);
+        message = QCoreApplication::translate("VTColorMenu", "Not a hexadecimal digit: %1")
+                      .arg(*stranger);
     else if (digits.size() != 3 && digits.size() != 6)
-        message = tr("3 or 6 digits are needed, not %1").arg(digits.size());
+        message = QCoreApplication::translate("VTColorMenu", "3 or 6 digits are needed, not %1")
+                      .arg(digits.size());
     else
         color = QColor(QLatin1Char('#') + digits);
     problem->setText(message.isEmpty() ? QStringLiteral(" ") : message);
     swatch->setPixmap(swatchPixmap(color));
     lineEdit->setAccessibleDescription(message);
 }
+
+} // namespace vtcontrolbase

@@ -6,6 +6,8 @@
 class QLabel;
 class QLineEdit;
 
+namespace vtcontrolbase {
+
 /// A field for a colour in hexadecimal: "#rrggbb", or "#rgb" with every digit doubled, in any
 /// letter case and with or without "#". A swatch beside it shows the colour, a line below it says
 /// what is wrong with anything else.
@@ -34,3 +36,5 @@ private:
     QLabel *problem = nullptr;
     QColor color; // invalid while the text is bad
 };
+
+} // namespace vtcontrolbase

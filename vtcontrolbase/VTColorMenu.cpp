@@ -7,6 +7,11 @@
 #include <QColorDialog>
 #include <QWidgetAction>
 
+using vtcontrolbase::ColorSwatchGrid;
+using vtcontrolbase::HexColorField;
+using vtcontrolbase::swatchColors;
+using vtcontrolbase::swatchColumns;
+
 namespace {
 
 /// What was chosen last in any colour menu of the process, the latest first: a row of the grid.

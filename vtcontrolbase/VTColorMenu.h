@@ -5,8 +5,10 @@
 #include <QColor>
 #include <QMenu>
 
+namespace vtcontrolbase {
 class ColorSwatchGrid;
 class HexColorField;
+} // namespace vtcontrolbase
 
 /// A menu to pick a colour from: a grid of swatches, the colours that were picked last in this
 /// process, a field for a hexadecimal colour, and the toolkit's colour dialog behind
@@ -46,9 +48,9 @@ private:
     void refresh();
     void activateFocusedPart();
 
-    ColorSwatchGrid *palette = nullptr; // owned by its action, as are the two others
-    ColorSwatchGrid *recent = nullptr;
-    HexColorField *hexField = nullptr;
+    vtcontrolbase::ColorSwatchGrid *palette = nullptr; // owned by its action, as are the two others
+    vtcontrolbase::ColorSwatchGrid *recent = nullptr;
+    vtcontrolbase::HexColorField *hexField = nullptr;
     QAction *paletteAction = nullptr; // owned by the menu, as are the two others
     QAction *recentAction = nullptr;
     QAction *recentTitle = nullptr;

@@ -1,5 +1,7 @@
 #include "vtcontrolbase/swatchColors_p.h"
 
+namespace vtcontrolbase {
+
 namespace {
 
 constexpr int columns = 12;
@@ -38,3 +40,5 @@ int swatchColumns()
 {
     return columns;
 }
+
+} // namespace vtcontrolbase

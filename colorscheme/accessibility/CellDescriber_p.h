@@ -6,6 +6,8 @@
 
 #include <utility>
 
+namespace vtcontrolcolorscheme {
+
 /// What a table keeps of its describeCells() call: a child of it.
 class CellDescriber : public QObject
 {
@@ -19,3 +21,5 @@ public:
 
     const CellDescription describe;
 };
+
+} // namespace vtcontrolcolorscheme

@@ -4,6 +4,8 @@
 #include <QPersistentModelIndex>
 #include <QTableView>
 
+namespace vtcontrolcolorscheme {
+
 namespace {
 
 /// A child of the table at its row and column; -1 stands for the headers.
@@ -374,3 +376,5 @@ void DescribedTable::forgetChildren()
         QAccessible::deleteAccessibleInterface(id);
     children.clear();
 }
+
+} // namespace vtcontrolcolorscheme

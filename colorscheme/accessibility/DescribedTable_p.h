@@ -6,6 +6,8 @@
 #include <QHash>
 #include <QItemSelectionModel>
 
+namespace vtcontrolcolorscheme {
+
 /// A table view whose cells are described by a function. All else is what the toolkit says of such
 /// a view: the children are its rows from left to right, with a row of column headers above and a
 /// column of row headers before, whether these are shown or not, because the view counts them in
@@ -57,3 +59,5 @@ private:
     CellDescription description;
     mutable QHash<int, QAccessible::Id> children; // by position, made when first asked for
 };
+
+} // namespace vtcontrolcolorscheme

@@ -5,6 +5,8 @@
 
 #include <QTableView>
 
+namespace vtcontrolcolorscheme {
+
 namespace {
 
 QAccessibleInterface *describedTable(const QString & /*className*/, QObject *object)
@@ -25,3 +27,5 @@ void describeCells(QTableView *table, CellDescription describe)
         QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(former));
     new CellDescriber(table, std::move(describe));
 }
+
+} // namespace vtcontrolcolorscheme

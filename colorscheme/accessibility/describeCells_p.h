@@ -7,6 +7,8 @@
 class QModelIndex;
 class QTableView;
 
+namespace vtcontrolcolorscheme {
+
 /// What assistive technology reads of a cell.
 struct CellText
 {
@@ -22,3 +24,5 @@ using CellDescription = std::function<CellText(const QModelIndex &)>;
 /// `describe` is asked for existing cells only, each time somebody wants to know. It lives as long
 /// as the table.
 void describeCells(QTableView *table, CellDescription describe);
+
+} // namespace vtcontrolcolorscheme

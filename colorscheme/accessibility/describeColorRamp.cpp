@@ -12,7 +12,10 @@
 #include <iterator>
 #include <limits>
 
+using VTObjects::toQColor;
 using VTObjects::VOColorRamp;
+
+namespace vtcontrolcolorscheme {
 
 namespace {
 
@@ -160,3 +163,5 @@ QString describeColorRamp(VOColorRamp *ramp)
     return translated(QT_TRANSLATE_NOOP("describeColorRamp", "%1 colors, all %2"))
         .arg(QString::number(count), first);
 }
+
+} // namespace vtcontrolcolorscheme

@@ -8,6 +8,8 @@ namespace VTObjects {
 class VOColorRamp;
 }
 
+namespace vtcontrolcolorscheme {
+
 /// A colour in words, such as "pale yellow": the nearest one of a small table of names.
 /// "Nearest" is the CIE 1976 distance in L*a*b* (CIE 15, D65 white), after the sRGB transfer
 /// function of IEC 61966-2-1. Alpha does not count.
@@ -18,3 +20,5 @@ QString describeColor(const QColor &color);
 /// out if either end has the same name. "No colours" for null and for a ramp without colours. The
 /// ramp is only read.
 QString describeColorRamp(VTObjects::VOColorRamp *ramp);
+
+} // namespace vtcontrolcolorscheme

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QStyle>
 
+namespace vtcontrolcolorscheme {
+
 ColorRowDelegate::ColorRowDelegate(QObject *parent)
     : QStyledItemDelegate(parent)
 {
@@ -34,3 +36,5 @@ void ColorRowDelegate::initStyleOption(QStyleOptionViewItem *option, const QMode
         option->fontMetrics = QFontMetrics(option->font);
     }
 }
+
+} // namespace vtcontrolcolorscheme

@@ -2,6 +2,8 @@
 
 #include <QStyledItemDelegate>
 
+namespace vtcontrolcolorscheme {
+
 /// Draws the editor's colour rows so that they can be read: the number shrinks until it fits its
 /// narrow column, and the swatch keeps its colour while its row is selected.
 class ColorRowDelegate : public QStyledItemDelegate
@@ -17,3 +19,5 @@ public:
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 };
+
+} // namespace vtcontrolcolorscheme

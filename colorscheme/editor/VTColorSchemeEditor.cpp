@@ -16,6 +16,15 @@
 
 #include <vector>
 
+using vtcontrolcolorscheme::CellText;
+using vtcontrolcolorscheme::ColorRowDelegate;
+using vtcontrolcolorscheme::defaultColorRamp;
+using vtcontrolcolorscheme::describeCells;
+using vtcontrolcolorscheme::describeColor;
+using vtcontrolcolorscheme::describeColorRamp;
+using vtcontrolcolorscheme::HsvBound;
+using vtcontrolcolorscheme::hsvBounds;
+using VTObjects::toQColor;
 using VTObjects::toQString;
 using VTObjects::VOColorRamp;
 using VTObjects::VOColorScheme;

@@ -15,7 +15,11 @@
 #include <utility>
 #include <vector>
 
+using vtcontrolcolorscheme::HsvBound;
+using vtcontrolcolorscheme::hsvBounds;
+using vtcontrolcolorscheme::lastOpenFilePath;
 using VTObjects::rgb_color;
+using VTObjects::toRgbColor;
 using VTObjects::toVOString;
 using VTObjects::VOColorRamp;
 using VTObjects::VOColorScheme;

@@ -3,6 +3,8 @@
 #include "ui_VTColorSchemeEditorBase.h"
 #include "vomap/VORandomColorRampForHsv.h"
 
+namespace vtcontrolcolorscheme {
+
 /// One bound of the HSV random kind: where it is shown, where the ramp keeps it, and what it is
 /// for a scheme of another kind.
 struct HsvBound
@@ -21,3 +23,5 @@ inline constexpr HsvBound hsvBounds[] = {
     {&Ui::VTColorSchemeEditorBase::spinBox_minv, &VTObjects::VORandomColorRampForHsv::minV, 1},
     {&Ui::VTColorSchemeEditorBase::spinBox_maxv, &VTObjects::VORandomColorRampForHsv::maxV, 99},
 };
+
+} // namespace vtcontrolcolorscheme

@@ -11,6 +11,8 @@
 #include <QMenu>
 #include <QStandardItemModel>
 
+using vtcontrolcolorscheme::nodeInfo;
+using vtcontrolcolorscheme::nodeInfoRole;
 using VTObjects::toQString;
 using VTObjects::VOColorSchemeGroup;
 using VTObjects::VOColorSchemeManager;

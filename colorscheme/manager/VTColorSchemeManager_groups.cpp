@@ -13,6 +13,10 @@
 #include <QMessageBox>
 #include <QStandardItemModel>
 
+using vtcontrolcolorscheme::addSchemeBase;
+using vtcontrolcolorscheme::GeneratedName;
+using vtcontrolcolorscheme::isConfirmed;
+using vtcontrolcolorscheme::makeAddSchemeName;
 using VTObjects::toQString;
 using VTObjects::toVOString;
 using VTObjects::VOColorScheme;

@@ -19,6 +19,11 @@
 
 #include <algorithm>
 
+using vtcontrolcolorscheme::defaultColorRamp;
+using vtcontrolcolorscheme::isConfirmed;
+using vtcontrolcolorscheme::lastOpenFilePath;
+using vtcontrolcolorscheme::makeAddSchemeName;
+using vtcontrolcolorscheme::nodeInfo;
 using VTObjects::toQString;
 using VTObjects::toVOString;
 using VTObjects::VOColorScheme;

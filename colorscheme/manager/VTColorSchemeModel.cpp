@@ -9,6 +9,12 @@
 
 #include <stdexcept>
 
+using vtcontrolcolorscheme::AuthorColumn;
+using vtcontrolcolorscheme::DescribeColumn;
+using vtcontrolcolorscheme::NameColumn;
+using vtcontrolcolorscheme::NumberColumn;
+using vtcontrolcolorscheme::RampColumn;
+using vtcontrolcolorscheme::tablePreviewSize;
 using VTObjects::toQString;
 using VTObjects::toVOString;
 using VTObjects::VOColorScheme;

@@ -24,6 +24,14 @@
 
 #include <algorithm>
 
+using vtcontrolcolorscheme::AuthorColumn;
+using vtcontrolcolorscheme::describeColorRamp;
+using vtcontrolcolorscheme::GeneratedName;
+using vtcontrolcolorscheme::lastOpenFilePath;
+using vtcontrolcolorscheme::NameColumn;
+using vtcontrolcolorscheme::NumberColumn;
+using vtcontrolcolorscheme::RampColumn;
+using vtcontrolcolorscheme::tablePreviewSize;
 using VTObjects::safeFileName;
 using VTObjects::toQString;
 using VTObjects::toVOString;

@@ -3,6 +3,8 @@
 #include <QAbstractButton>
 #include <QMessageBox>
 
+namespace vtcontrolcolorscheme {
+
 /// Asks with a warning box whose two buttons bear the given texts; true if the user pressed the
 /// accepting one.
 inline bool isConfirmed(QWidget *parent, const QString &title, const QString &text,
@@ -17,3 +19,5 @@ inline bool isConfirmed(QWidget *parent, const QString &title, const QString &te
     box.button(QMessageBox::Cancel)->setText(cancelText);
     return box.exec() == accept;
 }
+
+} // namespace vtcontrolcolorscheme

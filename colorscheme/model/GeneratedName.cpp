@@ -3,6 +3,8 @@
 #include "vomap/VOColorSchemeGroup.h"
 #include "vomap/VOStringConversion.h"
 
+namespace vtcontrolcolorscheme {
+
 GeneratedName::GeneratedName(const QString &base)
     : base(base)
 {
@@ -37,3 +39,5 @@ QString makeAddSchemeName(const VTObjects::VOColorSchemeGroup &group)
         name.add(VTObjects::toQString(scheme.name));
     return name.next();
 }
+
+} // namespace vtcontrolcolorscheme

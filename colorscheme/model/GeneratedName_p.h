@@ -8,6 +8,8 @@ namespace VTObjects {
 class VOColorSchemeGroup;
 }
 
+namespace vtcontrolcolorscheme {
+
 /// A name made of a base text and a number: one more than the greatest number among the names that
 /// are there already. Tell it every such name, then ask for the next one.
 ///
@@ -37,3 +39,5 @@ private:
 VTCONTROLCOLORSCHEME_EXPORT QString makeAddSchemeName(const VTObjects::VOColorSchemeGroup &group);
 /// The base text of that name, for who makes several of them.
 VTCONTROLCOLORSCHEME_EXPORT QString addSchemeBase();
+
+} // namespace vtcontrolcolorscheme

@@ -4,6 +4,8 @@
 
 #include <QColor>
 
+namespace VTObjects {
+
 /// A ramp's colour as the toolkit's: components cut toward zero, opaque.
 inline QColor toQColor(const VTObjects::rgb_color<float> &color)
 {
@@ -18,3 +20,5 @@ inline VTObjects::rgb_color<float> toRgbColor(const QColor &color)
                                        static_cast<float>(color.green()),
                                        static_cast<float>(color.blue()));
 }
+
+} // namespace VTObjects

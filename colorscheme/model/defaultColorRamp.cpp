@@ -5,6 +5,8 @@
 using VTObjects::rgb_color;
 using VTObjects::VOEvenColorRamp;
 
+namespace vtcontrolcolorscheme {
+
 std::unique_ptr<VTObjects::VOColorRamp> defaultColorRamp()
 {
     rgb_color<float> sources[] = {{196, 69, 57}, {255, 255, 191}, {48, 95, 207}};
@@ -13,3 +15,5 @@ std::unique_ptr<VTObjects::VOColorRamp> defaultColorRamp()
     ramp->split(10);
     return ramp;
 }
+
+} // namespace vtcontrolcolorscheme

@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace vtcontrolcolorscheme {
+
 EntryListStyle::EntryListStyle(int widestBar)
     : QProxyStyle(QApplication::style()->objectName())
     , widestBar(widestBar)
@@ -97,3 +99,5 @@ void EntryList::paintEvent(QPaintEvent *event)
     // Translucent or not: the scroll area counts on its widget to fill its place.
     QPainter(this).fillRect(event->rect(), Qt::white);
 }
+
+} // namespace vtcontrolcolorscheme

@@ -5,6 +5,8 @@
 
 #include <functional>
 
+namespace vtcontrolcolorscheme {
+
 /// What the list of the drop-down needs of a style, over the application's one: a menu of one
 /// column however many entries it has, without frame or margins, and a scroll bar that leaves an
 /// entry its place.
@@ -48,3 +50,5 @@ private:
     Hovered hovered;
     const QAction *pressed = nullptr;
 };
+
+} // namespace vtcontrolcolorscheme

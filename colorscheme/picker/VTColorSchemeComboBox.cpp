@@ -17,6 +17,10 @@
 #include <algorithm>
 #include <memory>
 
+using vtcontrolcolorscheme::defaultColorRamp;
+using vtcontrolcolorscheme::defaultGroupCaptions;
+using vtcontrolcolorscheme::describeColorRamp;
+using vtcontrolcolorscheme::drawKeyboardFocus;
 using VTObjects::toQString;
 using VTObjects::toVOString;
 using VTObjects::VOColorRamp;

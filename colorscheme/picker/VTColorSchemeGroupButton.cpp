@@ -6,6 +6,8 @@
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
 
+using vtcontrolcolorscheme::drawKeyboardFocus;
+
 namespace {
 
 constexpr int minimumBarHeight = 20;

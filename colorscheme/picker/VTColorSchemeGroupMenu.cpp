@@ -19,6 +19,8 @@
 
 #include <algorithm>
 
+using vtcontrolcolorscheme::defaultGroupCaptions;
+using vtcontrolcolorscheme::installPickerAccessibility;
 using VTObjects::toQString;
 using VTObjects::VOColorSchemeGroup;
 using VTObjects::VOColorSchemeManager;

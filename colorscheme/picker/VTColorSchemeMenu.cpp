@@ -27,6 +27,12 @@
 
 #include <algorithm>
 
+using vtcontrolcolorscheme::defaultColorRamp;
+using vtcontrolcolorscheme::describeColorRamp;
+using vtcontrolcolorscheme::EntryList;
+using vtcontrolcolorscheme::EntryListStyle;
+using vtcontrolcolorscheme::installPickerAccessibility;
+using vtcontrolcolorscheme::makeAddSchemeName;
 using VTObjects::toQString;
 using VTObjects::toVOString;
 using VTObjects::VOColorScheme;

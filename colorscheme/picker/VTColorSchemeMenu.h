@@ -9,12 +9,15 @@
 
 #include <memory>
 
-class EntryListStyle;
 class QPushButton;
 class QScrollArea;
 class VTColorSchemeComboBox;
 class VTColorSchemeGroupButton;
 class VTSchemeMenuActionWidget;
+
+namespace vtcontrolcolorscheme {
+class EntryListStyle;
+}
 
 /// The picker's drop-down: the schemes of one group, each with its name and its strip; above them
 /// the bar that leads to the other groups, below them "User define", which makes a new scheme.
@@ -65,7 +68,7 @@ private:
     QScrollArea *scrollArea;
     VTObjects::VOColorSchemeGroup group;
 
-    std::unique_ptr<EntryListStyle> listStyle;
+    std::unique_ptr<vtcontrolcolorscheme::EntryListStyle> listStyle;
     int current = -1; // the highlighted entry
     bool movingByKey = false;
     QString typed; // the start of a name

@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QWidget>
 
+namespace vtcontrolcolorscheme {
+
 /// Draws a frame along the widget's border if the keyboard has brought the focus there: a button
 /// whose border comes from a style sheet does not show its focus by itself.
 inline void drawKeyboardFocus(QPainter &painter, const QWidget *widget)
@@ -14,3 +16,5 @@ inline void drawKeyboardFocus(QPainter &painter, const QWidget *widget)
     painter.drawRect(widget->rect().adjusted(0, 0, -1, -1));
     painter.drawRect(widget->rect().adjusted(1, 1, -2, -2));
 }
+
+} // namespace vtcontrolcolorscheme

@@ -12,6 +12,8 @@
 
 #include <algorithm>
 
+namespace vtcontrolcolorscheme {
+
 namespace {
 
 VTSchemeMenuActionWidget *entryOf(QAction *action)
@@ -149,3 +151,5 @@ void installPickerAccessibility()
 {
     QAccessible::installFactory(pickerInterface);
 }
+
+} // namespace vtcontrolcolorscheme

@@ -10,7 +10,6 @@
 #include "colorscheme/picker/VTColorSchemeGroupButton.h"
 #include "colorscheme/picker/VTColorSchemeGroupMenu.h"
 #include "colorscheme/picker/VTColorSchemeMenu.h"
-#include "colorscheme/picker/defaultGroupCaptions_p.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vtcontrolbase/VTColorMenu.h"
 
@@ -74,7 +73,7 @@ void writeSchemeWindows(MapWindow *window, Writer *writer)
     writer->write(&editor, QStringLiteral("scheme-editor"));
     editor.hide();
 
-    VTColorSchemeMenu dropDown(defaultGroupCaptions.value(group.name), group,
+    VTColorSchemeMenu dropDown(QCoreApplication::translate("QObject", "For DEM"), group,
                                window->cards().first()->picker());
     dropDown.show();
     writer->write(&dropDown, QStringLiteral("picker-drop-down"));

@@ -6,6 +6,9 @@
 #include <QTableView>
 #include <QtTest>
 
+using vtcontrolcolorscheme::CellText;
+using vtcontrolcolorscheme::describeCells;
+
 class tst_describeCells : public QObject
 {
     Q_OBJECT

@@ -5,6 +5,9 @@
 #include <QColor>
 #include <QtTest>
 
+using vtcontrolcolorscheme::defaultColorRamp;
+using vtcontrolcolorscheme::describeColor;
+using vtcontrolcolorscheme::describeColorRamp;
 using VTObjects::rgb_color;
 using VTObjects::VOEvenColorRamp;
 

@@ -5,6 +5,8 @@
 #include <QTableView>
 #include <QtTest>
 
+using vtcontrolcolorscheme::ColorRowDelegate;
+
 class tst_ColorRowDelegate : public QObject
 {
     Q_OBJECT

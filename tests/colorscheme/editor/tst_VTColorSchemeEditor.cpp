@@ -16,6 +16,10 @@
 #include <QToolBar>
 #include <QtTest>
 
+using vtcontrolcolorscheme::defaultColorRamp;
+using vtcontrolcolorscheme::describeColor;
+using vtcontrolcolorscheme::describeColorRamp;
+
 using namespace VTObjects;
 
 Q_DECLARE_METATYPE(VTObjects::VOColorRamp::ColorRampType)

@@ -25,6 +25,7 @@
 
 #include <memory>
 
+using vtcontrolcolorscheme::describeColorRamp;
 using VTObjects::rgb_color;
 using VTObjects::toVOString;
 using VTObjects::VOColorRamp;

@@ -3,6 +3,9 @@
 
 #include <QtTest>
 
+using vtcontrolcolorscheme::GeneratedName;
+using vtcontrolcolorscheme::makeAddSchemeName;
+
 class tst_GeneratedName : public QObject
 {
     Q_OBJECT

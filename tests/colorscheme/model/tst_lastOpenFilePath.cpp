@@ -7,6 +7,8 @@
 
 #include <memory>
 
+using vtcontrolcolorscheme::lastOpenFilePath;
+
 class tst_lastOpenFilePath : public QObject
 {
     Q_OBJECT

@@ -17,6 +17,8 @@
 #include <climits>
 #include <memory>
 
+using vtcontrolcolorscheme::defaultGroupCaptions;
+
 using namespace VTObjects;
 
 Q_DECLARE_METATYPE(QVector<QPointF>)

@@ -18,6 +18,8 @@
 
 #include <memory>
 
+using vtcontrolcolorscheme::defaultGroupCaptions;
+
 using namespace VTObjects;
 
 namespace {
