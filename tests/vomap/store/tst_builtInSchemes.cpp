@@ -402,7 +402,7 @@ void tst_builtInSchemes::theDocumentsTableIsTheComputedOne()
     }
     for (const QString &row : qAsConst(rows))
         std::puts(qPrintable(row));
-    const QString text = QString::fromUtf8(fileContents(QFINDTESTDATA("../../docs/quality.md")));
+    const QString text = QString::fromUtf8(fileContents(QFINDTESTDATA("../../../docs/quality.md")));
     QStringList documented;
     bool inside = false;
     for (const QString &line : text.split(QLatin1Char('\n'))) {
