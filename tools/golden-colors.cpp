@@ -1,5 +1,5 @@
 // Prints the golden hash of the colour generators and leaves with 1 where it is another than the
-// tests know. tools/check-golden-colours compiles this with several compilers and flags.
+// tests know. tools/check-golden-colors compiles this with several compilers and flags.
 #include "tests/vomap/generate/goldenColors.h"
 #include "vomap/generate/evenColors_p.h"
 #include "vomap/generate/hsvColors_p.h"

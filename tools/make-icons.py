@@ -44,11 +44,11 @@ def png_size(path):
     return struct.unpack(">II", data[16:24])
 
 
-def luminance(colour):
+def luminance(color):
     """Relative luminance of "#rrggbb" as WCAG 2.1 defines it."""
     total = 0.0
     for start, weight in ((1, 0.2126), (3, 0.7152), (5, 0.0722)):
-        part = int(colour[start : start + 2], 16) / 255
+        part = int(color[start : start + 2], 16) / 255
         linear = part / 12.92 if part <= 0.04045 else ((part + 0.055) / 1.055) ** 2.4
         total += weight * linear
     return total
@@ -70,9 +70,9 @@ def svg_faults(path):
         faults.append(f"{path.name}: viewBox is {root.get('viewBox')}, not 0 0 24 24")
     for element in root.iter():
         for key in ("fill", "stroke"):
-            colour = element.get(key)
-            if colour and colour != "none" and colour not in LINES | FILLS | MASKS:
-                faults.append(f"{path.name}: {key} {colour} is not in the palette")
+            color = element.get(key)
+            if color and color != "none" and color not in LINES | FILLS | MASKS:
+                faults.append(f"{path.name}: {key} {color} is not in the palette")
         if element.get("stroke", "none") != "none" and element.get("stroke-width") != LINE_WIDTH:
             faults.append(f"{path.name}: a line is not {LINE_WIDTH} wide")
     return faults

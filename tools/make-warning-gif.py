@@ -59,7 +59,7 @@ def mix(dim, bright, sixteenths):
     return tuple((a * (16 - sixteenths) + b * sixteenths + 8) // 16 for a, b in zip(dim, bright))
 
 
-def colour_table():
+def color_table():
     """The colours of all frames, and for each brightness its pair of indices (fill, between)."""
     table = [(0, 0, 0), OUTLINE, MARK]
     indices = {}
@@ -111,10 +111,10 @@ def animation():
     width, height = len(rows[0]), len(rows)
     if (width, height) != (20, 20) or any(len(row) != width for row in rows):
         raise ValueError("the picture is not 20 x 20")
-    table, indices = colour_table()
+    table, indices = color_table()
 
     data = b"GIF89a" + struct.pack("<HHBBB", width, height, 0xF0 | (CODE_BITS - 1), 0, 0)
-    data += b"".join(bytes(colour) for colour in table)
+    data += b"".join(bytes(color) for color in table)
     data += b"\x21\xff\x0bNETSCAPE2.0\x03\x01" + struct.pack("<HB", 0, 0)  # loops for ever
     for level in BRIGHTNESS:
         fill, between = indices[level]

@@ -15,9 +15,9 @@ namespace vtcontrolcolorscheme {
 /// function of IEC 61966-2-1. Alpha does not count.
 QString describeColor(const QColor &color);
 
-/// A ramp in words, for those who do not see its strip: "10 colours, from dark red through pale
+/// A ramp in words, for those who do not see its strip: "10 colors, from dark red through pale
 /// yellow to blue". The words between "through" and "to" name the colour in the middle and are left
-/// out if either end has the same name. "No colours" for null and for a ramp without colours. The
+/// out if either end has the same name. "No colors" for null and for a ramp without colours. The
 /// ramp is only read.
 QString describeColorRamp(VTObjects::VOColorRamp *ramp);
 

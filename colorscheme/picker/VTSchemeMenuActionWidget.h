@@ -17,7 +17,7 @@ public:
     ~VTSchemeMenuActionWidget() override;
 
     /// Sets what the entry shows. The name is plain text; one that is too long is cut with dots
-    /// and given in full by the tool tip. A null strip leaves its place empty.
+    /// and given in full by the tool-tip. A null strip leaves its place empty.
     void showScheme(const QString &name, const QPixmap &strip);
     /// Lights the name up as the pointer does, or back to white. The strip never changes.
     void setHighlighted(bool highlighted);

@@ -109,7 +109,7 @@ private Q_SLOTS:
     void recentColorsFillOneRow();
     void dismissedColorsAreNotRecent();
     void moreColorsOpensTheToolkitsDialog();
-    void cancellingTheDialogKeepsTheSetColor();
+    void cancelingTheDialogKeepsTheSetColor();
     void theGridIsRichAndHasNoColorTwice();
 };
 
@@ -594,7 +594,7 @@ void tst_VTColorMenu::moreColorsOpensTheToolkitsDialog()
     QCOMPARE(shownRecentColors().constFirst(), expected);
 }
 
-void tst_VTColorMenu::cancellingTheDialogKeepsTheSetColor()
+void tst_VTColorMenu::cancelingTheDialogKeepsTheSetColor()
 {
     VTColorMenu menu(nullptr);
     menu.setColor(foreign);

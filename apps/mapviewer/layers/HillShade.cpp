@@ -9,7 +9,7 @@ namespace mapviewer {
 namespace {
 
 constexpr double Pi = 3.14159265358979323846;
-constexpr double MetresPerDegree = 111'320.0; // along a meridian and along the equator
+constexpr double MetersPerDegree = 111'320.0; // along a meridian and along the equator
 constexpr double ReadableSlope = 15.0;        // degrees
 constexpr double GreatestExaggeration = 20.0;
 
@@ -50,7 +50,7 @@ CellLengths cellLengths(const AsciiGrid &grid)
     if (!isGeographic(extent))
         return {grid.cellSize, grid.cellSize};
     const double latitude = radians(std::clamp(extent.center().y(), -89.0, 89.0));
-    return {grid.cellSize * MetresPerDegree * std::cos(latitude), grid.cellSize * MetresPerDegree};
+    return {grid.cellSize * MetersPerDegree * std::cos(latitude), grid.cellSize * MetersPerDegree};
 }
 
 std::vector<float> hillShade(const AsciiGrid &grid, const CellLengths &cell,

@@ -15,7 +15,7 @@ namespace {
 constexpr double LeastLineDistance = 90.0;
 constexpr double WidestScaleBar = 140.0;
 constexpr double WidestRegion = 60.0; // degrees of latitude over which one bar still serves
-constexpr double MetresPerDegree = 111'320.0;
+constexpr double MetersPerDegree = 111'320.0;
 constexpr double DegreesToRadians = 3.14159265358979323846 / 180.0;
 constexpr double PlateMargin = 3.0;
 constexpr double LeastPointSize = 6.0;
@@ -66,14 +66,14 @@ QString latitudeText(double degrees)
 
 ScaleBar scaleBar(const MapView &view)
 {
-    double metresPerPixel = 1.0 / view.scaleX();
+    double metersPerPixel = 1.0 / view.scaleX();
     if (view.geographic()) {
         if (view.visible().height() > WidestRegion)
             return {};
         const double latitude = std::clamp(view.center().y(), -89.0, 89.0);
-        metresPerPixel *= MetresPerDegree * std::cos(latitude * DegreesToRadians);
+        metersPerPixel *= MetersPerDegree * std::cos(latitude * DegreesToRadians);
     }
-    const double longest = metresPerPixel * WidestScaleBar;
+    const double longest = metersPerPixel * WidestScaleBar;
     double length = std::pow(10.0, std::floor(std::log10(longest)));
     for (const double factor : {5.0, 2.0}) {
         if (length * factor <= longest) {
@@ -85,7 +85,7 @@ ScaleBar scaleBar(const MapView &view)
     const QString text = !view.geographic() ? numberText(length)
                          : length >= 1000.0 ? translated("%1 km").arg(numberText(length / 1000.0))
                                             : translated("%1 m").arg(numberText(length));
-    return {length / metresPerPixel, text};
+    return {length / metersPerPixel, text};
 }
 
 HaloText::HaloText(QPainter *painter, const MapStyle &style)

@@ -64,7 +64,7 @@ private Q_SLOTS:
     void loadingChecksNoName();
     void loadingShowsTheFilesOwnColors();
     void loadingMoreColorsThanTheBoxHolds();
-    void cancellingTheFileDialogChangesNothing();
+    void cancelingTheFileDialogChangesNothing();
     void anUnreadableFileIsReported_data();
     void anUnreadableFileIsReported();
     void theFileDialogIsOurs();
@@ -640,7 +640,7 @@ void tst_VTColorSchemeEditor_ramp::loadingMoreColorsThanTheBoxHolds()
     QCOMPARE(outputColors(test.storedByOk()), loaded.mid(0, 1000));
 }
 
-void tst_VTColorSchemeEditor_ramp::cancellingTheFileDialogChangesNothing()
+void tst_VTColorSchemeEditor_ramp::cancelingTheFileDialogChangesNothing()
 {
     EditorUnderTest test(evenRamp(someColors, 6));
     test.select({1});

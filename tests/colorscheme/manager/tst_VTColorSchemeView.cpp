@@ -51,12 +51,12 @@ private Q_SLOTS:
     void aDoubleClickOpensTheEditorOnNumberAndPreviewOnly_data();
     void aDoubleClickOpensTheEditorOnNumberAndPreviewOnly();
     void anAcceptedEditorRepaintsTheWholeTable();
-    void aCancelledEditorChangesNothing();
+    void aCanceledEditorChangesNothing();
     void withoutAManagerThereIsNoMenu();
     void exportWithoutSelectionIsRefused();
     void exportStartsAtTheLastPath();
     void exportWritesEverySelectedScheme();
-    void exportCanBeCancelled();
+    void exportCanBeCanceled();
     void exportTurnsBackslashes();
     void exportGoesOnAfterAFailure();
     void exportOfTwoEqualNamesKeepsTheLater();
@@ -271,7 +271,7 @@ void tst_VTColorSchemeView::anAcceptedEditorRepaintsTheWholeTable()
     QVERIFY(!changed[0][1].toModelIndex().isValid());
 }
 
-void tst_VTColorSchemeView::aCancelledEditorChangesNothing()
+void tst_VTColorSchemeView::aCanceledEditorChangesNothing()
 {
     view->setGroup(1, 0, makeGroup("g", {"a", "b"}));
     QSignalSpy changed(view->schemeModel(), &QAbstractItemModel::dataChanged);
@@ -340,7 +340,7 @@ void tst_VTColorSchemeView::exportWritesEverySelectedScheme()
     QCOMPARE(toQString(read.name), QStringLiteral("c"));
 }
 
-void tst_VTColorSchemeView::exportCanBeCancelled()
+void tst_VTColorSchemeView::exportCanBeCanceled()
 {
     view->setGroup(1, 0, makeGroup("g", {"a"}));
     view->selectRow(0);

@@ -29,7 +29,7 @@ private Q_SLOTS:
     void aNewGroupIsProposedByNumber_data();
     void aNewGroupIsProposedByNumber();
     void anAcceptedGroupStandsLastAndStaysInTheBackground();
-    void aCancelledGroupIsNotAdded();
+    void aCanceledGroupIsNotAdded();
     void groupsAddedOneAfterTheOtherAreNumbered();
     void onlyCustomGroupsCanBeDeleted_data();
     void onlyCustomGroupsCanBeDeleted();
@@ -172,7 +172,7 @@ void tst_managerGroups::anAcceptedGroupStandsLastAndStaysInTheBackground()
     QCOMPARE(user->table->groupIndex, 3);
 }
 
-void tst_managerGroups::aCancelledGroupIsNotAdded()
+void tst_managerGroups::aCanceledGroupIsNotAdded()
 {
     open();
     ModalDriver driver;

@@ -31,7 +31,7 @@ private Q_SLOTS:
     void cleanup();
 
     void anAddedSchemeIsNumberedAndHasTheDefaultRamp();
-    void aSchemeAddedButCancelledIsGone();
+    void aSchemeAddedButCanceledIsGone();
     void aSchemeAddedButEscapedIsShownAndNoReasonToSave();
     void schemesAreAddedToBuiltInAndCustomGroupsOnly_data();
     void schemesAreAddedToBuiltInAndCustomGroupsOnly();
@@ -156,7 +156,7 @@ void tst_managerSchemes::anAddedSchemeIsNumberedAndHasTheDefaultRamp()
     QVERIFY(VOColorSchemeManager::instance()->customTeam.groups[1].schemes.empty());
 }
 
-void tst_managerSchemes::aSchemeAddedButCancelledIsGone()
+void tst_managerSchemes::aSchemeAddedButCanceledIsGone()
 {
     open();
     user->click(1, 0);

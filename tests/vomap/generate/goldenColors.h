@@ -7,7 +7,7 @@
 #include <vector>
 
 /// One number that stands for very many generated colours, to compare builds by. Free of Qt, so
-/// that tools/check-golden-colours can compile it in any way.
+/// that tools/check-golden-colors can compile it in any way.
 namespace GoldenColors {
 
 using Color = VTObjects::rgb_color<float>;

@@ -21,7 +21,7 @@ private Q_SLOTS:
     void cellsWithoutValueHaveNoShade();
     void aNeighborWithoutValueCountsAsLevel();
     void edgesCountAsLevel();
-    void degreesBecomeMetres();
+    void degreesBecomeMeters();
     void exaggerationMakesTheMeanSlopeFifteenDegrees();
     void exaggerationStaysWithinItsLimits();
 };
@@ -122,7 +122,7 @@ void tst_HillShade::edgesCountAsLevel()
     QVERIFY(std::abs(double(shades[0]) - 0.70711) < 1e-5);
 }
 
-void tst_HillShade::degreesBecomeMetres()
+void tst_HillShade::degreesBecomeMeters()
 {
     AsciiGrid grid;
     grid.columns = grid.rows = 2;

@@ -41,8 +41,8 @@ private Q_SLOTS:
     void theManagerOpensAndLayersFollowTheStore();
     void aLayerKeepsItsColorsWhenItsSchemeIsGone();
     void editingABuiltInSchemeMakesACopyOfIt();
-    void cancelledEditingLeavesNoCopy_data();
-    void cancelledEditingLeavesNoCopy();
+    void canceledEditingLeavesNoCopy_data();
+    void canceledEditingLeavesNoCopy();
     void editingTheUsersOwnSchemeChangesIt();
 };
 
@@ -228,14 +228,14 @@ void tst_mapWindowSchemes::editingABuiltInSchemeMakesACopyOfIt()
     QCOMPARE(customGroups().size(), std::size_t(1));
 }
 
-void tst_mapWindowSchemes::cancelledEditingLeavesNoCopy_data()
+void tst_mapWindowSchemes::canceledEditingLeavesNoCopy_data()
 {
     QTest::addColumn<bool>("byButton");
     QTest::newRow("Cancel") << true;
     QTest::newRow("Escape") << false;
 }
 
-void tst_mapWindowSchemes::cancelledEditingLeavesNoCopy()
+void tst_mapWindowSchemes::canceledEditingLeavesNoCopy()
 {
     QFETCH(bool, byButton);
     const SchemeChoice before = *card("Countries")->currentScheme();
