@@ -3,6 +3,7 @@
 #include "apps/mapviewer/window/Screenshots.h"
 
 #include "vomap/VOColorSchemeManager.h"
+#include "vomap/VOStringConversion.h"
 #include "vtgiscore/VTApplication.h"
 
 #include <QApplication>
@@ -19,7 +20,7 @@ namespace {
 
 void useStore(const QString &folder)
 {
-    VTObjects::VOColorSchemeManager::setStoreDirectory(VTObjects::VOString(folder.toStdWString()));
+    VTObjects::VOColorSchemeManager::setStoreDirectory(VTObjects::toVOString(folder));
 }
 
 // Pictures show the program as it comes, whatever this user has chosen, and change nothing of it.
@@ -70,7 +71,7 @@ int main(int argc, char *argv[])
     if (parser.isSet(screenshots))
         return makeScreenshots(parser.value(screenshots), parser.positionalArguments());
 
-    const QString store = mapviewer::appSettings().value(mapviewer::StoreFolderKey).toString();
+    const QString store = mapviewer::appSettings().value(mapviewer::storeFolderKey).toString();
     if (!store.isEmpty() && QDir(store).exists())
         useStore(store);
     mapviewer::MapWindow window;

@@ -11,7 +11,7 @@ namespace mapviewer {
 
 namespace {
 
-constexpr double DefaultNoData = -9999.0;
+constexpr double defaultNoData = -9999.0;
 
 struct Token
 {
@@ -138,10 +138,10 @@ bool Reader::checkCount(const char *key, int *count)
 {
     const HeaderValue entry = header.value(key);
     const double number = entry.number;
-    if (number < 1.0 || number != std::floor(number) || number > double(MaximumGridCells)) {
+    if (number < 1.0 || number != std::floor(number) || number > double(maximumGridCells)) {
         return fail(entry.line, tr("\"%1\" must be a whole number from 1 to %2.")
                                     .arg(QLatin1String(key))
-                                    .arg(MaximumGridCells));
+                                    .arg(maximumGridCells));
     }
     *count = int(number);
     return true;
@@ -177,10 +177,10 @@ bool Reader::checkHeader()
     if (!checkCount("ncols", &grid.columns) || !checkCount("nrows", &grid.rows))
         return false;
     const qint64 cells = qint64(grid.columns) * grid.rows;
-    if (cells > MaximumGridCells) {
+    if (cells > maximumGridCells) {
         return fail(
             std::max(header.value("ncols").line, header.value("nrows").line),
-            tr("%1 cells are more than the %2 that fit here.").arg(cells).arg(MaximumGridCells));
+            tr("%1 cells are more than the %2 that fit here.").arg(cells).arg(maximumGridCells));
     }
     grid.cellSize = header.value("cellsize").number;
     if (!(grid.cellSize > 0.0))
@@ -193,7 +193,7 @@ bool Reader::checkHeader()
 
 bool Reader::readValues()
 {
-    const double noData = header.value("nodata_value", {DefaultNoData, 0}).number;
+    const double noData = header.value("nodata_value", {defaultNoData, 0}).number;
     const auto cells = std::size_t(grid.columns) * std::size_t(grid.rows);
     // A value takes two bytes at least, so a header that promises too much costs no memory.
     grid.values.reserve(std::min(cells, std::size_t(text.size()) / 2 + 1));

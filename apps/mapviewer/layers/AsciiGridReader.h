@@ -10,7 +10,7 @@
 namespace mapviewer {
 
 /// More cells than this are refused: a grid is held in memory, four bytes a cell.
-constexpr qint64 MaximumGridCells = 50'000'000;
+constexpr qint64 maximumGridCells = 50'000'000;
 
 /// Reads an ESRI ASCII grid.
 ///
@@ -18,7 +18,7 @@ constexpr qint64 MaximumGridCells = 50'000'000;
 /// "xllcorner" or "xllcenter", "yllcorner" or "yllcenter", "cellsize", and "NODATA_value", which
 /// may be left out (-9999 then). Each key stands once, with its value on the same line; corner and
 /// centre do not mix. The values follow, separated by blanks or line ends in any way, and there
-/// are exactly ncols x nrows of them. Anything else is refused: \a problem (never null) then names
+/// are exactly ncols x nrows of them. Anything else is refused: `problem` (never null) then names
 /// the line and the reason, and nothing is returned.
 std::optional<AsciiGrid> readAsciiGrid(const QByteArray &text, FileProblem *problem);
 

@@ -37,7 +37,7 @@ int ClassBreaks::classOf(double value) const
     return std::min(int(above - bounds.begin()) - 1, count() - 1);
 }
 
-std::vector<int> ClassBreaks::members(const std::vector<double> &values) const
+std::vector<int> ClassBreaks::counts(const std::vector<double> &values) const
 {
     std::vector<int> found(std::size_t(count()), 0);
     for (const double value : values) {

@@ -17,14 +17,14 @@ struct ClassBreaks
     /// From 0; -1 for what lies outside and for NaN.
     int classOf(double value) const;
     /// How many of the values fall into each class.
-    std::vector<int> members(const std::vector<double> &values) const;
+    std::vector<int> counts(const std::vector<double> &values) const;
 };
 
-/// \a count classes of one width between the two ends; a single class where both ends are the same.
-/// None when an end is NaN or \a count is below 1.
+/// `count` classes of one width between the two ends; a single class where both ends are the same.
+/// None when an end is NaN or `count` is below 1.
 ClassBreaks equalIntervals(double minimum, double maximum, int count);
 
-/// \a count classes that hold as nearly as possible the same number of values: of n sorted values,
+/// `count` classes that hold as nearly as possible the same number of values: of n sorted values,
 /// class i begins with value number floor(i * n / count). Equal values stay together, so there
 /// may be fewer classes. The bounds are values of the data. NaN is left out; no number, no class.
 ClassBreaks quantiles(std::vector<double> values, int count);

@@ -13,7 +13,7 @@ namespace mapviewer {
 
 namespace {
 
-constexpr int LeastRingPositions = 4;
+constexpr int leastRingPositions = 4;
 
 class Reader
 {
@@ -221,9 +221,9 @@ bool Reader::readRing(const QJsonValue &value, QPainterPath *area)
     if (!value.isArray())
         return fail(tr("A ring is a list of positions."));
     const QJsonArray positions = value.toArray();
-    if (positions.size() < LeastRingPositions) {
+    if (positions.size() < leastRingPositions) {
         return fail(tr("A ring needs at least %1 positions; this one has %2.")
-                        .arg(LeastRingPositions)
+                        .arg(leastRingPositions)
                         .arg(positions.size()));
     }
     QPolygonF ring;

@@ -15,19 +15,19 @@ namespace mapviewer {
 
 namespace {
 
-constexpr int LegendTicks = 6;
+constexpr int legendTicks = 6;
 // A ramp with few colours is stretched over this many, so that a pixel needs no mixing.
-constexpr int StretchedColors = 1024;
-constexpr float DarkestShade = 0.35F; // of a colour, where no light falls
-constexpr float LightestTint = 0.45F; // towards white, where the light falls square
+constexpr int stretchedColors = 1024;
+constexpr float darkestShade = 0.35F; // of a colour, where no light falls
+constexpr float lightestTint = 0.45F; // towards white, where the light falls square
 
 int shadedComponent(int component, float shade, float level)
 {
     if (shade <= level) {
-        const float dark = DarkestShade + (1.0F - DarkestShade) * (shade / level);
+        const float dark = darkestShade + (1.0F - darkestShade) * (shade / level);
         return int(std::lround(float(component) * dark));
     }
-    const float light = LightestTint * (shade - level) / (1.0F - level);
+    const float light = lightestTint * (shade - level) / (1.0F - level);
     return int(std::lround(float(component) + (255.0F - float(component)) * light));
 }
 
@@ -43,7 +43,7 @@ QVector<QRgb> stretched(const QVector<QRgb> &few, int count)
     QVector<QRgb> many;
     many.reserve(count);
     for (int i = 0; i < count; ++i)
-        many.append(few.isEmpty() ? NoValueColor : colorAlong(few, double(i) / (count - 1)));
+        many.append(few.isEmpty() ? noValueColor : colorAlong(few, double(i) / (count - 1)));
     return many;
 }
 
@@ -63,9 +63,10 @@ GridLayer::GridLayer(const QString &title, AsciiGrid cells, const QString &value
     recolor();
 }
 
-QVector<Grading> GridLayer::availableGradings() const
+QVector<ClassificationMethod> GridLayer::availableMethods() const
 {
-    return {Grading::Continuous, Grading::EqualIntervals, Grading::Quantiles};
+    return {ClassificationMethod::Unclassed, ClassificationMethod::EqualIntervals,
+            ClassificationMethod::Quantiles};
 }
 
 void GridLayer::setHillShading(bool on)
@@ -101,26 +102,26 @@ double GridLayer::positionOf(double value) const
 
 QRgb GridLayer::colorOf(float value) const
 {
-    if (grading() == Grading::Continuous) {
+    if (classificationMethod() == ClassificationMethod::Unclassed) {
         const double place = std::clamp(positionOf(value), 0.0, 1.0) * (colors.size() - 1);
         return colors.at(int(std::lround(place)));
     }
-    return colors.value(breaks.classOf(value), NoValueColor);
+    return colors.value(breaks.classOf(value), noValueColor);
 }
 
 void GridLayer::recolor()
 {
-    if (grading() == Grading::Continuous) {
+    if (classificationMethod() == ClassificationMethod::Unclassed) {
         const QVector<QRgb> few = rampColors(ramp());
         if (m_zeroInMiddle) {
             const int half = (few.size() + 1) / 2;
-            colors = stretched(few.mid(0, half), StretchedColors / 2) +
-                     stretched(few.mid(few.size() - half), StretchedColors / 2);
+            colors = stretched(few.mid(0, half), stretchedColors / 2) +
+                     stretched(few.mid(few.size() - half), stretchedColors / 2);
         } else {
-            colors = stretched(few, StretchedColors);
+            colors = stretched(few, stretchedColors);
         }
     } else {
-        if (grading() == Grading::EqualIntervals) {
+        if (classificationMethod() == ClassificationMethod::EqualIntervals) {
             breaks = equalIntervals(range.first, range.second, classCount());
         } else {
             breaks = quantiles(std::vector<double>(grid.values.begin(), grid.values.end()),
@@ -144,7 +145,7 @@ void GridLayer::recolor()
     }
 }
 
-GridLayer::Blend GridLayer::blendAt(double column, double row) const
+GridLayer::Sample GridLayer::interpolatedAt(double column, double row) const
 {
     // Between the centres of four cells; beyond the outer centres the last cell goes on.
     const double x = std::clamp(column, 0.0, grid.columns - 1.0);
@@ -162,22 +163,22 @@ GridLayer::Blend GridLayer::blendAt(double column, double row) const
                                               at(bottom, right)};
     const std::array<float, 4> weights = {(1.0F - fx) * (1.0F - fy), fx * (1.0F - fy),
                                           (1.0F - fx) * fy, fx * fy};
-    Blend blend{0.0F, 0.0F};
+    Sample sample{0.0F, 0.0F};
     for (std::size_t i = 0; i < cells.size(); ++i) {
-        blend.value += weights[i] * grid.values[cells[i]];
+        sample.value += weights[i] * grid.values[cells[i]];
         if (m_hillShading)
-            blend.shade += weights[i] * shades[cells[i]];
+            sample.shade += weights[i] * shades[cells[i]];
     }
-    if (std::isnan(blend.value)) {
+    if (std::isnan(sample.value)) {
         // Next to a gap nothing is mixed, so that gaps keep their cells' edges.
         const std::size_t nearest = cells[std::size_t((fy < 0.5F ? 0 : 2) + (fx < 0.5F ? 0 : 1))];
-        blend = {grid.values[nearest], m_hillShading ? shades[nearest] : 0.0F};
+        sample = {grid.values[nearest], m_hillShading ? shades[nearest] : 0.0F};
     }
-    return blend;
+    return sample;
 }
 
-void GridLayer::paintBlended(QPainter *painter, const QRectF &target, const QRectF &seen,
-                             double ratio) const
+void GridLayer::paintInterpolated(QPainter *painter, const QRectF &target, const QRectF &seen,
+                                  double ratio) const
 {
     const QRect area = QRectF(seen.topLeft() * ratio, seen.size() * ratio).toAlignedRect();
     QImage picture(area.size(), QImage::Format_ARGB32_Premultiplied);
@@ -190,13 +191,13 @@ void GridLayer::paintBlended(QPainter *painter, const QRectF &target, const QRec
             const double column = (area.left() + x + 0.5 - target.left() * ratio) * columnsPerPixel;
             const bool inside =
                 column >= 0.0 && column < grid.columns && row >= 0.0 && row < grid.rows;
-            const Blend blend = blendAt(column - 0.5, row - 0.5);
-            if (!inside || std::isnan(blend.value)) {
+            const Sample sample = interpolatedAt(column - 0.5, row - 0.5);
+            if (!inside || std::isnan(sample.value)) {
                 pixel[x] = qRgba(0, 0, 0, 0);
                 continue;
             }
-            const QRgb color = colorOf(blend.value);
-            pixel[x] = m_hillShading ? shaded(color, blend.shade, levelShade) : color;
+            const QRgb color = colorOf(sample.value);
+            pixel[x] = m_hillShading ? shaded(color, sample.shade, levelShade) : color;
         }
     }
     picture.setDevicePixelRatio(ratio);
@@ -210,12 +211,12 @@ void GridLayer::paint(QPainter *painter, const MapView &view) const
     if (seen.isEmpty())
         return;
     const double ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
-    const bool continuous = grading() == Grading::Continuous;
+    const bool continuous = classificationMethod() == ClassificationMethod::Unclassed;
     painter->save();
     painter->setClipRect(view.target(), Qt::IntersectClip);
     if (continuous && target.width() * ratio >= grid.columns) {
         // Heights are mixed and not colours: a coast runs between the cells, not along them.
-        paintBlended(painter, target, seen, ratio);
+        paintInterpolated(painter, target, seen, ratio);
         painter->restore();
         return;
     }
@@ -261,9 +262,9 @@ Legend GridLayer::legend() const
     }
     const QString inUnit = unit.isEmpty() ? QString() : translated("Heights in %1").arg(unit);
     legend.caption = inUnit;
-    if (grading() == Grading::Continuous) {
+    if (classificationMethod() == ClassificationMethod::Unclassed) {
         legend.strip = colors;
-        QVector<double> marks = roundSteps(range.first, range.second, LegendTicks);
+        QVector<double> marks = tickValues(range.first, range.second, legendTicks);
         const QStringList texts = numberTexts(marks);
         for (int i = 0; i < marks.size(); ++i)
             legend.ticks.append({positionOf(marks.at(i)), texts.at(i)});
@@ -280,7 +281,7 @@ Legend GridLayer::legend() const
     return legend;
 }
 
-Reading GridLayer::readingAt(const QPointF &position) const
+IdentifyResult GridLayer::identify(const QPointF &position) const
 {
     const float value = grid.valueAt(position);
     if (std::isnan(value))

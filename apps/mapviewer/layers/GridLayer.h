@@ -12,14 +12,14 @@ namespace mapviewer {
 class GridLayer final : public MapLayer
 {
 public:
-    /// \a unit follows each value ("m") and may be empty.
+    /// `unit` follows each value ("m") and may be empty.
     GridLayer(const QString &title, AsciiGrid grid, const QString &unit);
 
-    QVector<Grading> availableGradings() const override;
+    QVector<ClassificationMethod> availableMethods() const override;
     QRectF extent() const override { return grid.extent(); }
     void paint(QPainter *painter, const MapView &view) const override;
     Legend legend() const override;
-    Reading readingAt(const QPointF &position) const override;
+    IdentifyResult identify(const QPointF &position) const override;
 
     bool hillShading() const { return m_hillShading; }
     void setHillShading(bool on);
@@ -39,14 +39,14 @@ protected:
     void recolor() override;
 
 private:
-    struct Blend
+    struct Sample
     {
         float value; // NaN where there is none
         float shade; // 0 without shading
     };
-    Blend blendAt(double column, double row) const;
-    void paintBlended(QPainter *painter, const QRectF &target, const QRectF &seen,
-                      double ratio) const;
+    Sample interpolatedAt(double column, double row) const;
+    void paintInterpolated(QPainter *painter, const QRectF &target, const QRectF &seen,
+                           double ratio) const;
     double positionOf(double value) const;
     QRgb colorOf(float value) const;
     QString valueText(double value) const;

@@ -1,5 +1,7 @@
 #include "apps/mapviewer/layers/HillShade.h"
 
+#include "apps/mapviewer/layers/earth_p.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -8,15 +10,8 @@ namespace mapviewer {
 
 namespace {
 
-constexpr double Pi = 3.14159265358979323846;
-constexpr double MetersPerDegree = 111'320.0; // along a meridian and along the equator
-constexpr double ReadableSlope = 15.0;        // degrees
-constexpr double GreatestExaggeration = 20.0;
-
-double radians(double degrees)
-{
-    return degrees * Pi / 180.0;
-}
+constexpr double readableSlope = 15.0; // degrees
+constexpr double greatestExaggeration = 20.0;
 
 struct Slope
 {
@@ -49,8 +44,8 @@ CellLengths cellLengths(const AsciiGrid &grid)
     const QRectF extent = grid.extent();
     if (!isGeographic(extent))
         return {grid.cellSize, grid.cellSize};
-    const double latitude = radians(std::clamp(extent.center().y(), -89.0, 89.0));
-    return {grid.cellSize * MetersPerDegree * std::cos(latitude), grid.cellSize * MetersPerDegree};
+    const double latitude = degreesToRadians * std::clamp(extent.center().y(), -89.0, 89.0);
+    return {grid.cellSize * metersPerDegree * std::cos(latitude), grid.cellSize * metersPerDegree};
 }
 
 std::vector<float> hillShade(const AsciiGrid &grid, const CellLengths &cell,
@@ -58,9 +53,11 @@ std::vector<float> hillShade(const AsciiGrid &grid, const CellLengths &cell,
 {
     // The surface's normal is (-slope east, -slope north, 1); the brightness is the cosine of its
     // angle to the light.
-    const double toEast = std::sin(radians(light.azimuth)) * std::cos(radians(light.altitude));
-    const double toNorth = std::cos(radians(light.azimuth)) * std::cos(radians(light.altitude));
-    const double upwards = std::sin(radians(light.altitude));
+    const double azimuth = degreesToRadians * light.azimuth;
+    const double altitude = degreesToRadians * light.altitude;
+    const double toEast = std::sin(azimuth) * std::cos(altitude);
+    const double toNorth = std::cos(azimuth) * std::cos(altitude);
+    const double upwards = std::sin(altitude);
     std::vector<float> shades(grid.values.size());
     std::size_t index = 0;
     for (int row = 0; row < grid.rows; ++row) {
@@ -96,7 +93,7 @@ double readableExaggeration(const AsciiGrid &grid, const CellLengths &cell)
     if (sum <= 0.0)
         return 1.0;
     const double mean = sum / double(cells);
-    return std::clamp(std::tan(radians(ReadableSlope)) / mean, 1.0, GreatestExaggeration);
+    return std::clamp(std::tan(degreesToRadians * readableSlope) / mean, 1.0, greatestExaggeration);
 }
 
 } // namespace mapviewer

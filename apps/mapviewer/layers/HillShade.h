@@ -11,7 +11,7 @@ struct HillShadeLight
 {
     double azimuth = 315.0;    ///< degrees clockwise from north
     double altitude = 45.0;    ///< degrees above the horizon
-    double exaggeration = 1.0; ///< factor on the heights
+    double exaggeration = 1.0; ///< vertical: a factor on the heights
 };
 
 /// The ground length of a cell's sides, in the unit of the heights.
@@ -33,8 +33,8 @@ CellLengths cellLengths(const AsciiGrid &grid);
 std::vector<float> hillShade(const AsciiGrid &grid, const CellLengths &cell,
                              const HillShadeLight &light);
 
-/// The exaggeration at which the mean slope of the grid appears as 15 degrees, at least 1 and at
-/// most 20: shading that can be seen, on plains and on mountains.
+/// The vertical exaggeration at which the mean slope of the grid appears as 15 degrees, at least 1
+/// and at most 20: shading that can be seen, on plains and on mountains.
 double readableExaggeration(const AsciiGrid &grid, const CellLengths &cell);
 
 } // namespace mapviewer

@@ -20,7 +20,7 @@ using JsonPath = QVector<JsonStep>;
 class JsonLocator
 {
 public:
-    /// \a text is valid JSON, that is QJsonDocument has read it, and outlives this object.
+    /// `text` is valid JSON, that is QJsonDocument has read it, and outlives this object.
     explicit JsonLocator(const QByteArray &text);
 
     /// Counted from 1. A step that leads nowhere is left out with all after it, so that the line is

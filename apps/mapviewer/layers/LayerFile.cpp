@@ -11,11 +11,11 @@ namespace mapviewer {
 
 namespace {
 
-constexpr int LookAhead = 4096;
+constexpr int lookAhead = 4096;
 
 bool looksLikeJson(const QByteArray &text)
 {
-    QByteArray start = text.left(LookAhead);
+    QByteArray start = text.left(lookAhead);
     if (start.startsWith("\xEF\xBB\xBF"))
         start.remove(0, 3);
     start = start.trimmed();

@@ -10,12 +10,12 @@ namespace mapviewer {
 
 namespace {
 
-constexpr double SwatchWidth = 26.0;
-constexpr double SwatchHeight = 13.0;
-constexpr double RowGap = 4.0;
-constexpr double StripHeight = 16.0;
-constexpr double TickLength = 4.0;
-constexpr double TextGap = 8.0;
+constexpr double swatchWidth = 26.0;
+constexpr double swatchHeight = 13.0;
+constexpr double rowGap = 4.0;
+constexpr double stripHeight = 16.0;
+constexpr double tickLength = 4.0;
+constexpr double textGap = 8.0;
 
 // Draws, or only measures when there is no painter; remembers how far down it has come.
 class LegendDrawing
@@ -49,34 +49,34 @@ public:
             painter->setPen(color);
             painter->drawText(QRectF(left, y, width, bounds.height()), Qt::TextWordWrap, line);
         }
-        y += std::ceil(bounds.height()) + RowGap;
+        y += std::ceil(bounds.height()) + rowGap;
     }
 
     void row(const Legend::Class &entry)
     {
         const QFontMetricsF metrics(style.font);
-        const double rowHeight = std::max(SwatchHeight, std::ceil(metrics.height()));
+        const double rowHeight = std::max(swatchHeight, std::ceil(metrics.height()));
         if (painter) {
-            const QRectF swatch(left + 0.5, y + std::floor((rowHeight - SwatchHeight) / 2.0) + 0.5,
-                                SwatchWidth, SwatchHeight);
+            const QRectF swatch(left + 0.5, y + std::floor((rowHeight - swatchHeight) / 2.0) + 0.5,
+                                swatchWidth, swatchHeight);
             painter->fillRect(swatch, QColor(entry.color));
             painter->setPen(style.frame);
             painter->setBrush(Qt::NoBrush);
             painter->drawRect(swatch);
-            const double textLeft = left + SwatchWidth + TextGap;
+            const double textLeft = left + swatchWidth + textGap;
             const double textWidth = left + width - textLeft;
             painter->setFont(style.font);
             painter->setPen(style.text);
             painter->drawText(QRectF(textLeft, y, textWidth, rowHeight), Qt::AlignVCenter,
                               metrics.elidedText(entry.text, Qt::ElideRight, textWidth));
         }
-        y += rowHeight + RowGap;
+        y += rowHeight + rowGap;
     }
 
     void strip(const Legend &legend)
     {
         const QFontMetricsF metrics(style.font);
-        const QRectF box(left + 0.5, y + 0.5, width - 1.0, StripHeight);
+        const QRectF box(left + 0.5, y + 0.5, width - 1.0, stripHeight);
         if (painter) {
             const int columns = int(box.width());
             for (int i = 0; i < columns; ++i) {
@@ -88,7 +88,7 @@ public:
             painter->setBrush(Qt::NoBrush);
             painter->drawRect(box);
         }
-        const double textTop = box.bottom() + TickLength + 1.0;
+        const double textTop = box.bottom() + tickLength + 1.0;
         double freeFrom = left - 1.0;
         for (const Legend::Tick &tick : legend.ticks) {
             const double x = box.left() + tick.position * box.width();
@@ -98,18 +98,18 @@ public:
             // A number that would run into the one before it is left out, its mark stays.
             const bool fits = textLeft >= freeFrom;
             if (fits)
-                freeFrom = textLeft + textWidth + TextGap;
+                freeFrom = textLeft + textWidth + textGap;
             if (!painter)
                 continue;
             painter->setPen(style.frame);
-            painter->drawLine(QPointF(x, box.bottom()), QPointF(x, box.bottom() + TickLength));
+            painter->drawLine(QPointF(x, box.bottom()), QPointF(x, box.bottom() + tickLength));
             if (!fits)
                 continue;
             painter->setFont(style.font);
             painter->setPen(style.text);
             painter->drawText(QPointF(textLeft, textTop + metrics.ascent()), tick.text);
         }
-        y = std::ceil(textTop + metrics.height()) + RowGap;
+        y = std::ceil(textTop + metrics.height()) + rowGap;
     }
 
 private:

@@ -40,8 +40,8 @@ struct LegendStyle
     bool withTitle = true;
 };
 
-/// Draws the legend from \a origin downwards, \a width wide, and returns its height. With a null
-/// \a painter it only measures.
+/// Draws the legend from `origin` downwards, `width` wide, and returns its height. With a null
+/// `painter` it only measures.
 double drawLegend(QPainter *painter, const QPointF &origin, double width, const Legend &legend,
                   const LegendStyle &style);
 

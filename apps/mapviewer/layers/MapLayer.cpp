@@ -4,13 +4,6 @@
 
 namespace mapviewer {
 
-namespace {
-
-constexpr int LeastClasses = 2;
-constexpr int MostClasses = 12;
-
-} // namespace
-
 MapLayer::MapLayer(const QString &title)
     : m_title(title)
 {
@@ -24,17 +17,17 @@ void MapLayer::setRamp(VTObjects::VOColorRamp *ramp)
     recolor();
 }
 
-void MapLayer::setGrading(Grading grading)
+void MapLayer::setClassificationMethod(ClassificationMethod method)
 {
-    if (!availableGradings().contains(grading))
+    if (!availableMethods().contains(method))
         return;
-    m_grading = grading;
+    m_method = method;
     recolor();
 }
 
 void MapLayer::setClassCount(int count)
 {
-    m_classCount = std::clamp(count, LeastClasses, MostClasses);
+    m_classCount = std::clamp(count, fewestClasses, mostClasses);
     recolor();
 }
 

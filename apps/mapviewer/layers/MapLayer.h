@@ -13,26 +13,30 @@
 
 namespace mapviewer {
 
-/// How values become colours.
-enum class Grading {
-    Continuous,     ///< the ramp stretched from the smallest to the greatest value
+/// How values become colours: unclassed, or by the classes of a method.
+enum class ClassificationMethod {
+    Unclassed,      ///< the ramp stretched from the smallest to the greatest value
     EqualIntervals, ///< classes of one width
     Quantiles,      ///< classes of one size
     UniqueValues    ///< one colour for each value
 };
 
 /// What a layer has at one place of the map.
-struct Reading
+struct IdentifyResult
 {
     bool found = false;
     QString text;   ///< "1,204 m", or "Brazil: 8,717"
     QRgb color = 0; ///< the colour that stands for it in the legend; without any shading
 };
 
-/// One sheet of the map, coloured by a ramp.
+/// One layer of the map, coloured by a ramp.
 class MapLayer
 {
 public:
+    /// What classCount() may be.
+    static constexpr int fewestClasses = 2;
+    static constexpr int mostClasses = 12;
+
     MapLayer(const MapLayer &) = delete;
     MapLayer &operator=(const MapLayer &) = delete;
     virtual ~MapLayer();
@@ -44,15 +48,15 @@ public:
     bool isVisible() const { return visible; }
     void setVisible(bool on) { visible = on; }
 
-    /// Takes a clone: the caller keeps \a ramp, which may be null for none. A ramp without colours
+    /// Takes a clone: the caller keeps `ramp`, which may be null for none. A ramp without colours
     /// makes everything light grey.
     void setRamp(VTObjects::VOColorRamp *ramp);
 
-    Grading grading() const { return m_grading; }
-    /// Ignored unless availableGradings() has it.
-    void setGrading(Grading grading);
-    virtual QVector<Grading> availableGradings() const = 0;
-    /// For equal intervals and quantiles; from 2 to 12, other numbers are cut.
+    ClassificationMethod classificationMethod() const { return m_method; }
+    /// Ignored unless availableMethods() has it.
+    void setClassificationMethod(ClassificationMethod method);
+    virtual QVector<ClassificationMethod> availableMethods() const = 0;
+    /// For equal intervals and quantiles; numbers out of range are cut.
     int classCount() const { return m_classCount; }
     void setClassCount(int count);
 
@@ -60,19 +64,20 @@ public:
     virtual QRectF extent() const = 0;
     virtual void paint(QPainter *painter, const MapView &view) const = 0;
     virtual Legend legend() const = 0;
-    virtual Reading readingAt(const QPointF &position) const = 0;
+    virtual IdentifyResult identify(const QPointF &position) const = 0;
 
 protected:
     explicit MapLayer(const QString &title);
     VTObjects::VOColorRamp *ramp() const { return m_ramp.get(); }
-    /// Ramp, grading or number of classes have changed: makes classes and colours anew.
+    /// Ramp, classification method or number of classes have changed: makes classes and colours
+    /// anew.
     virtual void recolor() = 0;
 
 private:
     QString m_title;
     QString m_source;
     std::unique_ptr<VTObjects::VOColorRamp> m_ramp;
-    Grading m_grading = Grading::Continuous;
+    ClassificationMethod m_method = ClassificationMethod::Unclassed;
     int m_classCount = 7;
     bool visible = true;
 };

@@ -1,5 +1,7 @@
 #include "apps/mapviewer/layers/MapView.h"
 
+#include "apps/mapviewer/layers/earth_p.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -7,14 +9,13 @@ namespace mapviewer {
 
 namespace {
 
-constexpr double DegreesToRadians = 3.14159265358979323846 / 180.0;
 // Between these heights of the view, in degrees, the standard parallel moves.
-constexpr double WorldSpan = 120.0;
-constexpr double RegionSpan = 30.0;
-constexpr double GreatestParallel = 80.0;
-constexpr double WorldParallel = 36.0;
-constexpr double LeastScale = 1e-9;
-constexpr double GreatestScale = 1e9;
+constexpr double worldSpan = 120.0;
+constexpr double regionSpan = 30.0;
+constexpr double greatestParallel = 80.0;
+constexpr double worldParallel = 36.0;
+constexpr double leastScale = 1e-9;
+constexpr double greatestScale = 1e9;
 
 } // namespace
 
@@ -43,10 +44,10 @@ void MapView::setParallel()
     if (!m_geographic)
         return;
     const double span = m_target.height() / m_scale;
-    const double closeness = std::clamp((WorldSpan - span) / (WorldSpan - RegionSpan), 0.0, 1.0);
-    const double latitude = std::clamp(m_center.y(), -GreatestParallel, GreatestParallel);
-    const double parallel = std::abs(latitude) * closeness + WorldParallel * (1.0 - closeness);
-    xFactor = std::cos(parallel * DegreesToRadians);
+    const double closeness = std::clamp((worldSpan - span) / (worldSpan - regionSpan), 0.0, 1.0);
+    const double latitude = std::clamp(m_center.y(), -greatestParallel, greatestParallel);
+    const double parallel = std::abs(latitude) * closeness + worldParallel * (1.0 - closeness);
+    xFactor = std::cos(parallel * degreesToRadians);
 }
 
 QPointF MapView::toScreen(const QPointF &position) const
@@ -74,7 +75,7 @@ QRectF MapView::visible() const
 void MapView::zoom(double factor, const QPointF &pixel)
 {
     const QPointF anchor = toMap(pixel);
-    m_scale = std::clamp(m_scale * factor, LeastScale, GreatestScale);
+    m_scale = std::clamp(m_scale * factor, leastScale, greatestScale);
     // The new scale first moves the centre, and the centre the parallel; then the anchor goes
     // back under the pixel.
     for (int round = 0; round < 2; ++round) {

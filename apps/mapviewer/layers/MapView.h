@@ -5,8 +5,8 @@
 
 namespace mapviewer {
 
-/// Which part of the map is seen, and how large: the passage between map units (y northwards) and
-/// pixels (y downwards) of a target rectangle.
+/// Which part of the map is seen, and how large: the transformation between map units (y
+/// northwards) and pixels (y downwards) of a target rectangle.
 ///
 /// Longitudes and latitudes are drawn as an equidistant cylindrical projection. Its standard
 /// parallel is 36 degrees while the view spans most of the globe, a fair shape for the lands where
@@ -15,7 +15,7 @@ class MapView
 {
 public:
     MapView() = default;
-    /// Shows all of \a extent in \a target, centred, with \a margin pixels around it.
+    /// Shows all of `extent` in `target`, centred, with `margin` pixels around it.
     static MapView fitted(const QRectF &extent, const QRectF &target, bool geographic,
                           double margin);
 
@@ -33,7 +33,7 @@ public:
     /// The part of the map that the target shows.
     QRectF visible() const;
 
-    /// Enlarges by \a factor; the map under \a pixel stays there.
+    /// Enlarges by `factor`; the map under `pixel` stays there.
     void zoom(double factor, const QPointF &pixel);
     /// Moves the map along with a drag by so many pixels.
     void pan(const QPointF &pixels);

@@ -11,9 +11,9 @@ namespace mapviewer {
 
 namespace {
 
-constexpr int SignificantDigits = 4;
-constexpr int MostDecimals = 8;
-constexpr double LabelSlack = 1.0 / 50.0;
+constexpr int significantDigits = 4;
+constexpr int mostDecimals = 8;
+constexpr double labelSlack = 1.0 / 50.0;
 
 QString withDecimals(double value, int decimals)
 {
@@ -35,14 +35,14 @@ int decimalsOf(double value, int digits)
     if (value == 0.0)
         return 0;
     const int magnitude = int(std::floor(std::log10(std::abs(value)))) + 1;
-    return std::clamp(digits - magnitude, 0, MostDecimals);
+    return std::clamp(digits - magnitude, 0, mostDecimals);
 }
 
 } // namespace
 
 QString numberText(double value)
 {
-    return withDecimals(value, decimalsOf(value, SignificantDigits));
+    return withDecimals(value, decimalsOf(value, significantDigits));
 }
 
 QStringList numberTexts(const QVector<double> &values)
@@ -52,14 +52,14 @@ QStringList numberTexts(const QVector<double> &values)
     double slack = std::numeric_limits<double>::infinity();
     for (int i = 1; i < sorted.size(); ++i) {
         if (sorted.at(i) > sorted.at(i - 1))
-            slack = std::min(slack, (sorted.at(i) - sorted.at(i - 1)) * LabelSlack);
+            slack = std::min(slack, (sorted.at(i) - sorted.at(i - 1)) * labelSlack);
     }
     int decimals = 0;
     const auto isOff = [&](double value) {
         const double unit = std::pow(10.0, decimals);
         return std::abs(std::round(value * unit) / unit - value) > slack;
     };
-    while (decimals < MostDecimals && std::any_of(values.begin(), values.end(), isOff))
+    while (decimals < mostDecimals && std::any_of(values.begin(), values.end(), isOff))
         ++decimals;
     QStringList texts;
     for (const double value : values)
@@ -67,7 +67,7 @@ QStringList numberTexts(const QVector<double> &values)
     return texts;
 }
 
-QVector<double> roundSteps(double minimum, double maximum, int most)
+QVector<double> tickValues(double minimum, double maximum, int most)
 {
     QVector<double> steps;
     if (!(minimum < maximum) || most < 1)

@@ -13,8 +13,8 @@ QString numberText(double value);
 /// distance between two of them.
 QStringList numberTexts(const QVector<double> &values);
 
-/// Round numbers (1, 2 or 5 times a power of ten apart) from \a minimum to \a maximum, at most
-/// \a most of them. Empty unless minimum < maximum.
-QVector<double> roundSteps(double minimum, double maximum, int most);
+/// The ticks of an axis: round numbers (1, 2 or 5 times a power of ten apart) from `minimum` to
+/// `maximum`, at most `most` of them. Empty unless minimum < maximum.
+QVector<double> tickValues(double minimum, double maximum, int most);
 
 } // namespace mapviewer

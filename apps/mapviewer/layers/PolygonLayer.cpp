@@ -15,8 +15,8 @@ namespace mapviewer {
 
 namespace {
 
-constexpr int MostLegendValues = 12;
-constexpr double OutlineWidth = 0.8;
+constexpr int mostLegendValues = 12;
+constexpr double outlineWidth = 0.8;
 
 QString translated(const char *text)
 {
@@ -41,16 +41,17 @@ PolygonLayer::PolygonLayer(const QString &title, PolygonSet set)
         if (name.compare(QLatin1String("name"), Qt::CaseInsensitive) == 0)
             m_nameField = name;
     }
-    setGrading(Grading::UniqueValues);
+    setClassificationMethod(ClassificationMethod::UniqueValues);
     if (!names.isEmpty())
         setField(m_nameField.isEmpty() ? names.first() : m_nameField);
 }
 
-QVector<Grading> PolygonLayer::availableGradings() const
+QVector<ClassificationMethod> PolygonLayer::availableMethods() const
 {
     if (polygons.isNumeric(m_field))
-        return {Grading::Quantiles, Grading::EqualIntervals, Grading::UniqueValues};
-    return {Grading::UniqueValues};
+        return {ClassificationMethod::Quantiles, ClassificationMethod::EqualIntervals,
+                ClassificationMethod::UniqueValues};
+    return {ClassificationMethod::UniqueValues};
 }
 
 void PolygonLayer::setField(const QString &name)
@@ -67,17 +68,19 @@ void PolygonLayer::setField(const QString &name)
                               ? column.back().toDouble()
                               : std::numeric_limits<double>::quiet_NaN());
     }
-    setGrading(availableGradings().contains(grading()) ? grading() : Grading::UniqueValues);
+    setClassificationMethod(availableMethods().contains(classificationMethod())
+                                ? classificationMethod()
+                                : ClassificationMethod::UniqueValues);
 }
 
 void PolygonLayer::recolor()
 {
-    if (grading() == Grading::UniqueValues) {
+    if (classificationMethod() == ClassificationMethod::UniqueValues) {
         unique = UniqueValues(column);
         colors = uniqueColors(ramp(), unique.count());
         return;
     }
-    if (grading() == Grading::Quantiles) {
+    if (classificationMethod() == ClassificationMethod::Quantiles) {
         breaks = quantiles(numbers, classCount());
     } else {
         double low = std::numeric_limits<double>::quiet_NaN();
@@ -94,11 +97,12 @@ void PolygonLayer::recolor()
 QRgb PolygonLayer::colorOf(int feature) const
 {
     if (feature < 0 || feature >= int(column.size()))
-        return NoValueColor;
+        return noValueColor;
     const auto index = std::size_t(feature);
-    const int number = grading() == Grading::UniqueValues ? unique.classOf(column[index])
-                                                          : breaks.classOf(numbers[index]);
-    return colors.value(number, NoValueColor);
+    const int number = classificationMethod() == ClassificationMethod::UniqueValues
+                           ? unique.classOf(column[index])
+                           : breaks.classOf(numbers[index]);
+    return colors.value(number, noValueColor);
 }
 
 void PolygonLayer::paint(QPainter *painter, const MapView &view) const
@@ -109,7 +113,7 @@ void PolygonLayer::paint(QPainter *painter, const MapView &view) const
     painter->save();
     painter->setClipRect(view.target(), Qt::IntersectClip);
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(outline, OutlineWidth));
+    painter->setPen(QPen(outline, outlineWidth));
     for (std::size_t i = 0; i < polygons.features.size(); ++i) {
         const PolygonFeature &feature = polygons.features[i];
         // Not QRectF::intersects, to which an area without width is no area.
@@ -127,20 +131,22 @@ Legend PolygonLayer::legend() const
     Legend legend;
     legend.title = title();
     legend.caption = m_field;
-    const int classes = grading() == Grading::UniqueValues ? unique.count() : breaks.count();
-    if (grading() == Grading::UniqueValues) {
-        for (int i = 0; i < std::min(classes, MostLegendValues); ++i)
+    const int classes = classificationMethod() == ClassificationMethod::UniqueValues
+                            ? unique.count()
+                            : breaks.count();
+    if (classificationMethod() == ClassificationMethod::UniqueValues) {
+        for (int i = 0; i < std::min(classes, mostLegendValues); ++i)
             legend.classes.append({colors.at(i), textOf(unique.values[std::size_t(i)])});
-        if (classes > MostLegendValues)
-            legend.remark = translated("and %1 more").arg(classes - MostLegendValues);
+        if (classes > mostLegendValues)
+            legend.remark = translated("and %1 more").arg(classes - mostLegendValues);
     } else {
         const QStringList texts =
             numberTexts(QVector<double>(breaks.bounds.begin(), breaks.bounds.end()));
-        const std::vector<int> members = breaks.members(numbers);
+        const std::vector<int> counts = breaks.counts(numbers);
         for (int i = 0; i < classes; ++i) {
             legend.classes.append({colors.at(i), translated("%1 to %2  (%3)")
                                                      .arg(texts.at(i), texts.at(i + 1))
-                                                     .arg(members[std::size_t(i)])});
+                                                     .arg(counts[std::size_t(i)])});
         }
         // The high values at the top, as in the legend of a grid.
         std::reverse(legend.classes.begin(), legend.classes.end());
@@ -148,11 +154,11 @@ Legend PolygonLayer::legend() const
     const bool gaps = std::any_of(column.begin(), column.end(),
                                   [](const QVariant &value) { return !value.isValid(); });
     if (gaps || column.empty())
-        legend.classes.append({NoValueColor, translated("no value")});
+        legend.classes.append({noValueColor, translated("no value")});
     return legend;
 }
 
-Reading PolygonLayer::readingAt(const QPointF &position) const
+IdentifyResult PolygonLayer::identify(const QPointF &position) const
 {
     const int feature = polygons.featureAt(position);
     if (feature < 0)

@@ -13,15 +13,15 @@ public:
     PolygonLayer(const QString &title, PolygonSet polygons);
 
     /// Unique values for any attribute; quantiles and equal intervals for numbers.
-    QVector<Grading> availableGradings() const override;
+    QVector<ClassificationMethod> availableMethods() const override;
     QRectF extent() const override { return bounds; }
     void paint(QPainter *painter, const MapView &view) const override;
     Legend legend() const override;
-    Reading readingAt(const QPointF &position) const override;
+    IdentifyResult identify(const QPointF &position) const override;
 
     QStringList fieldNames() const { return polygons.fieldNames(); }
     QString field() const { return m_field; }
-    /// Ignored when no feature has it. A grading that it cannot have becomes unique values.
+    /// Ignored when no feature has it. A method that does not suit it becomes unique values.
     void setField(const QString &name);
     /// The attribute that names a feature in the read-out: "Name" in any case, else none.
     QString nameField() const { return m_nameField; }

@@ -54,7 +54,7 @@ QVector<QRgb> classColors(VOColorRamp *ramp, int count)
         return uniqueColors(ramp, count);
     const QVector<QRgb> colors = rampColors(ramp);
     if (colors.isEmpty())
-        return QVector<QRgb>(count, NoValueColor);
+        return QVector<QRgb>(count, noValueColor);
     QVector<QRgb> spread;
     spread.reserve(count);
     for (int i = 0; i < count; ++i)
@@ -75,7 +75,7 @@ QVector<QRgb> uniqueColors(VOColorRamp *ramp, int count)
         }
     }
     if (colors.isEmpty())
-        return QVector<QRgb>(count, NoValueColor);
+        return QVector<QRgb>(count, noValueColor);
     QVector<QRgb> picked;
     picked.reserve(count);
     for (int i = 0; i < count; ++i)

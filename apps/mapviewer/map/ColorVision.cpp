@@ -10,32 +10,32 @@ namespace {
 
 using Matrix = std::array<std::array<float, 3>, 3>;
 
-constexpr Matrix Protan = {{{{0.152286F, 1.052583F, -0.204868F}},
-                            {{0.114503F, 0.786281F, 0.099216F}},
-                            {{-0.003882F, -0.048116F, 1.051998F}}}};
-constexpr Matrix Deutan = {{{{0.367322F, 0.860646F, -0.227968F}},
-                            {{0.280085F, 0.672501F, 0.047413F}},
-                            {{-0.011820F, 0.042940F, 0.968881F}}}};
-constexpr Matrix Tritan = {{{{1.255528F, -0.076749F, -0.178779F}},
-                            {{-0.078411F, 0.930809F, 0.147602F}},
-                            {{0.004733F, 0.691367F, 0.303900F}}}};
-constexpr Matrix Gray = {
+constexpr Matrix protanMatrix = {{{{0.152286F, 1.052583F, -0.204868F}},
+                                  {{0.114503F, 0.786281F, 0.099216F}},
+                                  {{-0.003882F, -0.048116F, 1.051998F}}}};
+constexpr Matrix deutanMatrix = {{{{0.367322F, 0.860646F, -0.227968F}},
+                                  {{0.280085F, 0.672501F, 0.047413F}},
+                                  {{-0.011820F, 0.042940F, 0.968881F}}}};
+constexpr Matrix tritanMatrix = {{{{1.255528F, -0.076749F, -0.178779F}},
+                                  {{-0.078411F, 0.930809F, 0.147602F}},
+                                  {{0.004733F, 0.691367F, 0.303900F}}}};
+constexpr Matrix grayMatrix = {
     {{{0.2126F, 0.7152F, 0.0722F}}, {{0.2126F, 0.7152F, 0.0722F}}, {{0.2126F, 0.7152F, 0.0722F}}}};
 
 const Matrix &matrixOf(ColorVision vision)
 {
     switch (vision) {
     case ColorVision::Protan:
-        return Protan;
+        return protanMatrix;
     case ColorVision::Deutan:
-        return Deutan;
+        return deutanMatrix;
     case ColorVision::Tritan:
-        return Tritan;
+        return tritanMatrix;
     case ColorVision::Normal:
     case ColorVision::Gray:
         break;
     }
-    return Gray;
+    return grayMatrix;
 }
 
 float toLinear(int component)
@@ -53,19 +53,19 @@ int toEncoded(double linear)
 
 // A window has a million pixels, and powers are slow: both curves come from tables. The fine one
 // has steps so small that even next to black an encoded value is off by one at most.
-constexpr int FineSteps = 1 << 14;
+constexpr int fineSteps = 1 << 14;
 
 struct Curves
 {
     std::array<float, 256> linear;
-    std::array<uchar, FineSteps + 1> encoded;
+    std::array<uchar, fineSteps + 1> encoded;
 
     Curves()
     {
         for (int i = 0; i < 256; ++i)
             linear[std::size_t(i)] = toLinear(i);
-        for (int i = 0; i <= FineSteps; ++i)
-            encoded[std::size_t(i)] = uchar(toEncoded(double(i) / FineSteps));
+        for (int i = 0; i <= fineSteps; ++i)
+            encoded[std::size_t(i)] = uchar(toEncoded(double(i) / fineSteps));
     }
 };
 
@@ -83,7 +83,7 @@ QRgb simulated(QRgb color, ColorVision vision)
     std::array<int, 3> seen{};
     for (std::size_t i = 0; i < seen.size(); ++i) {
         const float value = matrix[i][0] * red + matrix[i][1] * green + matrix[i][2] * blue;
-        const float step = std::clamp(value, 0.0F, 1.0F) * float(FineSteps) + 0.5F;
+        const float step = std::clamp(value, 0.0F, 1.0F) * float(fineSteps) + 0.5F;
         seen[i] = curves.encoded[std::size_t(step)];
     }
     return qRgba(seen[0], seen[1], seen[2], qAlpha(color));

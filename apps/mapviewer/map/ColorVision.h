@@ -21,7 +21,7 @@ enum class ColorVision {
 QRgb simulated(QRgb color, ColorVision vision);
 
 /// The same for each pixel. The result has the format ARGB32_Premultiplied and the pixel ratio of
-/// \a image.
+/// `image`.
 QImage simulated(const QImage &image, ColorVision vision);
 
 } // namespace mapviewer

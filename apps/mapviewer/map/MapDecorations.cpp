@@ -1,6 +1,7 @@
 #include "apps/mapviewer/map/MapDecorations_p.h"
 
 #include "apps/mapviewer/layers/NumberText.h"
+#include "apps/mapviewer/layers/earth_p.h"
 
 #include <QCoreApplication>
 
@@ -12,16 +13,14 @@ namespace mapviewer {
 
 namespace {
 
-constexpr double LeastLineDistance = 90.0;
-constexpr double WidestScaleBar = 140.0;
-constexpr double WidestRegion = 60.0; // degrees of latitude over which one bar still serves
-constexpr double MetersPerDegree = 111'320.0;
-constexpr double DegreesToRadians = 3.14159265358979323846 / 180.0;
-constexpr double PlateMargin = 3.0;
-constexpr double LeastPointSize = 6.0;
-constexpr double SmallerBy = 1.5; // points
-constexpr std::array<double, 14> Steps = {0.005, 0.01, 0.02, 0.05, 0.1,  0.2,  0.5,
-                                          1.0,   2.0,  5.0,  10.0, 15.0, 30.0, 45.0};
+constexpr double leastLineDistance = 90.0;
+constexpr double widestScaleBar = 140.0;
+constexpr double widestRegion = 60.0; // degrees of latitude over which one bar still serves
+constexpr double labelMargin = 3.0;
+constexpr double leastPointSize = 6.0;
+constexpr double smallerBy = 1.5; // points
+constexpr std::array<double, 14> graticuleSteps = {0.005, 0.01, 0.02, 0.05, 0.1,  0.2,  0.5,
+                                                   1.0,   2.0,  5.0,  10.0, 15.0, 30.0, 45.0};
 
 QString degreesText(double degrees, const QString &positive, const QString &negative)
 {
@@ -35,7 +34,7 @@ QString degreesText(double degrees, const QString &positive, const QString &nega
 
 QFont smaller(QFont font)
 {
-    font.setPointSizeF(std::max(font.pointSizeF() - SmallerBy, LeastPointSize));
+    font.setPointSizeF(std::max(font.pointSizeF() - smallerBy, leastPointSize));
     return font;
 }
 
@@ -48,10 +47,11 @@ QString translated(const char *text)
 
 double graticuleStep(double pixelsPerDegree)
 {
-    const auto step = std::find_if(Steps.begin(), Steps.end(), [=](double degrees) {
-        return degrees * pixelsPerDegree >= LeastLineDistance;
-    });
-    return step == Steps.end() ? Steps.back() : *step;
+    const auto step =
+        std::find_if(graticuleSteps.begin(), graticuleSteps.end(), [=](double degrees) {
+            return degrees * pixelsPerDegree >= leastLineDistance;
+        });
+    return step == graticuleSteps.end() ? graticuleSteps.back() : *step;
 }
 
 QString longitudeText(double degrees)
@@ -68,12 +68,12 @@ ScaleBar scaleBar(const MapView &view)
 {
     double metersPerPixel = 1.0 / view.scaleX();
     if (view.geographic()) {
-        if (view.visible().height() > WidestRegion)
+        if (view.visible().height() > widestRegion)
             return {};
         const double latitude = std::clamp(view.center().y(), -89.0, 89.0);
-        metersPerPixel *= MetersPerDegree * std::cos(latitude * DegreesToRadians);
+        metersPerPixel *= metersPerDegree * std::cos(latitude * degreesToRadians);
     }
-    const double longest = metersPerPixel * WidestScaleBar;
+    const double longest = metersPerPixel * widestScaleBar;
     double length = std::pow(10.0, std::floor(std::log10(longest)));
     for (const double factor : {5.0, 2.0}) {
         if (length * factor <= longest) {
@@ -88,7 +88,7 @@ ScaleBar scaleBar(const MapView &view)
     return {length / metersPerPixel, text};
 }
 
-HaloText::HaloText(QPainter *painter, const MapStyle &style)
+MapLabel::MapLabel(QPainter *painter, const MapStyle &style)
     : painter(painter)
     , style(style)
     , font(smaller(style.font))
@@ -96,27 +96,27 @@ HaloText::HaloText(QPainter *painter, const MapStyle &style)
 {
 }
 
-double HaloText::width(const QString &text) const
+double MapLabel::width(const QString &text) const
 {
-    return std::ceil(metrics.horizontalAdvance(text)) + 2.0 * PlateMargin;
+    return std::ceil(metrics.horizontalAdvance(text)) + 2.0 * labelMargin;
 }
 
-double HaloText::height() const
+double MapLabel::height() const
 {
     return std::ceil(metrics.height());
 }
 
-void HaloText::draw(const QPointF &topLeft, const QString &text) const
+void MapLabel::draw(const QPointF &topLeft, const QString &text) const
 {
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
     painter->setBrush(style.halo);
-    painter->drawRoundedRect(QRectF(topLeft, QSizeF(width(text), height())), PlateMargin,
-                             PlateMargin);
+    painter->drawRoundedRect(QRectF(topLeft, QSizeF(width(text), height())), labelMargin,
+                             labelMargin);
     painter->setFont(font);
     painter->setPen(style.ink);
-    painter->drawText(topLeft + QPointF(PlateMargin, metrics.ascent()), text);
+    painter->drawText(topLeft + QPointF(labelMargin, metrics.ascent()), text);
     painter->restore();
 }
 

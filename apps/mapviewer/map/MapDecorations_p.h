@@ -26,13 +26,14 @@ struct ScaleBar
 };
 ScaleBar scaleBar(const MapView &view);
 
-/// Text that can be read on any map: on a plate of its own, a little smaller than the map's font.
-class HaloText
+/// A label that can be read on any map: on a background of its own, a little smaller than the map's
+/// font.
+class MapLabel
 {
 public:
-    HaloText(QPainter *painter, const MapStyle &style);
+    MapLabel(QPainter *painter, const MapStyle &style);
 
-    /// Of the plate.
+    /// Of the background.
     double width(const QString &text) const;
     double height() const;
     void draw(const QPointF &topLeft, const QString &text) const;

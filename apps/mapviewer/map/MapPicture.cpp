@@ -8,10 +8,10 @@ namespace mapviewer {
 
 namespace {
 
-constexpr double Margin = 28.0;
-constexpr double LegendWidth = 270.0;
-constexpr double LegendGap = 18.0;
-constexpr double TitleSize = 1.8; // times the map's font
+constexpr double pictureMargin = 28.0;
+constexpr double legendWidth = 270.0;
+constexpr double legendGap = 18.0;
+constexpr double titleSize = 1.8; // times the map's font
 
 QString translated(const char *text)
 {
@@ -61,21 +61,22 @@ QImage mapPicture(const MapLayers &layers, const MapView &view, const MapStyle &
     QPainter painter(&image);
     const QRectF page(QPointF(0.0, 0.0), QSizeF(settings.size));
     QFont titleFont = style.font;
-    titleFont.setPointSizeF(titleFont.pointSizeF() * TitleSize);
+    titleFont.setPointSizeF(titleFont.pointSizeF() * titleSize);
     titleFont.setBold(true);
     const double titleHeight = QFontMetricsF(titleFont, &image).height();
     const double lineHeight = QFontMetricsF(style.font, &image).height();
     painter.setPen(style.ink);
     painter.setFont(titleFont);
-    painter.drawText(page.adjusted(Margin, Margin * 0.7, -Margin, 0.0),
+    painter.drawText(page.adjusted(pictureMargin, pictureMargin * 0.7, -pictureMargin, 0.0),
                      Qt::AlignLeft | Qt::AlignTop, settings.title);
     painter.setFont(style.font);
-    painter.drawText(page.adjusted(Margin, 0.0, -Margin, -Margin * 0.5),
+    painter.drawText(page.adjusted(pictureMargin, 0.0, -pictureMargin, -pictureMargin * 0.5),
                      Qt::AlignLeft | Qt::AlignBottom, footer(layers, settings.vision));
 
-    QRectF map = page.adjusted(Margin, Margin + titleHeight, -Margin, -Margin - lineHeight);
-    const QRectF legends(map.right() - LegendWidth, map.top(), LegendWidth, map.height());
-    map.setRight(legends.left() - Margin);
+    QRectF map = page.adjusted(pictureMargin, pictureMargin + titleHeight, -pictureMargin,
+                               -pictureMargin - lineHeight);
+    const QRectF legends(map.right() - legendWidth, map.top(), legendWidth, map.height());
+    map.setRight(legends.left() - pictureMargin);
     const MapView fitted = MapView::fitted(view.visible(), map, view.geographic(), 0.0);
     MapRenderer(layers, style).paint(&painter, fitted);
     painter.setPen(QPen(style.ink, 1.0));
@@ -90,12 +91,12 @@ QImage mapPicture(const MapLayers &layers, const MapView &view, const MapStyle &
         if (!layer->isVisible())
             continue;
         const Legend legend = layer->legend();
-        const double height = drawLegend(nullptr, {}, LegendWidth, legend, legendStyle);
+        const double height = drawLegend(nullptr, {}, legendWidth, legend, legendStyle);
         // A legend that would run off the page is left out whole rather than cut.
         if (top + height > legends.bottom())
             break;
-        drawLegend(&painter, QPointF(legends.left(), top), LegendWidth, legend, legendStyle);
-        top += height + LegendGap;
+        drawLegend(&painter, QPointF(legends.left(), top), legendWidth, legend, legendStyle);
+        top += height + legendGap;
     }
     painter.end();
     if (settings.vision == ColorVision::Normal)

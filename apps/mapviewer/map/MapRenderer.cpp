@@ -14,14 +14,14 @@ namespace mapviewer {
 
 namespace {
 
-const QRectF Globe(-180.0, -90.0, 360.0, 180.0);
-constexpr double SpeckSize = 28.0; // pixels
-constexpr double FlatFactor = 50.0;
-constexpr double InsetMargin = 14.0;
-constexpr double LeastInsetWidth = 110.0;
-constexpr double GreatestInsetWidth = 230.0;
-constexpr double InsetShare = 0.21;  // of the map's width
-constexpr double InsetHeight = 0.75; // of the inset's width
+const QRectF globeExtent(-180.0, -90.0, 360.0, 180.0);
+constexpr double speckSize = 28.0; // pixels
+constexpr double flatFactor = 50.0;
+constexpr double insetMargin = 14.0;
+constexpr double leastInsetWidth = 110.0;
+constexpr double greatestInsetWidth = 230.0;
+constexpr double insetShare = 0.21;  // of the map's width
+constexpr double insetHeight = 0.75; // of the inset's width
 
 } // namespace
 
@@ -65,13 +65,13 @@ QRectF MapRenderer::extent() const
     return visible.isEmpty() ? all : visible;
 }
 
-bool MapRenderer::takesPart(const MapLayer &layer, const MapView &view) const
+bool MapRenderer::isShownIn(const MapLayer &layer, const MapView &view) const
 {
     if (!layer.isVisible())
         return false;
     const QRectF seen = view.visible();
     const auto isFlat = [&seen](const MapLayer &any) {
-        return any.extent().width() > seen.width() * FlatFactor;
+        return any.extent().width() > seen.width() * flatFactor;
     };
     if (!isFlat(layer))
         return true;
@@ -85,19 +85,19 @@ std::vector<MapInset> MapRenderer::insets(const MapView &view) const
     std::vector<MapInset> found;
     const QRectF map = view.target();
     const double width =
-        std::round(std::clamp(map.width() * InsetShare, LeastInsetWidth, GreatestInsetWidth));
+        std::round(std::clamp(map.width() * insetShare, leastInsetWidth, greatestInsetWidth));
     const double captionHeight = std::ceil(QFontMetricsF(style.font).height()) + 4.0;
-    double bottom = map.bottom() - InsetMargin;
+    double bottom = map.bottom() - insetMargin;
     // From the lowest layer up, so that on the map they stand in the order of the panel.
     for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
         const QRectF extent = (*layer)->extent();
         const QRectF marker = view.toScreen(extent);
-        const bool speck = std::max(marker.width(), marker.height()) < SpeckSize;
+        const bool speck = std::max(marker.width(), marker.height()) < speckSize;
         if (!(*layer)->isVisible() || !speck || !map.contains(marker.center()))
             continue;
-        const double height = std::round(width * InsetHeight) + captionHeight;
-        const QRectF frame(map.left() + InsetMargin, bottom - height, width, height);
-        if (frame.top() < map.top() + InsetMargin || frame.right() > map.right() - InsetMargin)
+        const double height = std::round(width * insetHeight) + captionHeight;
+        const QRectF frame(map.left() + insetMargin, bottom - height, width, height);
+        if (frame.top() < map.top() + insetMargin || frame.right() > map.right() - insetMargin)
             break;
         const QRectF caption(frame.left(), frame.top(), frame.width(), captionHeight);
         const QRectF picture = frame.adjusted(0.0, captionHeight, 0.0, 0.0);
@@ -108,7 +108,7 @@ std::vector<MapInset> MapRenderer::insets(const MapView &view) const
         inside.zoom(std::max(picture.width() / shape.width(), picture.height() / shape.height()),
                     picture.center());
         found.push_back({layer->get(), inside, frame, caption, marker});
-        bottom = frame.top() - InsetMargin;
+        bottom = frame.top() - insetMargin;
     }
     return found;
 }
@@ -133,29 +133,29 @@ void MapRenderer::paintGlobe(QPainter *painter, const MapView &view) const
 {
     // Without the lands there is nothing to tell the sea from.
     const bool lands = std::all_of(layers.begin(), layers.end(), [&](const auto &layer) {
-        return !layer->isVisible() || takesPart(*layer, view);
+        return !layer->isVisible() || isShownIn(*layer, view);
     });
     if (lands)
-        painter->fillRect(view.toScreen(Globe).intersected(view.target()), style.water);
+        painter->fillRect(view.toScreen(globeExtent).intersected(view.target()), style.water);
 }
 
 void MapRenderer::paintLayers(QPainter *painter, const MapView &view) const
 {
     for (auto layer = layers.rbegin(); layer != layers.rend(); ++layer) {
-        if (takesPart(**layer, view))
+        if (isShownIn(**layer, view))
             (*layer)->paint(painter, view);
     }
 }
 
 void MapRenderer::paintGraticule(QPainter *painter, const MapView &view) const
 {
-    const QRectF seen = view.visible().intersected(Globe);
+    const QRectF seen = view.visible().intersected(globeExtent);
     if (seen.isEmpty())
         return;
     const double step = graticuleStep(view.scale());
     const QRectF map = view.target();
     const QRectF lines = view.toScreen(seen);
-    const HaloText text(painter, style);
+    const MapLabel text(painter, style);
     // Above the globe where there is room, else along the edge of the map.
     const double labelTop = std::max(map.top() + 4.0, lines.top() - text.height() - 2.0);
     for (double x = std::ceil(seen.left() / step) * step; x <= seen.right() + 1e-9; x += step) {
@@ -223,7 +223,7 @@ void MapRenderer::paintScaleBar(QPainter *painter, const MapView &view) const
         painter->setPen(pen);
         painter->drawPolyline(QPolygonF({left + up, left, right, right + up}));
     }
-    const HaloText text(painter, style);
+    const MapLabel text(painter, style);
     text.draw((left + right) / 2.0 - QPointF(text.width(bar.text) / 2.0, text.height() + 5.0),
               bar.text);
     painter->restore();
@@ -238,24 +238,24 @@ QPointF MapRenderer::positionAt(const MapView &view, const QPointF &pixel) const
     return view.toMap(pixel);
 }
 
-Reading MapRenderer::readingAt(const MapView &view, const QPointF &pixel,
-                               const MapLayer **layer) const
+IdentifyResult MapRenderer::identify(const MapView &view, const QPointF &pixel,
+                                     const MapLayer **layer) const
 {
     *layer = nullptr;
     for (const MapInset &inset : insets(view)) {
         if (!inset.frame.contains(pixel))
             continue;
         *layer = inset.layer;
-        return inset.layer->readingAt(inset.view.toMap(pixel));
+        return inset.layer->identify(inset.view.toMap(pixel));
     }
     const QPointF position = view.toMap(pixel);
     for (const auto &candidate : layers) {
-        if (!takesPart(*candidate, view))
+        if (!isShownIn(*candidate, view))
             continue;
-        const Reading reading = candidate->readingAt(position);
-        if (reading.found) {
+        const IdentifyResult result = candidate->identify(position);
+        if (result.found) {
             *layer = candidate.get();
-            return reading;
+            return result;
         }
     }
     return {};

@@ -53,7 +53,8 @@ public:
     std::vector<MapInset> insets(const MapView &view) const;
     /// What the uppermost visible layer that has something there says, insets included, and which
     /// layer that was (null when none).
-    Reading readingAt(const MapView &view, const QPointF &pixel, const MapLayer **layer) const;
+    IdentifyResult identify(const MapView &view, const QPointF &pixel,
+                            const MapLayer **layer) const;
     /// The place on the map under a pixel, which may be one of an inset.
     QPointF positionAt(const MapView &view, const QPointF &pixel) const;
     /// The united extent of the visible layers; of all when none is visible.
@@ -61,7 +62,7 @@ public:
     /// Whether the layer takes part in that view. A visible layer does, unless the view is so deep
     /// inside it (a fiftieth of its width) that it would be one flat colour around a smaller layer:
     /// the borders of the world say nothing on the map of a valley.
-    bool takesPart(const MapLayer &layer, const MapView &view) const;
+    bool isShownIn(const MapLayer &layer, const MapView &view) const;
 
 private:
     void paintLayers(QPainter *painter, const MapView &view) const;

@@ -14,10 +14,10 @@ namespace mapviewer {
 
 namespace {
 
-constexpr double FitMargin = 16.0;
-constexpr double ZoomStep = 1.25;
-constexpr double WheelNotch = 120.0; // eighths of a degree, as the toolkit counts them
-constexpr double KeyPan = 60.0;      // pixels
+constexpr double fitMargin = 16.0;
+constexpr double zoomStep = 1.25;
+constexpr double wheelNotch = 120.0; // eighths of a degree, as the toolkit counts them
+constexpr double keyPan = 60.0;      // pixels
 
 } // namespace
 
@@ -49,7 +49,7 @@ void MapWidget::refresh()
 void MapWidget::showExtent(const QRectF &extent)
 {
     wanted = extent;
-    m_view = MapView::fitted(extent, rect(), isGeographic(extent), FitMargin);
+    m_view = MapView::fitted(extent, rect(), isGeographic(extent), fitMargin);
     refresh();
 }
 
@@ -100,8 +100,8 @@ const MapLayer *MapWidget::insetAt(const QPointF &pixel) const
 void MapWidget::report(const QPointF &pixel)
 {
     const MapLayer *layer = nullptr;
-    const Reading reading = renderer.readingAt(m_view, pixel, &layer);
-    Q_EMIT pointed(renderer.positionAt(m_view, pixel), layer, reading);
+    const IdentifyResult result = renderer.identify(m_view, pixel, &layer);
+    Q_EMIT pointed(renderer.positionAt(m_view, pixel), layer, result);
 }
 
 void MapWidget::mousePressEvent(QMouseEvent *event)
@@ -148,17 +148,17 @@ void MapWidget::mouseDoubleClickEvent(QMouseEvent *event)
     if (event->button() != Qt::LeftButton || insetAt(event->localPos()))
         return;
     wanted = QRectF();
-    m_view.zoom(ZoomStep * ZoomStep, event->localPos());
+    m_view.zoom(zoomStep * zoomStep, event->localPos());
     refresh();
 }
 
 void MapWidget::wheelEvent(QWheelEvent *event)
 {
-    const double notches = event->angleDelta().y() / WheelNotch;
+    const double notches = event->angleDelta().y() / wheelNotch;
     if (notches == 0.0)
         return;
     wanted = QRectF();
-    m_view.zoom(std::pow(ZoomStep, notches), event->position());
+    m_view.zoom(std::pow(zoomStep, notches), event->position());
     refresh();
     report(event->position());
     event->accept();
@@ -169,22 +169,22 @@ void MapWidget::keyPressEvent(QKeyEvent *event)
     QPointF moved;
     switch (event->key()) {
     case Qt::Key_Left:
-        moved = QPointF(KeyPan, 0.0);
+        moved = QPointF(keyPan, 0.0);
         break;
     case Qt::Key_Right:
-        moved = QPointF(-KeyPan, 0.0);
+        moved = QPointF(-keyPan, 0.0);
         break;
     case Qt::Key_Up:
-        moved = QPointF(0.0, KeyPan);
+        moved = QPointF(0.0, keyPan);
         break;
     case Qt::Key_Down:
-        moved = QPointF(0.0, -KeyPan);
+        moved = QPointF(0.0, -keyPan);
         break;
     case Qt::Key_Plus:
     case Qt::Key_Equal:
-        return zoomBy(ZoomStep);
+        return zoomBy(zoomStep);
     case Qt::Key_Minus:
-        return zoomBy(1.0 / ZoomStep);
+        return zoomBy(1.0 / zoomStep);
     case Qt::Key_Home:
         return showAll();
     default:

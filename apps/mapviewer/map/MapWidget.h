@@ -14,7 +14,7 @@ class MapWidget : public QWidget
 {
     Q_OBJECT
 public:
-    /// \a layers outlives this widget and is only read; call refresh() when it has changed.
+    /// `layers` outlives this widget and is only read; call refresh() when it has changed.
     MapWidget(const MapLayers &layers, QWidget *parent);
 
     const MapView &view() const { return m_view; }
@@ -29,9 +29,9 @@ public:
     void zoomBy(double factor);
 
 Q_SIGNALS:
-    /// The pointer moved. \a layer is the one that has something there, or null.
+    /// The pointer moved. `layer` is the one that has something there, or null.
     void pointed(const QPointF &position, const mapviewer::MapLayer *layer,
-                 const mapviewer::Reading &reading);
+                 const mapviewer::IdentifyResult &result);
     /// The pointer left the map.
     void pointerLeft();
     /// The user clicked that layer's inset.

@@ -4,6 +4,7 @@
 
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
+#include "vomap/VOStringConversion.h"
 
 #include <QSettings>
 #include <QStringList>
@@ -14,19 +15,9 @@ using namespace VTObjects;
 
 namespace {
 
-const QLatin1String DefaultTeam("Default");
-const QLatin1String CustomTeam("Custom");
-const QLatin1String FavoriteTeam("Favorite");
-
-QString toQString(const VOString &text)
-{
-    return QString::fromStdWString(text);
-}
-
-VOString toVOString(const QString &text)
-{
-    return VOString(text.toStdWString());
-}
+const QLatin1String defaultTeamName("Default");
+const QLatin1String customTeamName("Custom");
+const QLatin1String favoriteTeamName("Favorite");
 
 int indexIn(const VOColorSchemeGroup &group, const QString &scheme)
 {
@@ -43,9 +34,9 @@ int indexIn(const VOColorSchemeGroup &group, const QString &scheme)
 VOColorSchemeTeam *teamOf(const QString &name)
 {
     VOColorSchemeManager *store = VOColorSchemeManager::instance();
-    if (name.compare(DefaultTeam, Qt::CaseInsensitive) == 0)
+    if (name.compare(defaultTeamName, Qt::CaseInsensitive) == 0)
         return &store->defaultTeam;
-    if (name.compare(CustomTeam, Qt::CaseInsensitive) == 0)
+    if (name.compare(customTeamName, Qt::CaseInsensitive) == 0)
         return &store->customTeam;
     return &store->favoriteTeam;
 }
@@ -75,7 +66,7 @@ std::optional<SchemeChoice> findScheme(VOColorRamp *ramp)
     if (!ramp)
         return std::nullopt;
     const QVector<QRgb> colors = rampColors(ramp);
-    for (const QLatin1String &team : {DefaultTeam, CustomTeam, FavoriteTeam}) {
+    for (const QLatin1String &team : {defaultTeamName, customTeamName, favoriteTeamName}) {
         for (const VOColorSchemeGroup &group : teamOf(team)->groups) {
             for (const VOColorScheme &scheme : group.schemes) {
                 if (scheme.colorRamp && scheme.colorRamp->category() == ramp->category() &&
@@ -89,16 +80,16 @@ std::optional<SchemeChoice> findScheme(VOColorRamp *ramp)
 
 std::optional<SchemeChoice> builtInScheme(const QString &group, const QStringList &names)
 {
-    const VOColorSchemeTeam *team = teamOf(DefaultTeam);
+    const VOColorSchemeTeam *team = teamOf(defaultTeamName);
     const int index = team->index(toVOString(group));
     if (index < 0 || team->groups[std::size_t(index)].schemes.empty())
         return std::nullopt;
     const VOColorSchemeGroup &records = team->groups[std::size_t(index)];
     for (const QString &name : names) {
         if (indexIn(records, name) >= 0)
-            return SchemeChoice{DefaultTeam, group, name};
+            return SchemeChoice{defaultTeamName, group, name};
     }
-    return SchemeChoice{DefaultTeam, group, toQString(records.schemes.front().name)};
+    return SchemeChoice{defaultTeamName, group, toQString(records.schemes.front().name)};
 }
 
 } // namespace mapviewer

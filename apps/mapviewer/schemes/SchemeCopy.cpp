@@ -2,6 +2,7 @@
 
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
+#include "vomap/VOStringConversion.h"
 
 #include <QCoreApplication>
 
@@ -11,21 +12,11 @@ using namespace VTObjects;
 
 namespace {
 
-const QString CustomTeam = QStringLiteral("Custom");
+const QString customTeamName = QStringLiteral("Custom");
 
 QString translated(const char *text)
 {
     return QCoreApplication::translate("SchemeCopy", text);
-}
-
-VOString toVOString(const QString &text)
-{
-    return VOString(text.toStdWString());
-}
-
-QString toQString(const VOString &text)
-{
-    return QString::fromStdWString(text);
 }
 
 VOColorSchemeTeam &customTeam()
@@ -91,7 +82,7 @@ VOColorSchemeGroup *SchemeCopy::group() const
 
 SchemeChoice SchemeCopy::keep() const
 {
-    return {CustomTeam, toQString(group()->name),
+    return {customTeamName, toQString(group()->name),
             toQString(group()->schemes[std::size_t(m_schemeIndex)].name)};
 }
 

@@ -14,7 +14,7 @@ namespace mapviewer {
 class SchemeCopy
 {
 public:
-    /// Without a choice the copy is a new scheme with a clone of \a ramp, which is not null.
+    /// Without a choice the copy is a new scheme with a clone of `ramp`, which is not null.
     SchemeCopy(const std::optional<SchemeChoice> &choice, VTObjects::VOColorRamp *ramp);
 
     /// The scheme's group in the store; never null.

@@ -6,8 +6,8 @@ namespace mapviewer {
 
 namespace {
 
-constexpr double CornerRadius = 5.0;
-constexpr int BorderAlpha = 55;
+constexpr double cornerRadius = 5.0;
+constexpr int borderAlpha = 55;
 
 } // namespace
 
@@ -21,11 +21,11 @@ void CardFrame::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     QColor border = palette().color(QPalette::WindowText);
-    border.setAlpha(BorderAlpha);
+    border.setAlpha(borderAlpha);
     painter.setPen(border);
     painter.setBrush(palette().color(QPalette::Base));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), CornerRadius,
-                            CornerRadius);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius,
+                            cornerRadius);
 }
 
 } // namespace mapviewer

@@ -19,9 +19,7 @@ namespace mapviewer {
 
 namespace {
 
-constexpr int PickerHeight = 26;
-constexpr int LeastClasses = 2;
-constexpr int MostClasses = 12;
+constexpr int pickerHeight = 26;
 
 } // namespace
 
@@ -37,7 +35,7 @@ LayerCard::LayerCard(MapLayer *layer, const QStringList &preferredSchemes, QWidg
     column->setSpacing(6);
     addHeader(column);
     addPicker(column);
-    addGrading(column);
+    addClassification(column);
     if (auto *grid = dynamic_cast<GridLayer *>(layer))
         addGridOptions(column, grid);
     legend = new LegendWidget(this);
@@ -82,7 +80,7 @@ void LayerCard::addPicker(QVBoxLayout *column)
 {
     auto *row = new QHBoxLayout;
     m_picker = new VTColorSchemeComboBox(this);
-    m_picker->setFixedHeight(PickerHeight);
+    m_picker->setFixedHeight(pickerHeight);
     m_picker->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     m_picker->setToolTip(tr("Pick a color scheme for this layer"));
     m_picker->setAccessibleName(tr("Color scheme of %1").arg(m_layer->title()));
@@ -90,14 +88,14 @@ void LayerCard::addPicker(QVBoxLayout *column)
     auto *edit = new QToolButton(this);
     edit->setObjectName(QStringLiteral("editScheme"));
     edit->setText(tr("Edit…"));
-    edit->setFixedHeight(PickerHeight);
+    edit->setFixedHeight(pickerHeight);
     edit->setToolTip(tr("Edit this scheme, or a copy of it if it is not your own"));
     connect(edit, &QToolButton::clicked, this, &LayerCard::editRequested);
     row->addWidget(edit);
     column->addLayout(row);
 }
 
-void LayerCard::addGrading(QVBoxLayout *column)
+void LayerCard::addClassification(QVBoxLayout *column)
 {
     if (polygons) {
         auto *fields = new QComboBox(this);
@@ -109,19 +107,19 @@ void LayerCard::addGrading(QVBoxLayout *column)
         column->addWidget(fields);
     }
     auto *row = new QHBoxLayout;
-    gradings = new QComboBox(this);
-    gradings->setObjectName(QStringLiteral("grading"));
-    gradings->setToolTip(tr("How values become colors"));
-    row->addWidget(gradings, 1);
+    methods = new QComboBox(this);
+    methods->setObjectName(QStringLiteral("classificationMethod"));
+    methods->setToolTip(tr("How values become colors"));
+    row->addWidget(methods, 1);
     classCount = new QSpinBox(this);
     classCount->setObjectName(QStringLiteral("classCount"));
-    classCount->setRange(LeastClasses, MostClasses);
+    classCount->setRange(MapLayer::fewestClasses, MapLayer::mostClasses);
     classCount->setSuffix(tr(" classes"));
     classCount->setValue(m_layer->classCount());
     row->addWidget(classCount);
     column->addLayout(row);
-    fillGradings();
-    connect(gradings, QOverload<int>::of(&QComboBox::activated), this, &LayerCard::onGradingChosen);
+    fillMethods();
+    connect(methods, QOverload<int>::of(&QComboBox::activated), this, &LayerCard::onMethodChosen);
     connect(classCount, QOverload<int>::of(&QSpinBox::valueChanged), this, [this](int count) {
         m_layer->setClassCount(count);
         showChange();
@@ -155,19 +153,19 @@ void LayerCard::addGridOptions(QVBoxLayout *column, GridLayer *grid)
     column->addLayout(row);
 }
 
-void LayerCard::fillGradings()
+void LayerCard::fillMethods()
 {
     static const QHash<int, const char *> captions = {
-        {int(Grading::Continuous), QT_TR_NOOP("Continuous")},
-        {int(Grading::EqualIntervals), QT_TR_NOOP("Equal intervals")},
-        {int(Grading::Quantiles), QT_TR_NOOP("Quantiles")},
-        {int(Grading::UniqueValues), QT_TR_NOOP("Unique values")}};
-    gradings->clear();
-    for (const Grading grading : m_layer->availableGradings())
-        gradings->addItem(tr(captions.value(int(grading))), int(grading));
-    gradings->setCurrentIndex(gradings->findData(int(m_layer->grading())));
-    const bool classed =
-        m_layer->grading() == Grading::EqualIntervals || m_layer->grading() == Grading::Quantiles;
+        {int(ClassificationMethod::Unclassed), QT_TR_NOOP("Continuous")},
+        {int(ClassificationMethod::EqualIntervals), QT_TR_NOOP("Equal intervals")},
+        {int(ClassificationMethod::Quantiles), QT_TR_NOOP("Quantiles")},
+        {int(ClassificationMethod::UniqueValues), QT_TR_NOOP("Unique values")}};
+    methods->clear();
+    for (const ClassificationMethod method : m_layer->availableMethods())
+        methods->addItem(tr(captions.value(int(method))), int(method));
+    methods->setCurrentIndex(methods->findData(int(m_layer->classificationMethod())));
+    const bool classed = m_layer->classificationMethod() == ClassificationMethod::EqualIntervals ||
+                         m_layer->classificationMethod() == ClassificationMethod::Quantiles;
     classCount->setVisible(classed);
 }
 
@@ -175,8 +173,9 @@ QString LayerCard::schemeGroup() const
 {
     if (!polygons)
         return QStringLiteral("DEM");
-    return m_layer->grading() == Grading::UniqueValues ? QStringLiteral("Unique")
-                                                       : QStringLiteral("Range");
+    return m_layer->classificationMethod() == ClassificationMethod::UniqueValues
+               ? QStringLiteral("Unique")
+               : QStringLiteral("Range");
 }
 
 QString LayerCard::settingsKey() const
@@ -237,11 +236,11 @@ void LayerCard::take(const std::optional<SchemeChoice> &chosen)
     showChange();
 }
 
-void LayerCard::onGradingChosen(int index)
+void LayerCard::onMethodChosen(int index)
 {
     const QString before = schemeGroup();
-    m_layer->setGrading(Grading(gradings->itemData(index).toInt()));
-    fillGradings();
+    m_layer->setClassificationMethod(ClassificationMethod(methods->itemData(index).toInt()));
+    fillMethods();
     // Values without order want other schemes than ranges; within one kind the choice stays.
     if (schemeGroup() != before)
         reloadScheme();
@@ -254,9 +253,9 @@ void LayerCard::onFieldChosen(const QString &field)
     const QString before = schemeGroup();
     polygons->setField(field);
     // A number after a text is mostly meant to be compared.
-    if (m_layer->availableGradings().contains(Grading::Quantiles) && before == "Unique")
-        m_layer->setGrading(Grading::Quantiles);
-    fillGradings();
+    if (m_layer->availableMethods().contains(ClassificationMethod::Quantiles) && before == "Unique")
+        m_layer->setClassificationMethod(ClassificationMethod::Quantiles);
+    fillMethods();
     if (schemeGroup() != before)
         reloadScheme();
     else

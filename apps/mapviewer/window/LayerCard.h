@@ -16,13 +16,13 @@ class GridLayer;
 class LegendWidget;
 class PolygonLayer;
 
-/// One layer on the panel: whether it is shown, its scheme, how it is graded, its legend. This is
-/// where the picker meets the map: a chosen ramp goes straight into the layer.
+/// One layer on the panel: whether it is shown, its scheme, how it is classified, its legend. This
+/// is where the picker meets the map: a chosen ramp goes straight into the layer.
 class LayerCard : public CardFrame
 {
     Q_OBJECT
 public:
-    /// \a layer outlives the card and is changed by it. \a preferred names the schemes that suit
+    /// `layer` outlives the card and is changed by it. `preferred` names the schemes that suit
     /// the layer best, the best first; they serve until the user has chosen another.
     LayerCard(MapLayer *layer, const QStringList &preferred, QWidget *parent);
 
@@ -48,15 +48,15 @@ Q_SIGNALS:
 private:
     void addHeader(QVBoxLayout *column);
     void addPicker(QVBoxLayout *column);
-    void addGrading(QVBoxLayout *column);
+    void addClassification(QVBoxLayout *column);
     void addGridOptions(QVBoxLayout *column, GridLayer *grid);
     void onRampChanged();
     void take(const std::optional<SchemeChoice> &chosen);
-    void onGradingChosen(int index);
+    void onMethodChosen(int index);
     void onFieldChosen(const QString &field);
-    void fillGradings();
+    void fillMethods();
     void showChange();
-    /// The built-in group that serves the layer's present grading.
+    /// The built-in group that serves the layer's present classification.
     QString schemeGroup() const;
     QString settingsKey() const;
 
@@ -65,7 +65,7 @@ private:
     QStringList preferred;
     std::optional<SchemeChoice> choice;
     VTColorSchemeComboBox *m_picker = nullptr;
-    QComboBox *gradings = nullptr;
+    QComboBox *methods = nullptr;
     QSpinBox *classCount = nullptr;
     LegendWidget *legend = nullptr;
 };

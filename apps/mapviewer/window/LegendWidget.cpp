@@ -8,7 +8,7 @@ namespace mapviewer {
 
 namespace {
 
-constexpr int UsualWidth = 240;
+constexpr int usualWidth = 240;
 
 } // namespace
 
@@ -46,7 +46,7 @@ int LegendWidget::heightForWidth(int width) const
 
 QSize LegendWidget::sizeHint() const
 {
-    return QSize(UsualWidth, heightForWidth(UsualWidth));
+    return QSize(usualWidth, heightForWidth(usualWidth));
 }
 
 void LegendWidget::paintEvent(QPaintEvent *)

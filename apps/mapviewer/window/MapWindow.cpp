@@ -34,15 +34,15 @@ namespace mapviewer {
 
 namespace {
 
-const QSize StartSize(1280, 860);
-constexpr int PanelWidth = 330;
-constexpr double ButtonZoom = 1.5;
-const QSize SwatchSize(28, 14);
+const QSize startSize(1280, 860);
+constexpr int panelWidth = 330;
+constexpr double buttonZoom = 1.5;
+const QSize swatchSize(28, 14);
 
-const QString GeometryKey = QStringLiteral("mapviewer/geometry");
-const QString DarkKey = QStringLiteral("mapviewer/dark");
-const QString GraticuleKey = QStringLiteral("mapviewer/graticule");
-const QString HintKey = QStringLiteral("mapviewer/hintClosed");
+const QString geometryKey = QStringLiteral("mapviewer/geometry");
+const QString darkKey = QStringLiteral("mapviewer/dark");
+const QString graticuleKey = QStringLiteral("mapviewer/graticule");
+const QString hintKey = QStringLiteral("mapviewer/hintClosed");
 
 } // namespace
 
@@ -51,7 +51,7 @@ MapWindow::MapWindow(QWidget *parent)
 {
     setWindowTitle(tr("Map Viewer"));
     setWindowIcon(QIcon(QStringLiteral(":/icon/Default.png")));
-    resize(StartSize);
+    resize(startSize);
     buildCenter();
     auto *bar = addToolBar(tr("Tools"));
     bar->setObjectName(QStringLiteral("tools"));
@@ -106,7 +106,7 @@ void MapWindow::buildCenter()
 
     auto *right = new QVBoxLayout;
     right->setSpacing(8);
-    if (!appSettings().value(HintKey).toBool())
+    if (!appSettings().value(hintKey).toBool())
         right->addWidget(makeHint());
     m_map = new MapWidget(layers, center);
     right->addWidget(m_map, 1);
@@ -124,7 +124,7 @@ void MapWindow::fitPanel()
 {
     // As wide as the widest card asks for in this font, with room for the scroll bar beside it.
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, panelArea);
-    panelArea->setFixedWidth(std::max(PanelWidth, panel->minimumSizeHint().width()) + bar);
+    panelArea->setFixedWidth(std::max(panelWidth, panel->minimumSizeHint().width()) + bar);
 }
 
 QWidget *MapWindow::makeHint()
@@ -144,7 +144,7 @@ QWidget *MapWindow::makeHint()
     close->setAutoRaise(true);
     close->setToolTip(tr("Do not show this again"));
     connect(close, &QToolButton::clicked, hint, [hint] {
-        appSettings().setValue(HintKey, true);
+        appSettings().setValue(hintKey, true);
         hint->hide();
     });
     row->addWidget(close, 0, Qt::AlignTop);
@@ -156,10 +156,10 @@ void MapWindow::buildViewMenu(QToolBar *bar)
     QMenu *menu = menuBar()->addMenu(tr("&View"));
     QAction *all = menu->addAction(tr("&Whole map"), m_map, &MapWidget::showAll);
     all->setShortcut(QKeySequence(QStringLiteral("Ctrl+0")));
-    QAction *closer = menu->addAction(tr("Zoom &in"), m_map, [this] { m_map->zoomBy(ButtonZoom); });
+    QAction *closer = menu->addAction(tr("Zoom &in"), m_map, [this] { m_map->zoomBy(buttonZoom); });
     closer->setShortcut(QKeySequence::ZoomIn);
     QAction *further =
-        menu->addAction(tr("Zoom &out"), m_map, [this] { m_map->zoomBy(1.0 / ButtonZoom); });
+        menu->addAction(tr("Zoom &out"), m_map, [this] { m_map->zoomBy(1.0 / buttonZoom); });
     further->setShortcut(QKeySequence::ZoomOut);
     menu->addSeparator();
 
@@ -231,19 +231,19 @@ void MapWindow::buildStatusBar()
 void MapWindow::restoreState()
 {
     const QSettings settings = appSettings();
-    restoreGeometry(settings.value(GeometryKey).toByteArray());
-    graticuleAction->setChecked(settings.value(GraticuleKey, true).toBool());
+    restoreGeometry(settings.value(geometryKey).toByteArray());
+    graticuleAction->setChecked(settings.value(graticuleKey, true).toBool());
     // A toggle only tells of a change, so the light theme is set by hand.
-    darkAction->setChecked(settings.value(DarkKey, false).toBool());
+    darkAction->setChecked(settings.value(darkKey, false).toBool());
     setDarkTheme(darkAction->isChecked());
 }
 
 void MapWindow::closeEvent(QCloseEvent *event)
 {
     QSettings settings = appSettings();
-    settings.setValue(GeometryKey, saveGeometry());
-    settings.setValue(GraticuleKey, graticuleAction->isChecked());
-    settings.setValue(DarkKey, darkAction->isChecked());
+    settings.setValue(geometryKey, saveGeometry());
+    settings.setValue(graticuleKey, graticuleAction->isChecked());
+    settings.setValue(darkKey, darkAction->isChecked());
     QMainWindow::closeEvent(event);
 }
 
@@ -273,7 +273,8 @@ void MapWindow::showLayer(const MapLayer *layer)
     m_map->showExtent(layer->extent());
 }
 
-void MapWindow::onPointed(const QPointF &position, const MapLayer *layer, const Reading &reading)
+void MapWindow::onPointed(const QPointF &position, const MapLayer *layer,
+                          const IdentifyResult &result)
 {
     if (m_map->view().geographic()) {
         positionLabel->setText(
@@ -282,15 +283,15 @@ void MapWindow::onPointed(const QPointF &position, const MapLayer *layer, const 
         positionLabel->setText(
             QStringLiteral("%1  %2").arg(numberText(position.x()), numberText(position.y())));
     }
-    const bool found = layer && reading.found;
+    const bool found = layer && result.found;
     swatchLabel->setVisible(found);
     if (!found) {
         valueLabel->setText(tr("No value here"));
         return;
     }
-    const QColor color(reading.color);
-    swatchLabel->setPixmap(VTSymbolUtils::createColorPixmap(SwatchSize, color));
-    valueLabel->setText(tr("%1 – %2   %3").arg(layer->title(), reading.text, color.name()));
+    const QColor color(result.color);
+    swatchLabel->setPixmap(VTSymbolUtils::createColorPixmap(swatchSize, color));
+    valueLabel->setText(tr("%1 – %2   %3").arg(layer->title(), result.text, color.name()));
 }
 
 void MapWindow::onPointerLeft()

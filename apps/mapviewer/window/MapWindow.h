@@ -14,9 +14,6 @@ class QVBoxLayout;
 
 namespace mapviewer {
 
-/// In the application's settings: the folder of the scheme store that was opened last.
-const QString StoreFolderKey = QStringLiteral("mapviewer/store");
-
 class ColorVisionEffect;
 class LayerCard;
 class MapWidget;
@@ -31,7 +28,7 @@ public:
     ~MapWindow() override;
 
     /// Adds an ASCII grid or a GeoJSON file as the uppermost layer and shows it. False, with
-    /// nothing changed and the reason in \a problem (never null), when it is refused.
+    /// nothing changed and the reason in `problem` (never null), when it is refused.
     bool openFile(const QString &path, FileProblem *problem);
     /// The same, with a message box about a file that is refused.
     void openFileOrTell(const QString &path);
@@ -74,7 +71,7 @@ private:
     void onOpenStore();
     void onExport();
     void onAbout();
-    void onPointed(const QPointF &position, const MapLayer *layer, const Reading &reading);
+    void onPointed(const QPointF &position, const MapLayer *layer, const IdentifyResult &result);
     void onPointerLeft();
     void restoreState();
     void syncCards();

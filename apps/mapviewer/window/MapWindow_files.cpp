@@ -22,20 +22,20 @@ namespace mapviewer {
 
 namespace {
 
-const QString LastFolderKey = QStringLiteral("history/lastOpenFilePath");
+const QString lastFolderKey = QStringLiteral("history/lastOpenFilePath");
 // Begins a place in a data base, which is no folder to start a file dialog in.
-const QString DatabasePrefix = QStringLiteral("VTSDE30_");
-const QString OwnData = QStringLiteral(":/mapviewer/data/");
+const QString databasePrefix = QStringLiteral("VTSDE30_");
+const QString ownDataFolder = QStringLiteral(":/mapviewer/data/");
 
 QString lastFolder()
 {
-    const QString folder = appSettings().value(LastFolderKey).toString();
-    return folder.startsWith(DatabasePrefix) ? QString() : folder;
+    const QString folder = appSettings().value(lastFolderKey).toString();
+    return folder.startsWith(databasePrefix) ? QString() : folder;
 }
 
 void rememberFolderOf(const QString &path)
 {
-    appSettings().setValue(LastFolderKey, QFileInfo(path).absolutePath());
+    appSettings().setValue(lastFolderKey, QFileInfo(path).absolutePath());
 }
 
 } // namespace
@@ -43,24 +43,25 @@ void rememberFolderOf(const QString &path)
 void MapWindow::addOwnLayers()
 {
     FileProblem problem;
-    if (auto layer = readLayerFile(OwnData + "countries.geojson", tr("Countries"), {}, &problem)) {
+    if (auto layer =
+            readLayerFile(ownDataFolder + "countries.geojson", tr("Countries"), {}, &problem)) {
         auto *countries = static_cast<PolygonLayer *>(layer.get());
         countries->setField(QStringLiteral("GDP per head (USD)"));
-        countries->setGrading(Grading::Quantiles);
+        countries->setClassificationMethod(ClassificationMethod::Quantiles);
         countries->setSource(tr("Countries: made with Natural Earth (public domain)"));
         addLayer(std::move(layer),
                  {QStringLiteral("Yellow to red"), QStringLiteral("Political, soft")});
     }
     const QString unit = tr("m");
     const QString agencies = tr("Heights: agencies of the United States government");
-    if (auto layer = readLayerFile(OwnData + "terrain.asc", tr("Terrain"), unit, &problem)) {
+    if (auto layer = readLayerFile(ownDataFolder + "terrain.asc", tr("Terrain"), unit, &problem)) {
         static_cast<GridLayer *>(layer.get())->setHillShading(true);
         layer->setSource(agencies);
         addLayer(std::move(layer),
                  {QStringLiteral("Temperate hills"), QStringLiteral("Dry relief")});
     }
-    if (auto layer =
-            readLayerFile(OwnData + "relief.asc", tr("Relief and sea floor"), unit, &problem)) {
+    if (auto layer = readLayerFile(ownDataFolder + "relief.asc", tr("Relief and sea floor"), unit,
+                                   &problem)) {
         auto *relief = static_cast<GridLayer *>(layer.get());
         relief->setHillShading(true);
         relief->setZeroInMiddle(true);

@@ -7,6 +7,7 @@
 #include "colorscheme/manager/VTColorSchemeManager.h"
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "vomap/VOColorSchemeManager.h"
+#include "vomap/VOStringConversion.h"
 
 #include <QFileDialog>
 #include <QIcon>
@@ -18,7 +19,6 @@
 namespace mapviewer {
 
 using VTObjects::VOColorSchemeManager;
-using VTObjects::VOString;
 
 void MapWindow::buildSchemeMenu(QToolBar *bar)
 {
@@ -68,7 +68,7 @@ void MapWindow::editScheme(LayerCard *card)
 void MapWindow::onOpenStore()
 {
     const QString folder = QFileDialog::getExistingDirectory(
-        this, tr("Open scheme store"), appSettings().value(StoreFolderKey).toString(),
+        this, tr("Open scheme store"), appSettings().value(storeFolderKey).toString(),
         QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog);
     if (!folder.isEmpty())
         openStore(folder);
@@ -76,9 +76,9 @@ void MapWindow::onOpenStore()
 
 bool MapWindow::openStore(const QString &folder)
 {
-    VOColorSchemeManager::setStoreDirectory(VOString(folder.toStdWString()));
+    VOColorSchemeManager::setStoreDirectory(VTObjects::toVOString(folder));
     const bool good = VOColorSchemeManager::instance()->load();
-    appSettings().setValue(StoreFolderKey, folder);
+    appSettings().setValue(storeFolderKey, folder);
     for (LayerCard *card : cards())
         card->reloadScheme();
     if (!good) {

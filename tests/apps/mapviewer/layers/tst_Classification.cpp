@@ -28,7 +28,7 @@ private Q_SLOTS:
     void unknownAndInvalidValuesHaveNoClass();
 };
 
-static const double None = std::numeric_limits<double>::quiet_NaN();
+static const double noValue = std::numeric_limits<double>::quiet_NaN();
 
 void tst_Classification::equalIntervalsHaveOneWidth()
 {
@@ -56,11 +56,11 @@ void tst_Classification::oneValueIsOneClass()
 void tst_Classification::nothingToClassGivesNoClass()
 {
     for (const ClassBreaks &breaks :
-         {equalIntervals(None, None, 3), equalIntervals(0, 1, 0), quantiles({}, 3),
-          quantiles({None}, 3), quantiles({1, 2}, 0), ClassBreaks()}) {
+         {equalIntervals(noValue, noValue, 3), equalIntervals(0, 1, 0), quantiles({}, 3),
+          quantiles({noValue}, 3), quantiles({1, 2}, 0), ClassBreaks()}) {
         QCOMPARE(breaks.count(), 0);
         QCOMPARE(breaks.classOf(1), -1);
-        QVERIFY(breaks.members({1, 2}).empty());
+        QVERIFY(breaks.counts({1, 2}).empty());
     }
 }
 
@@ -69,10 +69,10 @@ void tst_Classification::quantilesOfTenNumbers()
     const Numbers values = {10, 1, 9, 2, 8, 3, 7, 4, 6, 5};
     const ClassBreaks breaks = quantiles(values, 5);
     QCOMPARE(breaks.bounds, Numbers({1, 3, 5, 7, 9, 10}));
-    QCOMPARE(breaks.members(values), std::vector<int>({2, 2, 2, 2, 2}));
+    QCOMPARE(breaks.counts(values), std::vector<int>({2, 2, 2, 2, 2}));
     // 10 into 3: floor(10 / 3) = 3 and floor(20 / 3) = 6.
     QCOMPARE(quantiles(values, 3).bounds, Numbers({1, 4, 7, 10}));
-    QCOMPARE(quantiles(values, 3).members(values), std::vector<int>({3, 3, 4}));
+    QCOMPARE(quantiles(values, 3).counts(values), std::vector<int>({3, 3, 4}));
 }
 
 void tst_Classification::quantilesKeepEqualValuesTogether_data()
@@ -80,7 +80,7 @@ void tst_Classification::quantilesKeepEqualValuesTogether_data()
     QTest::addColumn<Numbers>("values");
     QTest::addColumn<int>("count");
     QTest::addColumn<Numbers>("bounds");
-    QTest::addColumn<std::vector<int>>("members");
+    QTest::addColumn<std::vector<int>>("counts");
     QTest::newRow("ties at the bottom")
         << Numbers{1, 1, 1, 1, 2, 3} << 3 << Numbers{1, 2, 3} << std::vector<int>{4, 2};
     QTest::newRow("ties at the top")
@@ -94,18 +94,18 @@ void tst_Classification::quantilesKeepEqualValuesTogether()
     QFETCH(Numbers, values);
     QFETCH(int, count);
     QFETCH(Numbers, bounds);
-    QFETCH(std::vector<int>, members);
+    QFETCH(std::vector<int>, counts);
     const ClassBreaks breaks = quantiles(values, count);
     QCOMPARE(breaks.bounds, bounds);
-    QCOMPARE(breaks.members(values), members);
+    QCOMPARE(breaks.counts(values), counts);
 }
 
 void tst_Classification::quantilesLeaveNaNOut()
 {
-    const ClassBreaks breaks = quantiles({None, 1, None, 2}, 2);
+    const ClassBreaks breaks = quantiles({noValue, 1, noValue, 2}, 2);
     QCOMPARE(breaks.bounds, Numbers({1, 2, 2}));
-    QCOMPARE(breaks.classOf(None), -1);
-    QCOMPARE(breaks.members({None, 1, 2}), std::vector<int>({1, 1}));
+    QCOMPARE(breaks.classOf(noValue), -1);
+    QCOMPARE(breaks.counts({noValue, 1, 2}), std::vector<int>({1, 1}));
 }
 
 void tst_Classification::moreClassesThanValues()

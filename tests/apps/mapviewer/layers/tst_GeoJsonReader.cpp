@@ -25,7 +25,7 @@ private Q_SLOTS:
     void locatorSkipsBracketsInTexts();
 };
 
-static const QByteArray Square = "[[[0,0],[4,0],[4,4],[0,4],[0,0]]]";
+static const QByteArray square = "[[[0,0],[4,0],[4,4],[0,4],[0,0]]]";
 
 static QByteArray feature(const QByteArray &geometry, const QByteArray &properties = "{}")
 {
@@ -41,20 +41,20 @@ void tst_GeoJsonReader::readsEachKindOfRoot_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<int>("features");
-    QTest::newRow("Polygon") << polygon(Square) << 1;
+    QTest::newRow("Polygon") << polygon(square) << 1;
     QTest::newRow("MultiPolygon") << QByteArray("{\"type\":\"MultiPolygon\",\"coordinates\":[" +
-                                                Square + "]}")
+                                                square + "]}")
                                   << 1;
-    QTest::newRow("Feature") << feature(polygon(Square)) << 1;
+    QTest::newRow("Feature") << feature(polygon(square)) << 1;
     QTest::newRow("FeatureCollection")
-        << QByteArray("{\"type\":\"FeatureCollection\",\"features\":[" + feature(polygon(Square)) +
-                      "," + feature(polygon(Square)) + "]}")
+        << QByteArray("{\"type\":\"FeatureCollection\",\"features\":[" + feature(polygon(square)) +
+                      "," + feature(polygon(square)) + "]}")
         << 2;
-    QTest::newRow("byte order mark") << QByteArray("\xEF\xBB\xBF" + polygon(Square)) << 1;
+    QTest::newRow("byte order mark") << QByteArray("\xEF\xBB\xBF" + polygon(square)) << 1;
     QTest::newRow("positions with a height")
         << polygon("[[[0,0,7],[4,0,7],[4,4,7],[0,4,7],[0,0,7]]]") << 1;
     QTest::newRow("no attributes")
-        << QByteArray("{\"type\":\"Feature\",\"properties\":null,\"geometry\":" + polygon(Square) +
+        << QByteArray("{\"type\":\"Feature\",\"properties\":null,\"geometry\":" + polygon(square) +
                       "}")
         << 1;
 }
@@ -88,8 +88,8 @@ void tst_GeoJsonReader::attributesKeepTheirTypes()
     FileProblem problem;
     const auto set = readGeoJson(
         "{\"type\":\"FeatureCollection\",\"features\":[" +
-            feature(polygon(Square), "{\"n\":\"A\",\"v\":3,\"w\":null,\"b\":true,\"o\":{}}") + "," +
-            feature(polygon(Square), "{\"n\":\"B\",\"v\":2.5,\"w\":1}") + "]}",
+            feature(polygon(square), "{\"n\":\"A\",\"v\":3,\"w\":null,\"b\":true,\"o\":{}}") + "," +
+            feature(polygon(square), "{\"n\":\"B\",\"v\":2.5,\"w\":1}") + "]}",
         &problem);
     QVERIFY2(set, qPrintable(problem.text));
     QCOMPARE(set->fieldNames(), QStringList({"b", "n", "v", "w"}));
@@ -106,7 +106,7 @@ void tst_GeoJsonReader::featuresWithoutPlaceAreLeftOut()
 {
     FileProblem problem;
     const auto set = readGeoJson("{\"type\":\"FeatureCollection\",\"features\":[" +
-                                     feature("null") + "," + feature(polygon(Square)) + "]}",
+                                     feature("null") + "," + feature(polygon(square)) + "]}",
                                  &problem);
     QVERIFY2(set, qPrintable(problem.text));
     QCOMPARE(int(set->features.size()), 1);
@@ -116,7 +116,7 @@ void tst_GeoJsonReader::theLaterOfTwoOverlappingFeaturesIsFound()
 {
     FileProblem problem;
     const auto set =
-        readGeoJson("{\"type\":\"FeatureCollection\",\"features\":[" + feature(polygon(Square)) +
+        readGeoJson("{\"type\":\"FeatureCollection\",\"features\":[" + feature(polygon(square)) +
                         "," + feature(polygon("[[[0,0],[2,0],[2,2],[0,2],[0,0]]]")) + "]}",
                     &problem);
     QVERIFY(set);
@@ -131,7 +131,7 @@ void tst_GeoJsonReader::refusesWithTheLine_data()
     QTest::addColumn<QString>("part"); // of the message
 
     const QByteArray open = "{\"type\":\"FeatureCollection\",\n\"features\":[\n";
-    const QByteArray good = feature(polygon(Square));
+    const QByteArray good = feature(polygon(square));
     const auto ring = [](const QByteArray &positions) {
         return "{\"type\":\"Polygon\",\n\"coordinates\":[\n[" + positions + "]]}";
     };

@@ -26,7 +26,7 @@ private Q_SLOTS:
     void exaggerationStaysWithinItsLimits();
 };
 
-static const float None = std::numeric_limits<float>::quiet_NaN();
+static const float noValue = std::numeric_limits<float>::quiet_NaN();
 
 static AsciiGrid grid3x3(const std::vector<float> &values)
 {
@@ -101,7 +101,7 @@ void tst_HillShade::groundTurnedAwayIsBlack()
 void tst_HillShade::cellsWithoutValueHaveNoShade()
 {
     const std::vector<float> shades =
-        hillShade(grid3x3({0, 0, 0, 0, None, 0, 0, 0, 0}), {1.0, 1.0}, {});
+        hillShade(grid3x3({0, 0, 0, 0, noValue, 0, 0, 0, 0}), {1.0, 1.0}, {});
     QVERIFY(std::isnan(shades[4]));
     QVERIFY(!std::isnan(shades[3]));
 }
@@ -109,7 +109,7 @@ void tst_HillShade::cellsWithoutValueHaveNoShade()
 void tst_HillShade::aNeighborWithoutValueCountsAsLevel()
 {
     const HillShadeLight west{270.0, 45.0, 1.0};
-    QCOMPARE(shade(grid3x3({0, 0, 0, 0, 0, None, 0, 0, 0}), west),
+    QCOMPARE(shade(grid3x3({0, 0, 0, 0, 0, noValue, 0, 0, 0}), west),
              shade(grid3x3(std::vector<float>(9, 0.0F)), west));
 }
 

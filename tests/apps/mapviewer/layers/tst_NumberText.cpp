@@ -16,7 +16,7 @@ private Q_SLOTS:
     void stepsAreRound();
 };
 
-static const QString Minus(QChar(0x2212));
+static const QString minus(QChar(0x2212));
 
 void tst_NumberText::numbersAreShort_data()
 {
@@ -26,7 +26,7 @@ void tst_NumberText::numbersAreShort_data()
     QTest::newRow("negative zero") << -0.0 << "0";
     QTest::newRow("whole") << 12.0 << "12";
     QTest::newRow("thousands") << 1234567.0 << "1,234,567";
-    QTest::newRow("negative") << -1204.4 << Minus + "1,204";
+    QTest::newRow("negative") << -1204.4 << minus + "1,204";
     QTest::newRow("four digits") << 3.14159 << "3.142";
     QTest::newRow("no needless zeros") << 2.50 << "2.5";
     QTest::newRow("small") << 0.00123456 << "0.001235";
@@ -67,7 +67,7 @@ void tst_NumberText::stepsAreRound()
     QFETCH(double, minimum);
     QFETCH(double, maximum);
     QFETCH(QVector<double>, steps);
-    const QVector<double> found = roundSteps(minimum, maximum, 6);
+    const QVector<double> found = tickValues(minimum, maximum, 6);
     QCOMPARE(found.size(), steps.size());
     for (int i = 0; i < steps.size(); ++i)
         QVERIFY(qAbs(found.at(i) - steps.at(i)) < 1e-9);

@@ -25,9 +25,9 @@ private Q_SLOTS:
     void aFileWithoutAttributesIsGray();
 };
 
-static const QRgb White = qRgb(255, 255, 255);
-static const QRgb Red = qRgb(200, 0, 0);
-static const QRgb Blue = qRgb(0, 0, 200);
+static const QRgb white = qRgb(255, 255, 255);
+static const QRgb red = qRgb(200, 0, 0);
+static const QRgb blue = qRgb(0, 0, 200);
 
 // Four squares side by side, each 10 wide, from x = 1000.
 static PolygonSet squares()
@@ -54,7 +54,7 @@ void tst_PolygonLayer::startsWithUniqueNames()
     const PolygonLayer layer("p", squares());
     QCOMPARE(layer.field(), QString("Name"));
     QCOMPARE(layer.nameField(), QString("Name"));
-    QCOMPARE(layer.grading(), Grading::UniqueValues);
+    QCOMPARE(layer.classificationMethod(), ClassificationMethod::UniqueValues);
     QCOMPARE(layer.extent(), QRectF(1000, 1000, 40, 10));
     QCOMPARE(layer.fieldNames(), QStringList({"Name", "kind", "n"}));
 }
@@ -62,10 +62,10 @@ void tst_PolygonLayer::startsWithUniqueNames()
 void tst_PolygonLayer::uniqueValuesTakeOneColorEach()
 {
     PolygonLayer layer("p", squares());
-    layer.setRamp(rampOf({Red, Blue}).get());
-    QCOMPARE(fills(layer), QVector<QRgb>({Red, Blue, Red, Blue}));
+    layer.setRamp(rampOf({red, blue}).get());
+    QCOMPARE(fills(layer), QVector<QRgb>({red, blue, red, blue}));
     layer.setField("kind");
-    QCOMPARE(fills(layer), QVector<QRgb>({Red, Blue, Red, Red}));
+    QCOMPARE(fills(layer), QVector<QRgb>({red, blue, red, red}));
     layer.setField("absent");
     QCOMPARE(layer.field(), QString("kind"));
 }
@@ -73,43 +73,44 @@ void tst_PolygonLayer::uniqueValuesTakeOneColorEach()
 void tst_PolygonLayer::quantilesOfANumber()
 {
     PolygonLayer layer("p", squares());
-    layer.setRamp(rampOf({Red, White, Blue}).get());
+    layer.setRamp(rampOf({red, white, blue}).get());
     layer.setField("n");
     layer.setClassCount(3);
-    layer.setGrading(Grading::Quantiles);
-    QCOMPARE(fills(layer), QVector<QRgb>({Red, White, Blue, NoValueColor}));
+    layer.setClassificationMethod(ClassificationMethod::Quantiles);
+    QCOMPARE(fills(layer), QVector<QRgb>({red, white, blue, noValueColor}));
 }
 
 void tst_PolygonLayer::equalIntervalsOfANumber()
 {
     PolygonLayer layer("p", squares());
-    layer.setRamp(rampOf({Red, Blue}).get());
+    layer.setRamp(rampOf({red, blue}).get());
     layer.setField("n");
-    layer.setGrading(Grading::EqualIntervals);
+    layer.setClassificationMethod(ClassificationMethod::EqualIntervals);
     layer.setClassCount(2);
-    QCOMPARE(fills(layer), QVector<QRgb>({Red, Red, Blue, NoValueColor}));
+    QCOMPARE(fills(layer), QVector<QRgb>({red, red, blue, noValueColor}));
 }
 
 void tst_PolygonLayer::aTextHasOnlyUniqueValues()
 {
     PolygonLayer layer("p", squares());
-    QCOMPARE(layer.availableGradings(), QVector<Grading>({Grading::UniqueValues}));
-    layer.setGrading(Grading::Quantiles);
-    QCOMPARE(layer.grading(), Grading::UniqueValues);
+    QCOMPARE(layer.availableMethods(),
+             QVector<ClassificationMethod>({ClassificationMethod::UniqueValues}));
+    layer.setClassificationMethod(ClassificationMethod::Quantiles);
+    QCOMPARE(layer.classificationMethod(), ClassificationMethod::UniqueValues);
     layer.setField("n");
-    layer.setGrading(Grading::Quantiles);
+    layer.setClassificationMethod(ClassificationMethod::Quantiles);
     layer.setField("kind");
-    QCOMPARE(layer.grading(), Grading::UniqueValues);
+    QCOMPARE(layer.classificationMethod(), ClassificationMethod::UniqueValues);
 }
 
 void tst_PolygonLayer::featuresWithoutNumberAreGray()
 {
     PolygonLayer layer("p", squares());
-    layer.setRamp(rampOf({Red, Blue}).get());
+    layer.setRamp(rampOf({red, blue}).get());
     layer.setField("n");
-    QCOMPARE(layer.colorOf(3), NoValueColor);
+    QCOMPARE(layer.colorOf(3), noValueColor);
     QCOMPARE(layer.legend().classes.last().text, QString("no value"));
-    QCOMPARE(layer.legend().classes.last().color, NoValueColor);
+    QCOMPARE(layer.legend().classes.last().color, noValueColor);
     layer.setField("kind");
     QVERIFY(layer.legend().classes.last().text != "no value");
 }
@@ -117,14 +118,14 @@ void tst_PolygonLayer::featuresWithoutNumberAreGray()
 void tst_PolygonLayer::legendCountsItsMembers()
 {
     PolygonLayer layer("p", squares());
-    layer.setRamp(rampOf({Red, Blue}).get());
+    layer.setRamp(rampOf({red, blue}).get());
     layer.setField("n");
-    layer.setGrading(Grading::EqualIntervals);
+    layer.setClassificationMethod(ClassificationMethod::EqualIntervals);
     layer.setClassCount(2);
     const Legend legend = layer.legend();
     QCOMPARE(legend.caption, QString("n"));
     QCOMPARE(legend.classes.at(0).text, QString("5 to 9  (1)"));
-    QCOMPARE(legend.classes.at(0).color, Blue);
+    QCOMPARE(legend.classes.at(0).color, blue);
     QCOMPARE(legend.classes.at(1).text, QString("1 to 5  (2)"));
 }
 
@@ -142,17 +143,17 @@ void tst_PolygonLayer::longLegendsAreCut()
 void tst_PolygonLayer::readingNamesTheFeature()
 {
     PolygonLayer layer("p", squares());
-    layer.setRamp(rampOf({Red, Blue}).get());
-    QCOMPARE(layer.readingAt({1005, 1005}).text, QString("A"));
+    layer.setRamp(rampOf({red, blue}).get());
+    QCOMPARE(layer.identify({1005, 1005}).text, QString("A"));
     layer.setField("n");
-    layer.setGrading(Grading::Quantiles);
+    layer.setClassificationMethod(ClassificationMethod::Quantiles);
     layer.setClassCount(2);
-    const Reading reading = layer.readingAt({1025, 1005});
-    QVERIFY(reading.found);
-    QCOMPARE(reading.text, QString("C: 9"));
-    QCOMPARE(reading.color, Blue);
-    QCOMPARE(layer.readingAt({1035, 1005}).text, QString("D: no value"));
-    QVERIFY(!layer.readingAt({1045, 1005}).found);
+    const IdentifyResult result = layer.identify({1025, 1005});
+    QVERIFY(result.found);
+    QCOMPARE(result.text, QString("C: 9"));
+    QCOMPARE(result.color, blue);
+    QCOMPARE(layer.identify({1035, 1005}).text, QString("D: no value"));
+    QVERIFY(!layer.identify({1045, 1005}).found);
 }
 
 void tst_PolygonLayer::paintsFillsAndHoles()
@@ -164,17 +165,17 @@ void tst_PolygonLayer::paintsFillsAndHoles()
     ring.addRect(1004, 1004, 2, 2);
     set.features[0].path = ring;
     PolygonLayer layer("p", set);
-    layer.setRamp(rampOf({Red, Blue}).get());
+    layer.setRamp(rampOf({red, blue}).get());
     QImage image(400, 100, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::black);
     QPainter painter(&image);
     layer.paint(&painter, MapView::fitted(layer.extent(), image.rect(), false, 0));
     painter.end();
-    QCOMPARE(image.pixel(20, 20), Red);
+    QCOMPARE(image.pixel(20, 20), red);
     QCOMPARE(image.pixel(50, 50), qRgb(0, 0, 0));
-    QCOMPARE(image.pixel(150, 50), Blue);
-    QCOMPARE(image.pixel(250, 50), Red);
-    QCOMPARE(image.pixel(350, 50), Blue);
+    QCOMPARE(image.pixel(150, 50), blue);
+    QCOMPARE(image.pixel(250, 50), red);
+    QCOMPARE(image.pixel(350, 50), blue);
     // The outline between two areas is white unless it is set.
     QVERIFY(qRed(image.pixel(199, 50)) > 100 || qRed(image.pixel(200, 50)) > 100);
     QVERIFY(qGreen(image.pixel(199, 50)) > 60 || qGreen(image.pixel(200, 50)) > 60);
@@ -185,10 +186,10 @@ void tst_PolygonLayer::aFileWithoutAttributesIsGray()
     PolygonSet set;
     set.features.push_back(squareOf({0, 0, 1, 1}, {}));
     PolygonLayer layer("p", set);
-    layer.setRamp(rampOf({Red}).get());
-    QCOMPARE(layer.colorOf(0), NoValueColor);
+    layer.setRamp(rampOf({red}).get());
+    QCOMPARE(layer.colorOf(0), noValueColor);
     QCOMPARE(layer.legend().classes.size(), 1);
-    QCOMPARE(layer.readingAt({0.5, 0.5}).text, QString("no value"));
+    QCOMPARE(layer.identify({0.5, 0.5}).text, QString("no value"));
 }
 
 QTEST_GUILESS_MAIN(tst_PolygonLayer)

@@ -25,9 +25,9 @@ private Q_SLOTS:
     void colorAlongMixesNeighbors();
 };
 
-static const QRgb Black = qRgb(0, 0, 0);
-static const QRgb White = qRgb(255, 255, 255);
-static const QRgb Red = qRgb(200, 0, 0);
+static const QRgb black = qRgb(0, 0, 0);
+static const QRgb white = qRgb(255, 255, 255);
+static const QRgb red = qRgb(200, 0, 0);
 
 void tst_RampColors::componentsAreTruncated()
 {
@@ -42,30 +42,30 @@ void tst_RampColors::nullAndEmptyRampsHaveNoColors()
     for (VOColorRamp *ramp :
          {static_cast<VOColorRamp *>(nullptr), static_cast<VOColorRamp *>(&empty)}) {
         QVERIFY(rampColors(ramp).isEmpty());
-        QCOMPARE(classColors(ramp, 2), QVector<QRgb>({NoValueColor, NoValueColor}));
-        QCOMPARE(uniqueColors(ramp, 1), QVector<QRgb>({NoValueColor}));
+        QCOMPARE(classColors(ramp, 2), QVector<QRgb>({noValueColor, noValueColor}));
+        QCOMPARE(uniqueColors(ramp, 1), QVector<QRgb>({noValueColor}));
     }
 }
 
 void tst_RampColors::classesSpreadOverTheRamp()
 {
-    const auto ramp = rampOf({Black, White});
-    QCOMPARE(classColors(ramp.get(), 3), QVector<QRgb>({Black, qRgb(128, 128, 128), White}));
-    const auto five = rampOf({Black, Red, White, Red, Black});
-    QCOMPARE(classColors(five.get(), 3), QVector<QRgb>({Black, White, Black}));
+    const auto ramp = rampOf({black, white});
+    QCOMPARE(classColors(ramp.get(), 3), QVector<QRgb>({black, qRgb(128, 128, 128), white}));
+    const auto five = rampOf({black, red, white, red, black});
+    QCOMPARE(classColors(five.get(), 3), QVector<QRgb>({black, white, black}));
     QVERIFY(classColors(five.get(), 0).isEmpty());
 }
 
 void tst_RampColors::asManyClassesAsColorsTakeThemExactly()
 {
-    const auto ramp = rampOf({White, Red, Black});
+    const auto ramp = rampOf({white, red, black});
     QCOMPARE(classColors(ramp.get(), 3), rampColors(ramp.get()));
 }
 
 void tst_RampColors::oneClassTakesTheMiddle()
 {
-    const auto ramp = rampOf({White, Red, Black});
-    QCOMPARE(classColors(ramp.get(), 1), QVector<QRgb>({Red}));
+    const auto ramp = rampOf({white, red, black});
+    QCOMPARE(classColors(ramp.get(), 1), QVector<QRgb>({red}));
 }
 
 void tst_RampColors::aRandomRampGivesItsColorsOneByOne()
@@ -78,9 +78,9 @@ void tst_RampColors::aRandomRampGivesItsColorsOneByOne()
 
 void tst_RampColors::uniqueColorsBeginAnew()
 {
-    const auto ramp = rampOf({Red, White});
-    QCOMPARE(uniqueColors(ramp.get(), 5), QVector<QRgb>({Red, White, Red, White, Red}));
-    QCOMPARE(uniqueColors(ramp.get(), 1), QVector<QRgb>({Red}));
+    const auto ramp = rampOf({red, white});
+    QCOMPARE(uniqueColors(ramp.get(), 5), QVector<QRgb>({red, white, red, white, red}));
+    QCOMPARE(uniqueColors(ramp.get(), 1), QVector<QRgb>({red}));
 }
 
 void tst_RampColors::aRandomRampIsAskedForMore()
@@ -103,14 +103,14 @@ void tst_RampColors::aRandomRampIsAskedForMore()
 
 void tst_RampColors::colorAlongMixesNeighbors()
 {
-    const QVector<QRgb> colors = {Black, Red, White};
-    QCOMPARE(colorAlong(colors, 0.0), Black);
+    const QVector<QRgb> colors = {black, red, white};
+    QCOMPARE(colorAlong(colors, 0.0), black);
     QCOMPARE(colorAlong(colors, 0.25), qRgb(100, 0, 0));
-    QCOMPARE(colorAlong(colors, 0.5), Red);
-    QCOMPARE(colorAlong(colors, 1.0), White);
-    QCOMPARE(colorAlong(colors, -3.0), Black);
-    QCOMPARE(colorAlong(colors, 3.0), White);
-    QCOMPARE(colorAlong({Red}, 0.7), Red);
+    QCOMPARE(colorAlong(colors, 0.5), red);
+    QCOMPARE(colorAlong(colors, 1.0), white);
+    QCOMPARE(colorAlong(colors, -3.0), black);
+    QCOMPARE(colorAlong(colors, 3.0), white);
+    QCOMPARE(colorAlong({red}, 0.7), red);
 }
 
 QTEST_APPLESS_MAIN(tst_RampColors)

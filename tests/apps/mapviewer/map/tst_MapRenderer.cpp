@@ -41,8 +41,8 @@ private:
     MapStyle style;
 };
 
-static const QRgb Red = qRgb(200, 0, 0);
-static const QRgb Blue = qRgb(0, 0, 200);
+static const QRgb red = qRgb(200, 0, 0);
+static const QRgb blue = qRgb(0, 0, 200);
 
 // A world in one piece, and a valley of a tenth of a degree.
 void tst_MapRenderer::init()
@@ -55,11 +55,11 @@ void tst_MapRenderer::init()
     valley.south = 50.0;
     valley.cellSize = 0.05;
     auto grid = std::make_unique<GridLayer>("Valley", valley, "m");
-    grid->setRamp(rampOf({Red}).get());
+    grid->setRamp(rampOf({red}).get());
     PolygonSet set;
     set.features.push_back(squareOf({-180, -90, 360, 180}, {{"Name", "World"}}));
     auto world = std::make_unique<PolygonLayer>("World", set);
-    world->setRamp(rampOf({Blue}).get());
+    world->setRamp(rampOf({blue}).get());
     layers.push_back(std::move(grid));
     layers.push_back(std::move(world));
 }
@@ -85,15 +85,15 @@ void tst_MapRenderer::theUpperLayerCoversTheLower()
     region.west = 10.0;
     region.south = 50.0;
     auto grid = std::make_unique<GridLayer>("Region", region, QString());
-    grid->setRamp(rampOf({Red}).get());
+    grid->setRamp(rampOf({red}).get());
     layers[0] = std::move(grid);
     const MapView view = MapView::fitted(QRectF(5, 45, 10, 10), QRectF(0, 0, 600, 600), true, 0);
     const QPoint inside = view.toScreen(QPointF(10.5, 50.5)).toPoint();
     // Then the first layer lies above the second
-    QCOMPARE(paint(view).pixel(inside), Red);
-    QCOMPARE(paint(view).pixel(100, 100), Blue);
+    QCOMPARE(paint(view).pixel(inside), red);
+    QCOMPARE(paint(view).pixel(100, 100), blue);
     std::swap(layers[0], layers[1]);
-    QCOMPARE(paint(view).pixel(inside), Blue);
+    QCOMPARE(paint(view).pixel(inside), blue);
 }
 
 void tst_MapRenderer::hiddenLayersAreNotDrawn()
@@ -102,7 +102,7 @@ void tst_MapRenderer::hiddenLayersAreNotDrawn()
     const QImage image = paint(worldView());
     QCOMPARE(image.pixel(400, 310), style.water.rgb());
     layers[1]->setVisible(true);
-    QCOMPARE(paint(worldView()).pixel(600, 310), Blue);
+    QCOMPARE(paint(worldView()).pixel(600, 310), blue);
 }
 
 void tst_MapRenderer::specksGetAnInset()
@@ -128,16 +128,16 @@ void tst_MapRenderer::theInsetIsDrawnAndRead()
     const MapRenderer renderer(layers, style);
     const MapInset inset = renderer.insets(worldView()).front();
     const QPointF middle = inset.view.target().center();
-    QCOMPARE(paint(worldView()).pixel(middle.toPoint()), Red);
+    QCOMPARE(paint(worldView()).pixel(middle.toPoint()), red);
     const MapLayer *layer = nullptr;
-    const Reading reading =
-        renderer.readingAt(worldView(), inset.view.toScreen(QPointF(10.075, 50.04)), &layer);
+    const IdentifyResult result =
+        renderer.identify(worldView(), inset.view.toScreen(QPointF(10.075, 50.04)), &layer);
     QCOMPARE(layer, static_cast<const MapLayer *>(layers[0].get()));
-    QCOMPARE(reading.text, QString("5 m"));
+    QCOMPARE(result.text, QString("5 m"));
     const QPointF place = renderer.positionAt(worldView(), middle);
     QVERIFY(std::abs(place.x() - 10.05) < 1e-6 && std::abs(place.y() - 50.05) < 1e-6);
     // Beside it the world is read.
-    const Reading beside = renderer.readingAt(worldView(), QPointF(600, 310), &layer);
+    const IdentifyResult beside = renderer.identify(worldView(), QPointF(600, 310), &layer);
     QCOMPARE(beside.text, QString("World"));
     QCOMPARE(layer, static_cast<const MapLayer *>(layers[1].get()));
 }
@@ -159,18 +159,18 @@ void tst_MapRenderer::aWorldAroundAValleyIsLeftOut()
 {
     const MapRenderer renderer(layers, style);
     const MapView valley = MapView::fitted(layers[0]->extent(), QRectF(0, 0, 600, 600), true, 100);
-    QVERIFY(renderer.takesPart(*layers[0], valley));
-    QVERIFY(!renderer.takesPart(*layers[1], valley));
+    QVERIFY(renderer.isShownIn(*layers[0], valley));
+    QVERIFY(!renderer.isShownIn(*layers[1], valley));
     QCOMPARE(paint(valley).pixel(20, 300), style.paper.rgb());
     const MapLayer *layer = layers[0].get();
-    QVERIFY(!renderer.readingAt(valley, QPointF(20, 300), &layer).found);
+    QVERIFY(!renderer.identify(valley, QPointF(20, 300), &layer).found);
     // Without the valley, or elsewhere, the world is what there is to see.
     layers[0]->setVisible(false);
-    QVERIFY(renderer.takesPart(*layers[1], valley));
+    QVERIFY(renderer.isShownIn(*layers[1], valley));
     layers[0]->setVisible(true);
-    QVERIFY(renderer.takesPart(
+    QVERIFY(renderer.isShownIn(
         *layers[1], MapView::fitted(QRectF(40, 50, 0.1, 0.1), QRectF(0, 0, 600, 600), true, 0)));
-    QVERIFY(renderer.takesPart(*layers[1], worldView()));
+    QVERIFY(renderer.isShownIn(*layers[1], worldView()));
 }
 
 void tst_MapRenderer::extentIsThatOfTheVisibleLayers()
@@ -197,7 +197,7 @@ void tst_MapRenderer::pictureHasMapLegendAndRequestedSize()
     int map = 0;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
-            if (image.pixel(x, y) == Blue)
+            if (image.pixel(x, y) == blue)
                 ++(x > 1400 - 2 * 28 - 2 * 270 ? swatch : map);
         }
     }
@@ -280,9 +280,9 @@ void tst_MapRenderer::legendHeightFollowsItsContent()
     const LegendStyle legendStyle{style.font, Qt::black, Qt::gray, true};
     Legend legend;
     QCOMPARE(drawLegend(nullptr, {}, 200, legend, legendStyle), 0.0);
-    legend.classes = {{Red, "a"}, {Blue, "b"}};
+    legend.classes = {{red, "a"}, {blue, "b"}};
     const double two = drawLegend(nullptr, {}, 200, legend, legendStyle);
-    legend.classes.append({Red, "c"});
+    legend.classes.append({red, "c"});
     const double three = drawLegend(nullptr, {}, 200, legend, legendStyle);
     QVERIFY(two > 0 && std::abs(three - two * 1.5) < 1e-9);
     legend.title = "Title";

@@ -12,7 +12,7 @@
 #include <memory>
 
 /// Inside Australia, where neither outline nor inset nor meridian is near.
-const QPointF Outback(133.0, -25.0);
+const QPointF outback(133.0, -25.0);
 
 /// What the tests of the window share: a store and settings of its own for each, and the window.
 class MapWindowTest : public QObject

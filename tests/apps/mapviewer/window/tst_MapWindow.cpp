@@ -53,7 +53,7 @@ private Q_SLOTS:
     void theHintStaysClosed();
 };
 
-static const QByteArray SmallGrid =
+static const QByteArray smallGrid =
     "ncols 2\nnrows 1\nxllcorner 5000\nyllcorner 5000\ncellsize 10\n1 2\n";
 
 void tst_MapWindow::startsWithThreeLayersAndTheirLegends()
@@ -70,7 +70,7 @@ void tst_MapWindow::startsWithThreeLayersAndTheirLegends()
         QVERIFY(!shown->layer()->source().isEmpty());
     }
     auto *countries = static_cast<PolygonLayer *>(cards.at(2)->layer());
-    QCOMPARE(countries->grading(), Grading::Quantiles);
+    QCOMPARE(countries->classificationMethod(), ClassificationMethod::Quantiles);
     QCOMPARE(countries->fieldNames(), QStringList({"Continent", "GDP (million USD)",
                                                    "GDP per head (USD)", "Name", "Population"}));
     auto *relief = static_cast<GridLayer *>(cards.at(0)->layer());
@@ -82,7 +82,7 @@ void tst_MapWindow::classCountShowsWithClasses()
     LayerCard *terrain = card("Terrain");
     auto *count = terrain->findChild<QSpinBox *>("classCount");
     QVERIFY(!count->isVisible());
-    choose(terrain->findChild<QComboBox *>("grading"), "Quantiles");
+    choose(terrain->findChild<QComboBox *>("classificationMethod"), "Quantiles");
     QVERIFY(count->isVisible());
     count->setValue(4);
     QCOMPARE(terrain->findChild<LegendWidget *>()->legend().classes.size(), 4);
@@ -103,7 +103,7 @@ void tst_MapWindow::hillShadingChangesTheMap()
 void tst_MapWindow::aGoodFileBecomesTheUppermostLayer()
 {
     FileProblem problem;
-    QVERIFY(window->openFile(writeFile("small.asc", SmallGrid), &problem));
+    QVERIFY(window->openFile(writeFile("small.asc", smallGrid), &problem));
     QCOMPARE(window->cards().size(), 4);
     LayerCard *added = window->cards().first();
     QCOMPARE(added->layer()->title(), QString("small"));
@@ -116,7 +116,7 @@ void tst_MapWindow::aGoodFileBecomesTheUppermostLayer()
 void tst_MapWindow::theFolderOfAnOpenedFileIsRemembered()
 {
     FileProblem problem;
-    QVERIFY(window->openFile(writeFile("small.asc", SmallGrid), &problem));
+    QVERIFY(window->openFile(writeFile("small.asc", smallGrid), &problem));
     QCOMPARE(appSettings().value("history/lastOpenFilePath").toString(), store->path());
 }
 
@@ -168,7 +168,7 @@ void tst_MapWindow::removedLayersLeaveTheMap()
         QTest::mouseClick(button, Qt::LeftButton);
         QTRY_COMPARE(window->cards().size(), left);
     }
-    QCOMPARE(pixelAt(Outback.x(), Outback.y()), window->map()->mapStyle().water.rgb());
+    QCOMPARE(pixelAt(outback.x(), outback.y()), window->map()->mapStyle().water.rgb());
     window->map()->showAll();
     QVERIFY(!window->map()->grab().isNull());
 }
@@ -178,7 +178,7 @@ void tst_MapWindow::hiddenLayersLeaveTheMap()
     auto *box = card("Countries")->findChild<QCheckBox *>();
     QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
     QVERIFY(!card("Countries")->layer()->isVisible());
-    QCOMPARE(pixelAt(Outback.x(), Outback.y()), window->map()->mapStyle().water.rgb());
+    QCOMPARE(pixelAt(outback.x(), outback.y()), window->map()->mapStyle().water.rgb());
 }
 
 void tst_MapWindow::thePointerReadsValueAndColor()
@@ -187,10 +187,10 @@ void tst_MapWindow::thePointerReadsValueAndColor()
     auto *position = window->findChild<QLabel *>("position");
     auto *swatch = window->findChild<QLabel *>("swatch");
     QVERIFY(swatch->isHidden());
-    const QPoint pixel = window->map()->view().toScreen(Outback).toPoint();
+    const QPoint pixel = window->map()->view().toScreen(outback).toPoint();
     QTest::mouseMove(window->map(), pixel);
     QTest::mouseMove(window->map(), pixel + QPoint(1, 0));
-    const QColor color(pixelAt(Outback.x(), Outback.y()));
+    const QColor color(pixelAt(outback.x(), outback.y()));
     QTRY_VERIFY2(value->text().contains("Australia: "), qPrintable(value->text()));
     QVERIFY2(value->text().endsWith(color.name()), qPrintable(value->text()));
     QVERIFY(!swatch->isHidden());

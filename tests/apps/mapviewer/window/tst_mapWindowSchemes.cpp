@@ -35,7 +35,7 @@ private Q_SLOTS:
     void settersOfThePickerAloneChangeNothing();
     void theChosenSchemeComesBack();
     void aSchemeThatIsGoneIsReplacedByADefault();
-    void anotherGradingAsksForAnotherGroup();
+    void anotherMethodAsksForAnotherGroup();
     void aNumberAfterATextIsShownInRanges();
     void anotherStoreIsTaken();
     void theManagerOpensAndLayersFollowTheStore();
@@ -69,7 +69,7 @@ void tst_mapWindowSchemes::aPickedSchemeRecolorsMapAndLegend()
         pick(countries, "Range", i);
         // Australia is in the highest class, which has the ramp's last colour.
         const QRgb last = rampColors(group.schemes[std::size_t(i)].colorRamp).last();
-        QCOMPARE(pixelAt(Outback.x(), Outback.y()), last);
+        QCOMPARE(pixelAt(outback.x(), outback.y()), last);
         QCOMPARE(countries->findChild<LegendWidget *>()->legend().classes.first().color, last);
     }
 }
@@ -90,16 +90,16 @@ void tst_mapWindowSchemes::aSchemeChosenInTheDropDownRecolorsTheMap()
     QTest::mouseClick(countries->picker(), Qt::LeftButton);
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     QCOMPARE(countries->currentScheme()->schemeIndex(), 1);
-    QCOMPARE(pixelAt(Outback.x(), Outback.y()), rampColors(group.schemes[1].colorRamp).last());
+    QCOMPARE(pixelAt(outback.x(), outback.y()), rampColors(group.schemes[1].colorRamp).last());
 }
 
 void tst_mapWindowSchemes::settersOfThePickerAloneChangeNothing()
 {
     LayerCard *countries = card("Countries");
     pick(countries, "Range", 0);
-    const QRgb before = pixelAt(Outback.x(), Outback.y());
+    const QRgb before = pixelAt(outback.x(), outback.y());
     QVERIFY(countries->picker()->setDefaultGroup("Default", "Range", 1));
-    QCOMPARE(pixelAt(Outback.x(), Outback.y()), before);
+    QCOMPARE(pixelAt(outback.x(), outback.y()), before);
 }
 
 void tst_mapWindowSchemes::theChosenSchemeComesBack()
@@ -108,12 +108,12 @@ void tst_mapWindowSchemes::theChosenSchemeComesBack()
     pick(card("Terrain"), "Random", 1);
     const SchemeChoice countries = *card("Countries")->currentScheme();
     const SchemeChoice terrain = *card("Terrain")->currentScheme();
-    const QRgb color = pixelAt(Outback.x(), Outback.y());
+    const QRgb color = pixelAt(outback.x(), outback.y());
     open();
     QCOMPARE(card("Countries")->currentScheme()->scheme, countries.scheme);
     QCOMPARE(card("Terrain")->currentScheme()->group, QString("Random"));
     QCOMPARE(card("Terrain")->currentScheme()->scheme, terrain.scheme);
-    QCOMPARE(pixelAt(Outback.x(), Outback.y()), color);
+    QCOMPARE(pixelAt(outback.x(), outback.y()), color);
 }
 
 void tst_mapWindowSchemes::aSchemeThatIsGoneIsReplacedByADefault()
@@ -131,15 +131,15 @@ void tst_mapWindowSchemes::aSchemeThatIsGoneIsReplacedByADefault()
     QCOMPARE(card("Countries")->currentScheme()->group, QString("Range"));
 }
 
-void tst_mapWindowSchemes::anotherGradingAsksForAnotherGroup()
+void tst_mapWindowSchemes::anotherMethodAsksForAnotherGroup()
 {
     LayerCard *countries = card("Countries");
     QCOMPARE(countries->currentScheme()->group, QString("Range"));
     const SchemeChoice range = *countries->currentScheme();
-    choose(countries->findChild<QComboBox *>("grading"), "Unique values");
-    QCOMPARE(countries->layer()->grading(), Grading::UniqueValues);
+    choose(countries->findChild<QComboBox *>("classificationMethod"), "Unique values");
+    QCOMPARE(countries->layer()->classificationMethod(), ClassificationMethod::UniqueValues);
     QCOMPARE(countries->currentScheme()->group, QString("Unique"));
-    choose(countries->findChild<QComboBox *>("grading"), "Equal intervals");
+    choose(countries->findChild<QComboBox *>("classificationMethod"), "Equal intervals");
     QCOMPARE(countries->currentScheme()->scheme, range.scheme);
 }
 
@@ -147,11 +147,11 @@ void tst_mapWindowSchemes::aNumberAfterATextIsShownInRanges()
 {
     LayerCard *countries = card("Countries");
     choose(countries->findChild<QComboBox *>("field"), "Continent");
-    QCOMPARE(countries->layer()->grading(), Grading::UniqueValues);
+    QCOMPARE(countries->layer()->classificationMethod(), ClassificationMethod::UniqueValues);
     QCOMPARE(countries->findChild<LegendWidget *>()->legend().classes.size(), 8);
-    QCOMPARE(countries->findChild<QComboBox *>("grading")->count(), 1);
+    QCOMPARE(countries->findChild<QComboBox *>("classificationMethod")->count(), 1);
     choose(countries->findChild<QComboBox *>("field"), "Population");
-    QCOMPARE(countries->layer()->grading(), Grading::Quantiles);
+    QCOMPARE(countries->layer()->classificationMethod(), ClassificationMethod::Quantiles);
     QCOMPARE(countries->currentScheme()->group, QString("Range"));
 }
 
@@ -169,7 +169,7 @@ void tst_mapWindowSchemes::anotherStoreIsTaken()
     QVERIFY(window->openStore(folder));
     // Then its groups are there, and the next start takes it again
     QVERIFY(schemes->customTeam.contains("Elsewhere"));
-    QCOMPARE(appSettings().value(StoreFolderKey).toString(), folder);
+    QCOMPARE(appSettings().value(storeFolderKey).toString(), folder);
 }
 
 void tst_mapWindowSchemes::theManagerOpensAndLayersFollowTheStore()
@@ -177,7 +177,7 @@ void tst_mapWindowSchemes::theManagerOpensAndLayersFollowTheStore()
     customGroups() = {makeGroup("Mine", {"one"})};
     customGroups()[0].schemes[0].colorRamp->setColor(9, rgb_color<float>(1.0F, 2.0F, 3.0F));
     QVERIFY(card("Countries")->choose({"Custom", "Mine", "one"}));
-    QCOMPARE(pixelAt(Outback.x(), Outback.y()), qRgb(1, 2, 3));
+    QCOMPARE(pixelAt(outback.x(), outback.y()), qRgb(1, 2, 3));
     QString title;
     ModalDriver driver;
     driver.next([&title](QWidget *dialog) {
@@ -189,7 +189,7 @@ void tst_mapWindowSchemes::theManagerOpensAndLayersFollowTheStore()
     });
     window->findChild<QAction *>("manageSchemes")->trigger();
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QCOMPARE(pixelAt(Outback.x(), Outback.y()), qRgb(4, 5, 6));
+    QCOMPARE(pixelAt(outback.x(), outback.y()), qRgb(4, 5, 6));
 }
 
 void tst_mapWindowSchemes::aLayerKeepsItsColorsWhenItsSchemeIsGone()
@@ -199,7 +199,7 @@ void tst_mapWindowSchemes::aLayerKeepsItsColorsWhenItsSchemeIsGone()
     QVERIFY(card("Countries")->choose({"Custom", "Mine", "one"}));
     customGroups().clear();
     card("Countries")->syncWithStore();
-    QCOMPARE(pixelAt(Outback.x(), Outback.y()), qRgb(1, 2, 3));
+    QCOMPARE(pixelAt(outback.x(), outback.y()), qRgb(1, 2, 3));
     QVERIFY(!card("Countries")->currentScheme());
 }
 
