@@ -76,8 +76,9 @@ std::uint64_t schemeChecksum(const VOColorScheme &scheme);
 /// The checksum in the head of a record: of the payload, seeded with what is before it.
 std::uint64_t recordChecksum(std::uint32_t tag, std::string_view payload);
 
-/// The seal of the heads of all records so far and one more; 0 before the first. What it is after
-/// the last stands in the record of the end, so that none can be missing or out of its place.
+/// The seal, a running checksum over the heads of all records so far and one more; 0 before the
+/// first. What it is after the last stands in the record of the end, so that none can be missing or
+/// out of its place.
 std::uint64_t sealed(std::uint64_t seal, std::string_view head);
 
 /// The numbers that stand for the kinds of ramps in a file.
