@@ -9,7 +9,7 @@ class QTableView;
 
 namespace vtcontrolcolorscheme {
 
-/// What assistive technology reads of a cell.
+/// What assistive tools read of a cell.
 struct CellText
 {
     QString name; ///< empty: the text that the cell shows

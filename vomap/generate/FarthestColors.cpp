@@ -77,13 +77,13 @@ FarthestColors::FarthestColors(const ColorPool &pool)
 {
 }
 
-FarthestColors::Looks FarthestColors::looksOf(Rgb8 color)
+FarthestColors::Appearances FarthestColors::appearancesOf(Rgb8 color)
 {
-    Looks looks;
+    Appearances appearances;
     for (int vision = 0; vision < visionCount; ++vision)
-        looks[static_cast<std::size_t>(vision)] =
+        appearances[static_cast<std::size_t>(vision)] =
             appearanceOf(labSeenBy(static_cast<Vision>(vision), color));
-    return looks;
+    return appearances;
 }
 
 void FarthestColors::take(Rgb8 color)
@@ -93,7 +93,7 @@ void FarthestColors::take(Rgb8 color)
         lowerToDistance(pool->plane(vision), place,
                         vision == NormalVision ? nearestNormal : nearestDichromat);
     }
-    taken.push_back(looksOf(color));
+    taken.push_back(appearancesOf(color));
 }
 
 std::int64_t FarthestColors::score(int index, int dichromatWeight) const
@@ -108,16 +108,17 @@ std::int64_t FarthestColors::exactScore(int index, int dichromatWeight)
     if (slot < 0) {
         slot = static_cast<std::int32_t>(exact.size());
         constexpr std::int64_t far = std::int64_t(1) << 40;
-        exact.push_back({looksOf(pool->at(index)), far, far, 0});
+        exact.push_back({appearancesOf(pool->at(index)), far, far, 0});
     }
     Exact &nearest = exact[static_cast<std::size_t>(slot)];
     for (; nearest.known < taken.size(); ++nearest.known) {
-        const Looks &other = taken[nearest.known];
-        nearest.normal = std::min(
-            nearest.normal, squaredDifference(nearest.looks[NormalVision], other[NormalVision]));
+        const Appearances &other = taken[nearest.known];
+        nearest.normal =
+            std::min(nearest.normal,
+                     squaredDifference(nearest.appearances[NormalVision], other[NormalVision]));
         for (std::size_t vision = ProtanVision; vision < other.size(); ++vision)
-            nearest.dichromat = std::min(nearest.dichromat,
-                                         squaredDifference(nearest.looks[vision], other[vision]));
+            nearest.dichromat = std::min(
+                nearest.dichromat, squaredDifference(nearest.appearances[vision], other[vision]));
     }
     return weighted(nearest.normal, nearest.dichromat, dichromatWeight);
 }

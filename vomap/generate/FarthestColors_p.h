@@ -68,18 +68,18 @@ public:
     std::int64_t score(int index, int dichromatWeight) const;
 
 private:
-    using Looks = std::array<FixedPointColor::Appearance, FixedPointColor::visionCount>;
+    using Appearances = std::array<FixedPointColor::Appearance, FixedPointColor::visionCount>;
 
     // CIEDE2000 to the nearest of the first `known` taken colours.
     struct Exact
     {
-        Looks looks;
+        Appearances appearances;
         std::int64_t normal;
         std::int64_t dichromat;
         std::size_t known = 0;
     };
 
-    static Looks looksOf(FixedPointColor::Rgb8 color);
+    static Appearances appearancesOf(FixedPointColor::Rgb8 color);
     std::int64_t exactScore(int index, int dichromatWeight);
 
     const ColorPool *pool;
@@ -87,7 +87,7 @@ private:
     std::vector<std::int32_t> nearestDichromat;
     std::vector<std::int32_t> exactSlot; // into `exact`, -1 where a colour was never short-listed
     std::vector<Exact> exact;
-    std::vector<Looks> taken;
+    std::vector<Appearances> taken;
     std::vector<std::pair<std::int64_t, int>> shortList; // score and position, the best first
 };
 

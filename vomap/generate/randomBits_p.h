@@ -4,7 +4,7 @@
 
 namespace VTObjects {
 
-/// A one-to-one scramble of 32 bits: multiplications and shifts with the constants that C.
+/// A bijective mixing function of 32 bits: multiplications and shifts with the constants that C.
 /// Wellons' search for low bias found (2018).
 constexpr std::uint32_t mixedBits(std::uint32_t bits)
 {
@@ -16,8 +16,8 @@ constexpr std::uint32_t mixedBits(std::uint32_t bits)
     return bits;
 }
 
-/// A one-to-one scramble of the numbers below 2^24, another one for each key: only steps that can
-/// be undone, each cut to 24 bits.
+/// A permutation of the numbers below 2^24, another one for each key: only steps that can be
+/// undone, each cut to 24 bits.
 constexpr std::uint32_t shuffled24Bits(std::uint32_t number, std::uint32_t key)
 {
     constexpr std::uint32_t mask = 0xffffffU;

@@ -65,7 +65,7 @@ bool SchemeStore::load(const std::string &directory,
     }
     FolderLock lock;
     // A folder that is not there is no reason to make one: nothing is saved yet.
-    const bool locked = somethingIsAt(folder) && lock.acquire(pathOfLock(), lockPatience);
+    const bool locked = somethingIsAt(folder) && lock.acquire(pathOfLock(), lockTimeout);
     bool all = true;
     for (const Team which : {Default, Custom, Favorite}) {
         if (locked)

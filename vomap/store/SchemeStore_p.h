@@ -60,7 +60,7 @@ private:
     bool merge(Work &work, const TeamContent &theirs) const;
     bool commit(std::vector<Work> &works) const;
     bool link(Work &work) const;
-    void undo(std::vector<Work> &works) const;
+    void rollBack(std::vector<Work> &works) const;
 
     std::string pathOf(Team which, const char *suffix = "") const;
     std::string pathOfLock() const;
@@ -77,6 +77,6 @@ constexpr const char newSuffix[] = ".new";
 constexpr const char oldSuffix[] = ".old";
 constexpr const char lastSuffix[] = ".last";
 /// How long a load and a save wait for the lock.
-constexpr int lockPatience = 2000; // milliseconds
+constexpr int lockTimeout = 2000; // milliseconds
 
 } // namespace VTObjects

@@ -51,7 +51,7 @@ bool SchemeStore::save(const std::string &directory, const std::vector<Saving> &
         folder = directory;
     }
     FolderLock lock;
-    if (folder.empty() || !makeFolder(folder) || !lock.acquire(pathOfLock(), lockPatience))
+    if (folder.empty() || !makeFolder(folder) || !lock.acquire(pathOfLock(), lockTimeout))
         return false;
     std::vector<Work> works(savings.size());
     for (std::size_t i = 0; i < savings.size(); ++i) {
@@ -138,7 +138,7 @@ bool SchemeStore::commit(std::vector<Work> &works) const
         work.renamed = done;
     }
     if (!done || !syncFolder(folder)) {
-        undo(works);
+        rollBack(works);
         return false;
     }
     for (const Work &work : works) {
@@ -168,7 +168,7 @@ bool SchemeStore::link(Work &work) const
     return work.linked;
 }
 
-void SchemeStore::undo(std::vector<Work> &works) const
+void SchemeStore::rollBack(std::vector<Work> &works) const
 {
     for (Work &work : works) {
         const std::string path = pathOf(work.which);
