@@ -2,7 +2,7 @@
 
 import numpy
 
-from colour import difference, even_ramp, lab
+from color import difference, even_ramp, lab
 
 TOLERANCE = 2.0
 MOST_SOURCES = 24

@@ -2,7 +2,7 @@
 
 import numpy
 
-from colour import VISIONS, difference, even_ramp, lab, smallest_pair
+from color import VISIONS, difference, even_ramp, lab, smallest_pair
 
 APART = 8.0  # two classes that can be told apart
 DISTINCT = 15.0  # two classes of a qualitative set
@@ -17,9 +17,9 @@ MOST_CLASSES = 12
 MARGIN = 0.05
 
 
-def turns(colours, vision, slack=0.0):
+def turns(colors, vision, slack=0.0):
     """How often the lightness changes its direction; reversals up to the slack do not count."""
-    lightness = lab(colours, vision)[:, 0]
+    lightness = lab(colors, vision)[:, 0]
     count, direction = 0, 0
     low = high = lightness[0]
     for value in lightness:
@@ -37,8 +37,8 @@ def turns_at(sources, length, vision):
     return turns(even_ramp(sources, length), vision, ROUNDING if length == SMOOTH else 0.0)
 
 
-def lightness_range(colours, vision):
-    lightness = lab(colours, vision)[:, 0]
+def lightness_range(colors, vision):
+    lightness = lab(colors, vision)[:, 0]
     return float(lightness.max() - lightness.min())
 
 
@@ -51,8 +51,8 @@ def classes(sources, visions, closed=False):
     """The most classes whose pairs are all APART in the visions, at this and every lower count."""
     most = 0
     for count in range(3, MOST_CLASSES + 1):
-        colours = even_ramp(sources, count + closed)[:count]
-        if any(smallest_pair(colours, vision) < APART + MARGIN for vision in visions):
+        colors = even_ramp(sources, count + closed)[:count]
+        if any(smallest_pair(colors, vision) < APART + MARGIN for vision in visions):
             break
         most = count
     return most
@@ -85,9 +85,9 @@ def is_cyclic(sources):
     return float(difference(ends[0], ends[1])) <= RETURN - MARGIN
 
 
-def apart_in_all(colours):
+def apart_in_all(colors):
     """The length of the longest beginning of a set that is APART in all visions."""
-    most = len(colours)
-    while most > 1 and any(smallest_pair(colours[:most], v) < APART + MARGIN for v in VISIONS):
+    most = len(colors)
+    while most > 1 and any(smallest_pair(colors[:most], v) < APART + MARGIN for v in VISIONS):
         most -= 1
     return most

@@ -226,7 +226,7 @@ DIVERGING = (
 )
 
 # Two- and three-colour ramps.
-TWO_COLOURS = (
+TWO_COLORS = (
     ("Black to white", "000000 ffffff"),
     ("White to black", "ffffff 000000"),
     ("White to green", "f7fcf5 005a32"),
@@ -248,7 +248,7 @@ TWO_COLOURS = (
     ("Black to green", "050d08 86d98c"),
     ("Black to gold", "0d0a05 f7d774"),
 )
-THREE_COLOURS = (
+THREE_COLORS = (
     ("Red, yellow, blue", "c44539 ffffbf 305fcf"),
     ("Blue, white, red", "2166ac f7f7f7 b2182b"),
     ("Green, white, purple", "17632e f7f7f7 762a83"),

@@ -41,14 +41,14 @@ def cpt(family, name, folder=CPT):
     lines = path.read_text().splitlines()
     if not any("License: MIT License" in line for line in lines if line.startswith("#")):
         raise ValueError(f"{path} states no licence")
-    colours = []
+    colors = []
     for line in lines:
         words = line.split()
         if line[:1] in "#" or words[0] in "BFN":
             continue
         found = [word for word in words if word.count("/") == 2]
-        colours.append([int(part) for part in found[0].split("/")])
+        colors.append([int(part) for part in found[0].split("/")])
     # Between slices, the last one ends with a colour of its own.
     if len(found) == 2 and found[0] != found[1]:
-        colours.append([int(part) for part in found[1].split("/")])
-    return numpy.array(colours, dtype=float)
+        colors.append([int(part) for part in found[1].split("/")])
+    return numpy.array(colors, dtype=float)

@@ -2,25 +2,25 @@
 
 import numpy
 
-from colour import VISIONS, difference, lab
+from color import VISIONS, difference, lab
 
 
-def _shortfall(colours, normal, deficient):
+def _shortfall(colors, normal, deficient):
     """How much the pairs lack, summed over the visions, squared."""
-    first, second = numpy.triu_indices(len(colours), 1)
+    first, second = numpy.triu_indices(len(colors), 1)
     total = 0.0
     for vision in VISIONS if deficient else VISIONS[:1]:
         wanted = normal if vision == "normal" else deficient
-        seen = lab(colours, vision)
+        seen = lab(colors, vision)
         total += (numpy.maximum(0, wanted - difference(seen[first], seen[second])) ** 2).sum()
     return total
 
 
-def spread(colours, normal, deficient=0.0, lightness=(0.0, 100.0), tries=6000):
+def spread(colors, normal, deficient=0.0, lightness=(0.0, 100.0), tries=6000):
     """The set after small moves: each pair at least `normal` apart in normal vision and `deficient`
     in the three others, every L* within the bounds. ValueError where the moves do not suffice."""
     random = numpy.random.RandomState(1)
-    start = lab(colours)
+    start = lab(colors)
 
     def cost(candidate):
         shortfall = _shortfall(candidate, normal, deficient)
@@ -30,7 +30,7 @@ def spread(colours, normal, deficient=0.0, lightness=(0.0, 100.0), tries=6000):
         )
         return shortfall + (outside**2).sum(), 0.02 * (difference(seen, start) ** 2).sum()
 
-    best = colours.copy()
+    best = colors.copy()
     lacking, moved = cost(best)
     for attempt in range(tries):
         reach = 24 if attempt < tries // 3 else 8 if attempt < 2 * tries // 3 else 3

@@ -6,9 +6,26 @@
 
 namespace VTObjects {
 
+namespace {
+
+constexpr bool isBlank(char character)
+{
+    return character == ' ' || character == '\n' || character == '\r' || character == '\t';
+}
+
+/// A character of ASCII that stands for itself in a string.
+constexpr bool isPlain(char character)
+{
+    return character >= ' ' && character <= '~' && character != '"' && character != '\\';
+}
+
+} // namespace
+
 JsonReader::JsonReader(std::string_view text)
     : rest(text)
 {
+    constexpr std::size_t usualDepth = 4; // of a scheme file
+    levels.reserve(usualDepth);
 }
 
 bool JsonReader::fail()
@@ -20,8 +37,11 @@ bool JsonReader::fail()
 
 void JsonReader::skipBlanks()
 {
-    const std::size_t end = rest.find_first_not_of(" \t\r\n");
-    rest.remove_prefix(end == std::string_view::npos ? rest.size() : end);
+    // By hand: indented lists of numbers are blanks for the most part.
+    std::size_t end = 0;
+    while (end < rest.size() && isBlank(rest[end]))
+        ++end;
+    rest.remove_prefix(end);
 }
 
 bool JsonReader::nextIs(char character)
@@ -155,6 +175,12 @@ bool JsonReader::takeString(std::wstring &text)
     if (!take('"'))
         return false;
     while (!rest.empty()) {
+        // What stands for itself goes over as a whole.
+        std::size_t plain = 0;
+        while (plain < rest.size() && isPlain(rest[plain]))
+            ++plain;
+        text.append(rest.begin(), rest.begin() + plain);
+        rest.remove_prefix(plain);
         char32_t codePoint = 0;
         if (!takeCodePoint(rest, codePoint) || codePoint < 0x20)
             return fail();

@@ -59,11 +59,25 @@ bool takeText(JsonReader &json, std::wstring &text)
     return json.isGood();
 }
 
+constexpr bool isDigit(char character)
+{
+    return character >= '0' && character <= '9';
+}
+
 bool takeComponent(JsonReader &json, float &component)
 {
     std::string_view number;
     if (!json.takeNumber(number))
         return false;
+    // Nearly all are whole and of three digits at most, and these need no conversion.
+    constexpr std::size_t fewDigits = 3;
+    if (number.size() <= fewDigits && std::all_of(number.begin(), number.end(), isDigit)) {
+        int whole = 0;
+        for (const char digit : number)
+            whole = whole * 10 + (digit - '0');
+        component = static_cast<float>(whole);
+        return whole <= 255 || json.fail();
+    }
     bool isNumber = false;
     // In the C locale always, and rounded to the nearest.
     const double value =
@@ -76,6 +90,9 @@ bool takeComponent(JsonReader &json, float &component)
 
 bool takeColors(JsonReader &json, QVector<rgb_color<float>> &colors)
 {
+    // Not from one to the next: a list is copied as often as its room doubles.
+    constexpr int fewColors = 16;
+    colors.reserve(fewColors);
     json.enterArray();
     while (json.nextElement()) {
         rgb_color<float> color;

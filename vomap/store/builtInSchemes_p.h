@@ -2,17 +2,16 @@
 
 #include "vomap/VOColorSchemeTeam.h"
 
-#include <QByteArray>
-
-#include <optional>
+class QString;
 
 namespace VTObjects {
 
-/// The default team as the library ships it: the groups "DEM", "Unique", "Range", "Graph", "Even"
-/// and "Random", read from the embedded files vomap/schemes/<group>.json.
+/// The default team as the library has it: the groups "DEM", "Unique", "Range", "Graph", "Even" and
+/// "Random", read from the embedded scheme files.
 VOColorSchemeTeam builtInTeam();
 
-/// The group that such a file holds; none if anything in it is missing, misspelt or out of range.
-std::optional<VOColorSchemeGroup> builtInGroup(const QByteArray &json);
+/// The schemes of the files "0", "1", "2", ... in a folder, up to the first number that is missing.
+/// A file that is no scheme file is left out. The group has no name.
+VOColorSchemeGroup builtInGroup(const QString &folder);
 
 } // namespace VTObjects

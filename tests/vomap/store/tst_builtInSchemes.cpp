@@ -1,5 +1,4 @@
 #include "tests/vomap/store/SchemeFigures.h"
-#include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VOStringConversion.h"
 #include "vomap/store/builtInSchemes_p.h"
@@ -8,7 +7,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSet>
 #include <QtTest>
 
 #include <cstdio>
@@ -98,9 +96,6 @@ class tst_builtInSchemes : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void initTestCase();
-    void sixGroupsHoldMoreThanTwoHundredSchemes();
-    void theStoreStartsWithThem();
-    void namesAreUniqueAndFitForFiles();
     void everyClaimHolds_data();
     void everyClaimHolds();
     void fewColorsStayNearTheOriginal_data() { fittedSchemes(); }
@@ -108,7 +103,6 @@ private Q_SLOTS:
     void theShoreLiesInTheMiddle_data();
     void theShoreLiesInTheMiddle();
     void aNameThatSaysSafeIsSafe();
-    void storedColorsAreThoseOfTheirSeeds();
     void noTwoSchemesLookAlike();
     void theDocumentsTableIsTheComputedOne();
     void aDescriptionOffThePatternHasNoClaims_data();
@@ -136,53 +130,6 @@ void tst_builtInSchemes::initTestCase()
             }
         }
         originals.insert(name, colors);
-    }
-}
-
-void tst_builtInSchemes::sixGroupsHoldMoreThanTwoHundredSchemes()
-{
-    const QStringList wanted{QStringLiteral("DEM"),   QStringLiteral("Unique"),
-                             QStringLiteral("Range"), QStringLiteral("Graph"),
-                             QStringLiteral("Even"),  QStringLiteral("Random")};
-    QCOMPARE(toQString(team.name), QStringLiteral("Default"));
-    QStringList names;
-    size_t count = 0;
-    for (const VOColorSchemeGroup &group : team.groups) {
-        names << toQString(group.name);
-        count += group.schemes.size();
-        QVERIFY2(group.schemes.size() >= 20, qPrintable(names.last()));
-    }
-    QCOMPARE(names, wanted);
-    QVERIFY2(count >= 200, qPrintable(QString::number(count)));
-}
-
-void tst_builtInSchemes::theStoreStartsWithThem()
-{
-    QTemporaryDir folder;
-    VOColorSchemeManager::setStoreDirectory(toVOString(folder.path()));
-    const VOColorSchemeManager *store = VOColorSchemeManager::instance();
-    QCOMPARE(store->defaultTeam.groups.size(), team.groups.size());
-    for (size_t i = 0; i < team.groups.size(); ++i) {
-        const VOColorSchemeGroup &shipped = team.groups[i];
-        const VOColorSchemeGroup &stored = store->defaultTeam.groups[i];
-        QCOMPARE(stored.schemes.size(), shipped.schemes.size());
-        QVERIFY(stored.schemes.front().name == shipped.schemes.front().name);
-    }
-}
-
-void tst_builtInSchemes::namesAreUniqueAndFitForFiles()
-{
-    // Unique in the whole team: two groups may be copied into one.
-    QSet<QString> seen;
-    for (const VOColorSchemeGroup &group : team.groups) {
-        for (const VOColorScheme &scheme : group.schemes) {
-            const QString name = toQString(scheme.name);
-            QVERIFY2(!seen.contains(name), qPrintable(name));
-            seen.insert(name);
-            static const QRegularExpression plain(QStringLiteral("^[A-Za-z][A-Za-z0-9, -]{1,39}$"));
-            QVERIFY2(plain.match(name).hasMatch(), qPrintable(name));
-            QVERIFY2(!toQString(scheme.author).isEmpty(), qPrintable(name));
-        }
     }
 }
 
@@ -306,32 +253,6 @@ void tst_builtInSchemes::aNameThatSaysSafeIsSafe()
         }
     }
     QVERIFY(found > 0);
-}
-
-void tst_builtInSchemes::storedColorsAreThoseOfTheirSeeds()
-{
-    const VOColorSchemeGroup &group = team.groups.back();
-    const QByteArray json = fileContents(QStringLiteral(":/vomap/schemes/Random.json"));
-    const QJsonArray stored =
-        QJsonDocument::fromJson(json).object().value(QLatin1String("schemes")).toArray();
-    QCOMPARE(static_cast<size_t>(stored.size()), group.schemes.size());
-    QStringList rows;
-    QStringList generatedRows;
-    for (int i = 0; i < stored.size(); ++i) {
-        const VOColorScheme &scheme = group.schemes[static_cast<size_t>(i)];
-        QStringList words{toQString(scheme.name)};
-        for (const QJsonValue &color :
-             stored.at(i).toObject().value(QLatin1String("colours")).toArray())
-            words << color.toString();
-        rows << words.join(QLatin1Char('|'));
-        words = QStringList{toQString(scheme.name)};
-        for (const Triple &color : colorsAt(scheme, static_cast<int>(scheme.colorRamp->getLevel())))
-            words << QString::asprintf("#%02x%02x%02x", int(color[0]), int(color[1]),
-                                       int(color[2]));
-        generatedRows << words.join(QLatin1Char('|'));
-        std::puts(qPrintable(generatedRows.last()));
-    }
-    QCOMPARE(rows, generatedRows);
 }
 
 void tst_builtInSchemes::noTwoSchemesLookAlike()
