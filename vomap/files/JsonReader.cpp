@@ -35,7 +35,7 @@ bool JsonReader::fail()
     return false;
 }
 
-void JsonReader::skipBlanks()
+void JsonReader::skipWhitespace()
 {
     // By hand: indented lists of numbers are blanks for the most part.
     std::size_t end = 0;
@@ -46,7 +46,7 @@ void JsonReader::skipBlanks()
 
 bool JsonReader::nextIs(char character)
 {
-    skipBlanks();
+    skipWhitespace();
     return !rest.empty() && rest.front() == character;
 }
 
@@ -60,7 +60,7 @@ bool JsonReader::take(char character)
 
 bool JsonReader::takeWord(std::string_view word)
 {
-    skipBlanks();
+    skipWhitespace();
     if (rest.substr(0, word.size()) != word)
         return fail();
     rest.remove_prefix(word.size());
@@ -204,7 +204,7 @@ std::size_t JsonReader::takeDigits(std::size_t at) const
 
 bool JsonReader::takeNumber(std::string_view &number)
 {
-    skipBlanks();
+    skipWhitespace();
     std::size_t at = !rest.empty() && rest.front() == '-' ? 1 : 0;
     std::size_t digits = at;
     at = takeDigits(at);
@@ -264,7 +264,7 @@ bool JsonReader::skipValue()
 
 bool JsonReader::atEnd()
 {
-    skipBlanks();
+    skipWhitespace();
     return good && levels.empty() && rest.empty();
 }
 

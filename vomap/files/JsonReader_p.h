@@ -55,7 +55,7 @@ private:
     bool takeHexadecimal(char32_t &value);
     bool enter(bool object);
     bool next(char closing);
-    void skipBlanks();
+    void skipWhitespace();
     std::size_t takeDigits(std::size_t at) const;
 
     std::string_view rest;

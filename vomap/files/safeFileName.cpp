@@ -73,7 +73,7 @@ std::wstring digitsFor(const std::wstring &name)
 {
     std::string bytes(name.size() * sizeof(quint32), '\0');
     for (std::size_t i = 0; i < name.size(); ++i)
-        qToLittleEndian<quint32>(unitOf(name[i]), &bytes[i * sizeof(quint32)]);
+        qToLittleEndian<quint32>(codeUnitOf(name[i]), &bytes[i * sizeof(quint32)]);
     std::array<wchar_t, 17> digits = {};
     std::swprintf(digits.data(), digits.size(), L"%016llx",
                   static_cast<unsigned long long>(xxHash64(bytes)));

@@ -49,9 +49,9 @@ void appendJsonString(std::string &text, std::wstring_view wide)
 // Where a JSON string cannot say this character behind the one before it.
 bool breaksString(std::wstring_view wide, std::size_t at)
 {
-    const char32_t unit = unitOf(wide[at]);
+    const char32_t unit = codeUnitOf(wide[at]);
     return unit > 0x10FFFF || (sizeof(wchar_t) == 4 && at > 0 && isLowSurrogate(unit) &&
-                               isHighSurrogate(unitOf(wide[at - 1])));
+                               isHighSurrogate(codeUnitOf(wide[at - 1])));
 }
 
 void appendText(std::string &text, std::wstring_view wide)
@@ -67,7 +67,7 @@ void appendText(std::string &text, std::wstring_view wide)
         if (from > 0)
             text += ", ";
         if (breaksString(wide, from)) {
-            text += std::to_string(static_cast<unsigned long>(unitOf(wide[from++])));
+            text += std::to_string(static_cast<unsigned long>(codeUnitOf(wide[from++])));
             continue;
         }
         std::size_t to = from + 1;

@@ -49,7 +49,7 @@ void appendUnits(ByteBuffer &bytes, std::wstring_view text)
     bytes.appendNumber(static_cast<quint8>(sizeof(Unit)));
     char *to = bytes.extend(text.size() * sizeof(Unit));
     for (const wchar_t character : text) {
-        qToLittleEndian<Unit>(static_cast<Unit>(unitOf(character)), to);
+        qToLittleEndian<Unit>(static_cast<Unit>(codeUnitOf(character)), to);
         to += sizeof(Unit);
     }
 }
@@ -67,7 +67,7 @@ void appendString(ByteBuffer &bytes, std::wstring_view text)
 {
     char32_t all = 0;
     for (const wchar_t character : text)
-        all |= unitOf(character);
+        all |= codeUnitOf(character);
     if (sizeof(wchar_t) == 2 && all >= 0xD800) {
         const std::u32string joined = joinedPairs(text);
         if (joined.size() != text.size()) {

@@ -85,10 +85,10 @@ bool takeCodePoint(std::string_view &utf8, char32_t &codePoint)
 
 char32_t takeCodePoint(std::wstring_view wide, std::size_t &at)
 {
-    const char32_t unit = unitOf(wide[at++]);
+    const char32_t unit = codeUnitOf(wide[at++]);
     if (sizeof(wchar_t) == 2 && isHighSurrogate(unit) && at < wide.size() &&
-        isLowSurrogate(unitOf(wide[at])))
-        return 0x10000 + ((unit - 0xD800) << 10) + (unitOf(wide[at++]) - 0xDC00);
+        isLowSurrogate(codeUnitOf(wide[at])))
+        return 0x10000 + ((unit - 0xD800) << 10) + (codeUnitOf(wide[at++]) - 0xDC00);
     return unit;
 }
 

@@ -22,8 +22,8 @@ constexpr bool isUnsayable(char32_t value)
     return (value >= 0xD800 && value <= 0xDFFF) || value > 0x10FFFF;
 }
 
-/// The value of one wide character, whatever sign wchar_t has.
-constexpr char32_t unitOf(wchar_t character)
+/// The code unit of one wide character, whatever sign wchar_t has.
+constexpr char32_t codeUnitOf(wchar_t character)
 {
     return sizeof(wchar_t) == 2 ? static_cast<char16_t>(character)
                                 : static_cast<char32_t>(character);
