@@ -1,74 +1,27 @@
 #include "vobase/VOString.h"
 
+#include "vobase/utf8_p.h"
+
 #include <algorithm>
 
 namespace VTObjects {
 
 namespace {
 
-// Where wchar_t has 16 bits, a character beyond them becomes a surrogate pair.
-void appendCodePoint(std::wstring &wide, char32_t codePoint)
-{
-    if (sizeof(wchar_t) == 2 && codePoint > 0xFFFF) {
-        codePoint -= 0x10000;
-        wide += static_cast<wchar_t>(0xD800 + (codePoint >> 10));
-        wide += static_cast<wchar_t>(0xDC00 + (codePoint & 0x3FF));
-    } else {
-        wide += static_cast<wchar_t>(codePoint);
-    }
-}
-
-// Length in bytes of the UTF-8 sequence that starts at `at`; 0 where there is none.
-int sequenceLength(const std::string &text, std::size_t at, char32_t &codePoint)
-{
-    const auto lead = static_cast<unsigned char>(text[at]);
-    int length = 0;
-    char32_t smallest = 0;
-    if (lead < 0x80) {
-        codePoint = lead;
-        return 1;
-    }
-    if ((lead & 0xE0) == 0xC0) {
-        length = 2;
-        smallest = 0x80;
-        codePoint = lead & 0x1F;
-    } else if ((lead & 0xF0) == 0xE0) {
-        length = 3;
-        smallest = 0x800;
-        codePoint = lead & 0x0F;
-    } else if ((lead & 0xF8) == 0xF0) {
-        length = 4;
-        smallest = 0x10000;
-        codePoint = lead & 0x07;
-    } else {
-        return 0;
-    }
-    if (at + static_cast<std::size_t>(length) > text.size())
-        return 0;
-    for (int i = 1; i < length; ++i) {
-        const auto next = static_cast<unsigned char>(text[at + static_cast<std::size_t>(i)]);
-        if ((next & 0xC0) != 0x80)
-            return 0;
-        codePoint = (codePoint << 6) | (next & 0x3F);
-    }
-    const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
-    return codePoint < smallest || codePoint > 0x10FFFF || surrogate ? 0 : length;
-}
-
 std::wstring widened(const char *text)
 {
     if (!text)
         return std::wstring();
-    const std::string narrow(text);
+    std::string_view narrow(text);
     std::wstring wide;
     wide.reserve(narrow.size());
-    for (std::size_t at = 0; at < narrow.size();) {
+    while (!narrow.empty()) {
         char32_t codePoint = 0;
-        const int length = sequenceLength(narrow, at, codePoint);
-        if (length == 0)
-            codePoint = static_cast<unsigned char>(narrow[at]);
-        appendCodePoint(wide, codePoint);
-        at += static_cast<std::size_t>(std::max(length, 1));
+        if (!takeCodePoint(narrow, codePoint)) {
+            codePoint = static_cast<unsigned char>(narrow.front());
+            narrow.remove_prefix(1);
+        }
+        appendWide(wide, codePoint);
     }
     return wide;
 }

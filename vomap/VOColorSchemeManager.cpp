@@ -59,6 +59,18 @@ void VOColorSchemeManager::setStoreDirectory(const VOString &directory)
     chosenDirectory() = directory;
 }
 
+VOColorSchemeTeam &VOColorSchemeManager::team(VOTeamKind kind)
+{
+    VOColorSchemeTeam *const teams[] = {&defaultTeam, &customTeam, &favoriteTeam};
+    return *teams[kind];
+}
+
+const VOColorSchemeTeam &VOColorSchemeManager::team(VOTeamKind kind) const
+{
+    const VOColorSchemeTeam *const teams[] = {&defaultTeam, &customTeam, &favoriteTeam};
+    return *teams[kind];
+}
+
 bool VOColorSchemeManager::load()
 {
     return succeeds([this] {
@@ -69,17 +81,15 @@ bool VOColorSchemeManager::load()
 bool VOColorSchemeManager::save()
 {
     return succeeds([this] {
-        return store->save(storeFolder(), {{SchemeStore::Default, &defaultTeam},
-                                           {SchemeStore::Custom, &customTeam},
-                                           {SchemeStore::Favorite, &favoriteTeam}});
+        return store->save(storeFolder(), {{DefaultTeam, &defaultTeam},
+                                           {CustomTeam, &customTeam},
+                                           {FavoriteTeam, &favoriteTeam}});
     });
 }
 
 bool VOColorSchemeManager::saveCustomTeam()
 {
-    return succeeds([this] {
-        return store->save(storeFolder(), {{SchemeStore::Custom, &customTeam}});
-    });
+    return succeeds([this] { return store->save(storeFolder(), {{CustomTeam, &customTeam}}); });
 }
 
 void VOColorSchemeManager::resetDefaultTeam()

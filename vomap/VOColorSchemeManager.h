@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vomap/VOColorSchemeTeam.h"
+#include "vomap/VOTeamKind.h"
 
 #include <memory>
 
@@ -18,6 +19,10 @@ public:
     VOColorSchemeTeam defaultTeam;  ///< built-in groups
     VOColorSchemeTeam customTeam;   ///< the user's own groups
     VOColorSchemeTeam favoriteTeam; ///< groups of schemes marked as favourites
+
+    /// One of these three.
+    VOColorSchemeTeam &team(VOTeamKind kind);
+    const VOColorSchemeTeam &team(VOTeamKind kind) const;
 
     /// The store. The first call loads it; never null, never to be deleted.
     static VOColorSchemeManager *instance();

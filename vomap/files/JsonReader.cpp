@@ -1,6 +1,6 @@
 #include "vomap/files/JsonReader_p.h"
 
-#include "vomap/files/utf8_p.h"
+#include "vobase/utf8_p.h"
 
 #include <utility>
 

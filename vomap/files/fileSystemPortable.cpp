@@ -1,6 +1,6 @@
 #include "vomap/files/fileSystem_p.h"
 
-#include "vomap/files/utf8_p.h"
+#include "vobase/utf8_p.h"
 #include "vomap/files/xxHash64_p.h"
 
 #include "vobase/VOString.h"
@@ -33,8 +33,8 @@ std::string nativePath(const VOString &path)
 {
     const std::wstring wide = path;
     std::string utf8;
-    const bool sayable = wide.find(L'\0') == std::wstring::npos && appendUtf8(utf8, wide);
-    return sayable ? utf8 : std::string();
+    const bool good = wide.find(L'\0') == std::wstring::npos && appendUtf8(utf8, wide);
+    return good ? utf8 : std::string();
 }
 
 ReadState readWholeFile(const std::string &path, std::uint64_t limit, ByteBuffer &bytes)

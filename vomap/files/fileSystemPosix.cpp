@@ -1,7 +1,7 @@
 #include "vomap/files/fileSystem_p.h"
 
 #include "vobase/VOString.h"
-#include "vomap/files/utf8_p.h"
+#include "vobase/utf8_p.h"
 #include "vomap/files/xxHash64_p.h"
 
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "vomap/safeFileName.h"
 
-#include "vomap/files/utf8_p.h"
+#include "vobase/utf8_p.h"
 #include "vomap/files/xxHash64_p.h"
 
 #include <QtEndian>
@@ -19,7 +19,7 @@ constexpr std::size_t longestCut = 200;  // before the digits
 bool isForbidden(char32_t codePoint)
 {
     return codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0) || codePoint == U'/' ||
-           codePoint == U'\\' || isUnsayable(codePoint);
+           codePoint == U'\\' || !isScalarValue(codePoint);
 }
 
 std::wstring withoutForbidden(const std::wstring &name)

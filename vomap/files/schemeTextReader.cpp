@@ -1,8 +1,8 @@
+#include "vobase/utf8_p.h"
 #include "vomap/VOColorScheme.h"
 #include "vomap/files/JsonReader_p.h"
 #include "vomap/files/RampParts_p.h"
 #include "vomap/files/schemeText_p.h"
-#include "vomap/files/utf8_p.h"
 
 #include <QByteArray>
 

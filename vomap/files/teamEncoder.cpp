@@ -1,7 +1,7 @@
+#include "vobase/utf8_p.h"
 #include "vomap/files/ByteReader_p.h"
 #include "vomap/files/RampParts_p.h"
 #include "vomap/files/TeamFile_p.h"
-#include "vomap/files/utf8_p.h"
 #include "vomap/files/xxHash64_p.h"
 
 #include <algorithm>

@@ -12,14 +12,7 @@ using namespace FixedPointColor;
 
 namespace {
 
-constexpr int factorBits = 20;
 constexpr int placeBits = 30;
-
-constexpr std::int64_t factor(double value)
-{
-    // Constants only, and their products are no ties: the compiler itself computes this.
-    return static_cast<std::int64_t>(value * (1 << factorBits) + (value < 0 ? -0.5 : 0.5));
-}
 
 constexpr std::int64_t one = linearOne;
 

@@ -8,15 +8,6 @@ namespace VTObjects::FixedPointColor {
 
 namespace {
 
-// All factors below are rounded to this many fraction bits.
-constexpr int factorBits = 20;
-
-constexpr std::int64_t factor(double value)
-{
-    // Constants only, and their products are no ties: the compiler itself computes this.
-    return static_cast<std::int64_t>(value * (1 << factorBits) + (value < 0 ? -0.5 : 0.5));
-}
-
 using Row = std::array<std::int64_t, 3>;
 using Matrix = std::array<Row, 3>;
 using Linear = std::array<std::int64_t, 3>;

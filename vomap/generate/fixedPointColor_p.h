@@ -42,6 +42,14 @@ constexpr int visionCount = 4;
 constexpr int linearBits = 24;
 constexpr std::int64_t linearOne = std::int64_t(1) << linearBits;
 
+/// Factors of published methods are rounded to this many fraction bits.
+constexpr int factorBits = 20;
+/// For constants only, whose products are no ties: the compiler itself computes this.
+constexpr std::int64_t factor(double value)
+{
+    return static_cast<std::int64_t>(value * (1 << factorBits) + (value < 0 ? -0.5 : 0.5));
+}
+
 /// Unit of Lab and Appearance: one step of L* is this.
 constexpr int labBits = 10;
 

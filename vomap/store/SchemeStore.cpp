@@ -1,5 +1,6 @@
 #include "vomap/store/SchemeStore_p.h"
 
+#include "vomap/VOStringConversion.h"
 #include "vomap/store/SchemeStoreFound_p.h"
 #include "vomap/store/builtInSchemes_p.h"
 #include "vomap/store/teamMerge_p.h"
@@ -13,14 +14,13 @@ namespace {
 
 constexpr std::uint64_t anyLength = std::numeric_limits<std::int64_t>::max();
 constexpr const char *fileNames[] = {"default.team", "custom.team", "favorite.team"};
-constexpr const wchar_t *teamNames[] = {L"Default", L"Custom", L"Favorite"};
 
-VOColorSchemeTeam firstTeam(SchemeStore::Team which)
+VOColorSchemeTeam firstTeam(VOTeamKind which)
 {
     VOColorSchemeTeam team;
-    if (which == SchemeStore::Default)
+    if (which == DefaultTeam)
         team = shippedTeam();
-    team.name = teamNames[which];
+    team.name = toVOString(teamKey(which));
     return team;
 }
 
@@ -43,7 +43,7 @@ SchemeStore::SchemeStore() = default;
 
 SchemeStore::~SchemeStore() = default;
 
-std::string SchemeStore::pathOf(Team which, const char *suffix) const
+std::string SchemeStore::pathOf(VOTeamKind which, const char *suffix) const
 {
     return folder + '/' + fileNames[which] + suffix;
 }
@@ -58,7 +58,7 @@ bool SchemeStore::load(const std::string &directory,
 {
     folder = directory;
     if (folder.empty()) {
-        for (const Team which : {Default, Custom, Favorite})
+        for (const VOTeamKind which : allTeams)
             *teams[which] = firstTeam(which);
         known = {};
         return false;
@@ -67,7 +67,7 @@ bool SchemeStore::load(const std::string &directory,
     // A folder that is not there is no reason to make one: nothing is saved yet.
     const bool locked = somethingIsAt(folder) && lock.acquire(pathOfLock(), lockTimeout);
     bool all = true;
-    for (const Team which : {Default, Custom, Favorite}) {
+    for (const VOTeamKind which : allTeams) {
         if (locked)
             finishInterrupted(which);
         all = loadTeam(which, locked, *teams[which]) && all;
@@ -76,7 +76,7 @@ bool SchemeStore::load(const std::string &directory,
 }
 
 // Only under the lock: what such a file belongs to is over then.
-void SchemeStore::finishInterrupted(Team which) const
+void SchemeStore::finishInterrupted(VOTeamKind which) const
 {
     removeFile(pathOf(which, newSuffix));
     const std::string old = pathOf(which, oldSuffix);
@@ -88,7 +88,7 @@ void SchemeStore::finishInterrupted(Team which) const
         removeFile(old);
 }
 
-bool SchemeStore::loadTeam(Team which, bool locked, VOColorSchemeTeam &team)
+bool SchemeStore::loadTeam(VOTeamKind which, bool locked, VOColorSchemeTeam &team)
 {
     Known &now = known[which];
     now = Known();
@@ -103,7 +103,7 @@ bool SchemeStore::loadTeam(Team which, bool locked, VOColorSchemeTeam &team)
     } else if (found.isMissing() && !somethingIsAt(pathOf(which, lastSuffix))) {
         good = true;
         content.team = firstTeam(which);
-        if (which == Default)
+        if (which == DefaultTeam)
             content.extras.shipped = shippedList(content.team);
     } else {
         Found last(pathOf(which, lastSuffix));
@@ -111,7 +111,7 @@ bool SchemeStore::loadTeam(Team which, bool locked, VOColorSchemeTeam &team)
         if (locked && found.read != ReadState::Unreadable)
             putRecovered(which, found, last, content);
     }
-    if (which == Default && !now.newer)
+    if (which == DefaultTeam && !now.newer)
         upgradeBuiltIns(content, shippedTeam());
     now.extras = std::move(content.extras);
     team = std::move(content.team);
@@ -119,7 +119,7 @@ bool SchemeStore::loadTeam(Team which, bool locked, VOColorSchemeTeam &team)
 }
 
 // What can be had of a team whose file cannot be taken as it is.
-TeamContent SchemeStore::recovered(Team which, Found &found, Found &last) const
+TeamContent SchemeStore::recovered(VOTeamKind which, Found &found, Found &last) const
 {
     if (last.isWhole())
         return std::move(last.content);
@@ -139,16 +139,17 @@ TeamContent SchemeStore::recovered(Team which, Found &found, Found &last) const
         content.team = firstTeam(which);
     // Its name may be among what was lost.
     if (content.team.name == L"")
-        content.team.name = teamNames[which];
+        content.team.name = toVOString(teamKey(which));
     // Without the list nobody knows what the user deleted: nothing is offered again.
-    if (which == Default && !knowsShipped)
+    if (which == DefaultTeam && !knowsShipped)
         content.extras.shipped = shippedList(shippedTeam());
     return content;
 }
 
 // Sets the damaged files aside and makes what was recovered the team's file. If any of it fails,
 // all stays as it is: the next load or save will try again.
-void SchemeStore::putRecovered(Team which, Found &found, Found &last, const TeamContent &content)
+void SchemeStore::putRecovered(VOTeamKind which, Found &found, Found &last,
+                               const TeamContent &content)
 {
     const std::string path = pathOf(which);
     const std::string fresh = pathOf(which, newSuffix);

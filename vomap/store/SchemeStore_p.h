@@ -1,5 +1,6 @@
 #pragma once
 
+#include "vomap/VOTeamKind.h"
 #include "vomap/files/ByteBuffer_p.h"
 #include "vomap/files/TeamFile_p.h"
 
@@ -15,8 +16,7 @@ namespace VTObjects {
 class SchemeStore
 {
 public:
-    enum Team { Default, Custom, Favorite };
-    static constexpr std::size_t teamCount = 3;
+    static constexpr std::size_t teamCount = allTeams.size();
 
     SchemeStore();
     ~SchemeStore();
@@ -24,15 +24,15 @@ public:
     SchemeStore &operator=(const SchemeStore &) = delete;
 
     /// An empty directory is one that cannot be: nothing is read from it or written into it.
-    /// Reads the teams, in the order of Team; no pointer may be null. True if all that is there
-    /// could be read. A team of which nothing is there is as on a first start.
+    /// Reads the teams, in the order of VOTeamKind; no pointer may be null. True if all that is
+    /// there could be read. A team of which nothing is there is as on a first start.
     bool load(const std::string &directory,
               const std::array<VOColorSchemeTeam *, teamCount> &teams);
 
     /// One team to be saved; the pointer must not be null.
     struct Saving
     {
-        Team which = Default;
+        VOTeamKind which = DefaultTeam;
         const VOColorSchemeTeam *team = nullptr;
     };
     /// Writes all of them, or none and answers false.
@@ -50,10 +50,10 @@ private:
     struct Found; // a team file that was looked for
     struct Work;  // a team that is being saved
 
-    bool loadTeam(Team which, bool locked, VOColorSchemeTeam &team);
-    TeamContent recovered(Team which, Found &found, Found &last) const;
-    void putRecovered(Team which, Found &found, Found &last, const TeamContent &content);
-    void finishInterrupted(Team which) const;
+    bool loadTeam(VOTeamKind which, bool locked, VOColorSchemeTeam &team);
+    TeamContent recovered(VOTeamKind which, Found &found, Found &last) const;
+    void putRecovered(VOTeamKind which, Found &found, Found &last, const TeamContent &content);
+    void finishInterrupted(VOTeamKind which) const;
     std::string setAside(const std::string &path, const Found &found) const;
 
     bool prepare(Work &work) const;
@@ -62,7 +62,7 @@ private:
     bool link(Work &work) const;
     void rollBack(std::vector<Work> &works) const;
 
-    std::string pathOf(Team which, const char *suffix = "") const;
+    std::string pathOf(VOTeamKind which, const char *suffix = "") const;
     std::string pathOfLock() const;
 
     std::string folder; // of the last load or save

@@ -11,7 +11,7 @@ namespace VTObjects {
 
 struct SchemeStore::Work
 {
-    Team which = Default;
+    VOTeamKind which = DefaultTeam;
     const VOColorSchemeTeam *team = nullptr;
     ByteBuffer bytes;  // to be written
     ByteBuffer base;   // the team as it is in memory, if that is not what is written
@@ -80,7 +80,7 @@ bool SchemeStore::prepare(Work &work) const
     const Known &now = known[work.which];
     const std::string path = pathOf(work.which);
     work.extras = now.extras;
-    if (work.which == Default && work.extras.shipped.empty())
+    if (work.which == DefaultTeam && work.extras.shipped.empty())
         work.extras.shipped = shippedList(shippedTeam());
     if (now.base.size() > 0 && fileHolds(path, now.base.view())) {
         work.replaces = true;
@@ -119,7 +119,7 @@ bool SchemeStore::merge(Work &work, const TeamContent &theirs) const
         work.extras.teamFields = theirs.extras.teamFields;
     if (!theirs.extras.otherRecords.empty())
         work.extras.otherRecords = theirs.extras.otherRecords;
-    if (work.which == Default)
+    if (work.which == DefaultTeam)
         work.extras.shipped = joinedLists(work.extras.shipped, theirs.extras.shipped);
     return encodeTeam(mergedTeam(base.team, *work.team, theirs.team), work.extras, work.bytes);
 }

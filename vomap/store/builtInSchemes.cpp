@@ -1,7 +1,9 @@
 #include "vomap/store/builtInSchemes_p.h"
 
+#include "vomap/VOBuiltInGroups.h"
 #include "vomap/VOColorScheme.h"
 #include "vomap/VOStringConversion.h"
+#include "vomap/VOTeamKind.h"
 #include "vomap/files/schemeText_p.h"
 
 #include <QFile>
@@ -36,8 +38,8 @@ VOColorSchemeTeam builtInTeam()
 {
     initializeSchemeFiles();
     VOColorSchemeTeam team;
-    team.name = L"Default";
-    for (const char *name : {"DEM", "Unique", "Range", "Graph", "Even", "Random"}) {
+    team.name = toVOString(teamKey(DefaultTeam));
+    for (const char *name : builtInGroups) {
         const QString folder = QLatin1String(name);
         team.groups.push_back(
             builtInGroup(QStringLiteral(":/vtcontrolcolorscheme/schemes/") + folder));
