@@ -3,13 +3,14 @@
 #include "colorscheme/editor/VTColorSchemeEditor.h"
 #include "colorscheme/editor/editorControls_p.h"
 #include "colorscheme/model/colorConversion.h"
+#include "colorscheme/model/filePath_p.h"
 #include "colorscheme/model/lastOpenFilePath_p.h"
+#include "colorscheme/model/messageBoxes_p.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOPredefineColorRamp.h"
 #include "vomap/VOStringConversion.h"
 
 #include <QFileDialog>
-#include <QMessageBox>
 
 #include <algorithm>
 #include <utility>
@@ -18,6 +19,8 @@
 using vtcontrolcolorscheme::HsvBound;
 using vtcontrolcolorscheme::hsvBounds;
 using vtcontrolcolorscheme::lastOpenFilePath;
+using vtcontrolcolorscheme::tellFailure;
+using vtcontrolcolorscheme::toFilePath;
 using VTObjects::rgb_color;
 using VTObjects::toRgbColor;
 using VTObjects::toVOString;
@@ -152,11 +155,9 @@ void VTColorSchemeEditor::onLoadScheme()
                                      nullptr, QFileDialog::DontUseNativeDialog);
     if (file.isEmpty())
         return;
-    VOString path = toVOString(file);
-    path.Replace(L'\\', L'/');
     VOColorScheme scheme;
-    if (!VOColorSchemeManager::readFile(scheme, path)) {
-        QMessageBox::information(this, title, tr("Failed to open file!"), QMessageBox::Close);
+    if (!VOColorSchemeManager::readFile(scheme, toFilePath(file))) {
+        tellFailure(this, title, tr("Failed to open file!"));
         return;
     }
     viewScheme(scheme);

@@ -1,9 +1,8 @@
 #include "colorscheme/manager/VTColorSchemeManager.h"
 
 #include "colorscheme/manager/VTColorSchemeModel.h"
-#include "colorscheme/manager/dataModified_p.h"
+#include "colorscheme/manager/WorkingCopies_p.h"
 #include "colorscheme/manager/nodeInfo_p.h"
-#include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 
 #include "ui_VTColorSchemeManagerBase.h"
@@ -11,15 +10,20 @@
 #include <QMenu>
 #include <QStandardItemModel>
 
+using vtcontrolcolorscheme::GroupPlace;
 using vtcontrolcolorscheme::nodeInfo;
 using vtcontrolcolorscheme::nodeInfoRole;
+using vtcontrolcolorscheme::WorkingCopies;
+using VTObjects::CustomTeam;
+using VTObjects::DefaultTeam;
+using VTObjects::FavoriteTeam;
 using VTObjects::toQString;
 using VTObjects::VOColorSchemeGroup;
-using VTObjects::VOColorSchemeManager;
-using VTObjects::VOColorSchemeTeam;
 using VTObjects::VOString;
 
-bool dataModified = false;
+// The nodes of the teams bear the teams' own numbers.
+static_assert(int(DefaultTeamNode) == DefaultTeam && int(CustomTeamNode) == CustomTeam &&
+              int(FavoriteTeamNode) == FavoriteTeam);
 
 namespace {
 
@@ -35,6 +39,7 @@ QIcon iconOfSize(const QString &file, int size)
 VTColorSchemeManager::VTColorSchemeManager(QWidget *parent)
     : QDialog(parent)
     , ui(std::make_unique<Ui::VTColorSchemeManagerBase>())
+    , copies(std::make_unique<WorkingCopies>())
 {
     // A linker that was not told to take the icons out of a static archive does so for this.
     Q_INIT_RESOURCE(colorscheme);
@@ -53,7 +58,6 @@ VTColorSchemeManager::~VTColorSchemeManager()
         delete *root;
         *root = nullptr;
     }
-    dataModified = false;
 }
 
 void VTColorSchemeManager::initUi()
@@ -75,49 +79,28 @@ void VTColorSchemeManager::initUi()
     }
     ui->teamView->setPalette(palette);
     groupIcon = iconOfSize(QStringLiteral(":/icon/Group.png"), 16);
-    const VOColorSchemeManager *store = VOColorSchemeManager::instance();
 
-    defaultItem = appendTeam(QStringLiteral(":/icon/Default.png"), tr("Default"),
-                             store->defaultTeam.name, DefaultTeamNode);
-    groupLabels = {
-        {"DEM", tr("For DEM")},     {"Unique", tr("For unique")}, {"Range", tr("For unique range")},
-        {"Graph", tr("For graph")}, {"Even", tr("Even scheme")},  {"Random", tr("Random scheme")}};
-    defaultGroupIndex.clear();
-    // Deliberate: these six, in this order; a built-in group of any other name is never shown.
-    for (const char *key : {"DEM", "Unique", "Range", "Graph", "Even", "Random"}) {
-        const int i = store->defaultTeam.index(key);
-        if (i < 0)
-            continue;
-        defaultGroupIndex[key] = i;
-        appendGroup(defaultItem, groupLabels[key],
-                    store->defaultTeam.groups[static_cast<std::size_t>(i)].name);
+    defaultItem = appendTeam(QStringLiteral(":/icon/Default.png"), tr("Default"), DefaultTeam);
+    for (const WorkingCopies::BuiltIn &group : copies->shownBuiltIns())
+        appendGroup(defaultItem, group.caption, group.name);
+    customItem = appendTeam(QStringLiteral(":/icon/Custom.png"), tr("Custom"), CustomTeam);
+    favoriteItem = appendTeam(QStringLiteral(":/icon/Favorite.png"), tr("Favorite"), FavoriteTeam);
+    for (QStandardItem *team : {customItem, favoriteItem}) {
+        for (const VOColorSchemeGroup &group : copies->team(nodeInfo(team).type)->groups)
+            appendGroup(team, toQString(group.name), group.name);
     }
-
-    customItem = appendTeam(QStringLiteral(":/icon/Custom.png"), tr("Custom"),
-                            store->customTeam.name, CustomTeamNode);
-    for (const VOColorSchemeGroup &group : store->customTeam.groups)
-        appendGroup(customItem, toQString(group.name), group.name);
-
-    favoriteItem = appendTeam(QStringLiteral(":/icon/Favorite.png"), tr("Favorite"),
-                              store->favoriteTeam.name, FavoriteTeamNode);
-    for (const VOColorSchemeGroup &group : store->favoriteTeam.groups)
-        appendGroup(favoriteItem, toQString(group.name), group.name);
-
     ui->teamView->expandAll();
-    defaultTeam = store->defaultTeam;
-    customTeam = store->customTeam;
-    favoriteTeam = store->favoriteTeam;
 }
 
 QStandardItem *VTColorSchemeManager::appendTeam(const QString &icon, const QString &text,
-                                                const VOString &name, int type)
+                                                int number)
 {
     QFont font;
     font.setPointSize(10);
     font.setWeight(QFont::Bold);
     auto *item = new QStandardItem(iconOfSize(icon, 24), text);
-    item->setData(QVariant::fromValue(ColorSchemeNodeInfo(name, static_cast<NodeType>(type))),
-                  nodeInfoRole);
+    const ColorSchemeNodeInfo info(copies->team(number)->name, static_cast<NodeType>(number));
+    item->setData(QVariant::fromValue(info), nodeInfoRole);
     item->setFont(font);
     teamModel->appendRow(item);
     return item;
@@ -157,7 +140,7 @@ void VTColorSchemeManager::onTeamViewClicked(const QModelIndex &index)
     ui->schemeView->finishEditing();
     // Deliberate: only a user's click keeps what was edited in the table; a call from code has
     // written it back already or means to drop it.
-    if (sender() && dataModified)
+    if (sender() && WorkingCopies::isModified())
         updateData();
 
     QStandardItem *team = item->parent();
@@ -167,14 +150,12 @@ void VTColorSchemeManager::onTeamViewClicked(const QModelIndex &index)
         if (item)
             ui->teamView->setCurrentIndex(item->index());
     }
-    const int teamKind = nodeInfo(team).type;
-    int groupIndex = -1;
-    if (item)
-        groupIndex =
-            teamKind == DefaultTeamNode ? defaultGroupPosition(nodeInfo(item).name) : item->row();
+    const int number = nodeInfo(team).type;
     // A group below a node that is no team's is nobody's; the table keeps what it shows.
-    if (!item || teamOf(teamKind))
-        showGroup(teamKind, groupIndex);
+    if (!item)
+        showGroup({number, -1});
+    else if (copies->team(number))
+        showGroup(placeOf(item));
 
     if (ui->schemeView->schemeModel()->columnCount() == 0)
         return;
@@ -182,19 +163,17 @@ void VTColorSchemeManager::onTeamViewClicked(const QModelIndex &index)
     ui->schemeView->selectRow(0);
 }
 
-void VTColorSchemeManager::showGroup(int teamKind, int groupIndex)
+void VTColorSchemeManager::showGroup(GroupPlace place)
 {
-    if (const VOColorSchemeGroup *group = groupOf(teamKind, groupIndex))
-        ui->schemeView->setGroup(teamKind, groupIndex, *group);
+    if (const VOColorSchemeGroup *group = copies->group(place))
+        ui->schemeView->setGroup(place.team, place.group, *group);
     else
-        ui->schemeView->setGroup(teamKind, -1, VOColorSchemeGroup());
+        ui->schemeView->setGroup(place.team, -1, VOColorSchemeGroup());
 }
 
 void VTColorSchemeManager::updateData()
 {
-    VOColorSchemeGroup *group = groupOf(ui->schemeView->teamKind, ui->schemeView->groupIndex);
-    if (group)
-        *group = ui->schemeView->schemeModel()->group();
+    copies->write(shownPlace(), ui->schemeView->schemeModel()->group());
 }
 
 QMenu *VTColorSchemeManager::defaultMenu()
@@ -211,12 +190,9 @@ QMenu *VTColorSchemeManager::copyMenu(const QStandardItem *team,
                                       void (VTColorSchemeManager::*slot)(bool))
 {
     auto menu = std::make_unique<QMenu>();
-    const int teamKind = nodeInfo(team).type;
     for (int row = 0; row < team->rowCount(); ++row) {
         const QStandardItem *item = team->child(row);
-        const int groupIndex =
-            teamKind == DefaultTeamNode ? defaultGroupPosition(nodeInfo(item).name) : row;
-        if (ui->schemeView->teamKind == teamKind && ui->schemeView->groupIndex == groupIndex)
+        if (placeOf(item) == shownPlace())
             continue;
         auto *action = new QAction(item->text(), menu.get());
         action->setData(item->data(nodeInfoRole));
@@ -236,34 +212,17 @@ QStandardItem *VTColorSchemeManager::currentItem() const
     return teamModel->itemFromIndex(ui->teamView->currentIndex());
 }
 
-int VTColorSchemeManager::defaultGroupPosition(const VOString &name)
+GroupPlace VTColorSchemeManager::placeOf(const QStandardItem *item) const
 {
-    return defaultGroupIndex[name]; // deliberate: an unknown name means the first group
+    return copies->placeOf(nodeInfo(item->parent()).type, item->row(), nodeInfo(item).name);
 }
 
-VOColorSchemeTeam *VTColorSchemeManager::teamOf(int teamKind)
+GroupPlace VTColorSchemeManager::shownPlace() const
 {
-    switch (teamKind) {
-    case DefaultTeamNode:
-        return &defaultTeam;
-    case CustomTeamNode:
-        return &customTeam;
-    case FavoriteTeamNode:
-        return &favoriteTeam;
-    default:
-        return nullptr;
-    }
+    return {ui->schemeView->teamKind, ui->schemeView->groupIndex};
 }
 
-VOColorSchemeGroup *VTColorSchemeManager::groupOf(int teamKind, int groupIndex)
+bool VTColorSchemeManager::showsGroup() const
 {
-    VOColorSchemeTeam *team = teamOf(teamKind);
-    if (!team || groupIndex < 0 || static_cast<std::size_t>(groupIndex) >= team->groups.size())
-        return nullptr;
-    return &team->groups[static_cast<std::size_t>(groupIndex)];
-}
-
-bool VTColorSchemeManager::showsGroup()
-{
-    return groupOf(ui->schemeView->teamKind, ui->schemeView->groupIndex) != nullptr;
+    return copies->group(shownPlace()) != nullptr;
 }

@@ -5,10 +5,10 @@
 
 #include <QDialog>
 #include <QIcon>
-#include <QMap>
 #include <QSet>
 
 #include <memory>
+#include <vector>
 
 class QMenu;
 class QStandardItem;
@@ -17,6 +17,11 @@ class QStandardItemModel;
 namespace Ui {
 class VTColorSchemeManagerBase;
 }
+
+namespace vtcontrolcolorscheme {
+class WorkingCopies;
+struct GroupPlace;
+} // namespace vtcontrolcolorscheme
 
 /// The dialog in which the user manages all colour schemes: a tree of teams and groups, the table
 /// of the schemes of one group, and commands for both.
@@ -43,6 +48,9 @@ public:
     /// already are copied once more. Nothing without a shown group.
     void onFavorite(const QSet<int> &rows);
 
+    /// What the commands change until OK: for tests, as its class is no host's business.
+    const vtcontrolcolorscheme::WorkingCopies &workingCopies() const { return *copies; }
+
 private Q_SLOTS:
     void onTeamViewClicked(const QModelIndex &index);
     void onClose();
@@ -67,35 +75,30 @@ private:
     void setupConnections();
     void updateData();
 
-    QStandardItem *appendTeam(const QString &icon, const QString &text,
-                              const VTObjects::VOString &name, int type);
+    QStandardItem *appendTeam(const QString &icon, const QString &text, int number);
     void appendGroup(QStandardItem *team, const QString &text, const VTObjects::VOString &name);
-    void showGroup(int teamKind, int groupIndex);
+    void showGroup(vtcontrolcolorscheme::GroupPlace place);
     QMenu *copyMenu(const QStandardItem *team, void (VTColorSchemeManager::*slot)(bool));
     /// The item of the tree's current node; null if there is none.
     QStandardItem *currentItem() const;
-    /// The position in the built-in team of the group with this name.
-    int defaultGroupPosition(const VTObjects::VOString &name);
-    /// One of the three working copies; null for a number that is no team's.
-    VTObjects::VOColorSchemeTeam *teamOf(int teamKind);
-    /// The group of a working copy; null if there is none there.
-    VTObjects::VOColorSchemeGroup *groupOf(int teamKind, int groupIndex);
+    /// The place of the group that an item of the tree stands for.
+    vtcontrolcolorscheme::GroupPlace placeOf(const QStandardItem *item) const;
+    /// The place of the group that the table shows.
+    vtcontrolcolorscheme::GroupPlace shownPlace() const;
     /// Whether the table shows a group of the working copies.
-    bool showsGroup();
+    bool showsGroup() const;
     /// The schemes at those rows of the table, as far as they exist.
     std::vector<VTObjects::VOColorScheme> shownSchemes(const QVector<int> &rows) const;
-    void appendSchemes(int teamKind, int groupIndex,
+    /// Copies the selected schemes into a group.
+    void copySelected(vtcontrolcolorscheme::GroupPlace target);
+    void appendSchemes(vtcontrolcolorscheme::GroupPlace place,
                        const std::vector<VTObjects::VOColorScheme> &schemes);
 
     std::unique_ptr<Ui::VTColorSchemeManagerBase> ui;
+    std::unique_ptr<vtcontrolcolorscheme::WorkingCopies> copies;
     QIcon groupIcon;
     QStandardItem *defaultItem = nullptr;
     QStandardItem *customItem = nullptr;
     QStandardItem *favoriteItem = nullptr;
     QStandardItemModel *teamModel = nullptr;
-    QMap<VTObjects::VOString, QString> groupLabels;
-    QMap<VTObjects::VOString, int> defaultGroupIndex;
-    VTObjects::VOColorSchemeTeam defaultTeam;
-    VTObjects::VOColorSchemeTeam customTeam;
-    VTObjects::VOColorSchemeTeam favoriteTeam;
 };

@@ -2,25 +2,24 @@
 #include "colorscheme/manager/VTAddColorSchemeGroupDialog.h"
 #include "colorscheme/manager/VTColorSchemeManager.h"
 #include "colorscheme/manager/VTColorSchemeModel.h"
-#include "colorscheme/manager/confirmation_p.h"
-#include "colorscheme/manager/dataModified_p.h"
+#include "colorscheme/manager/WorkingCopies_p.h"
 #include "colorscheme/manager/nodeInfo_p.h"
 #include "colorscheme/model/GeneratedName_p.h"
+#include "colorscheme/model/messageBoxes_p.h"
 #include "vomap/VOStringConversion.h"
 
 #include "ui_VTColorSchemeManagerBase.h"
 
-#include <QMessageBox>
 #include <QStandardItemModel>
 
-using vtcontrolcolorscheme::addSchemeBase;
 using vtcontrolcolorscheme::GeneratedName;
+using vtcontrolcolorscheme::GroupPlace;
 using vtcontrolcolorscheme::isConfirmed;
-using vtcontrolcolorscheme::makeAddSchemeName;
-using VTObjects::toQString;
+using vtcontrolcolorscheme::WorkingCopies;
+using VTObjects::DefaultTeam;
 using VTObjects::toVOString;
 using VTObjects::VOColorScheme;
-using VTObjects::VOColorSchemeGroup;
+using VTObjects::VOString;
 
 namespace {
 
@@ -29,15 +28,6 @@ ColorSchemeNodeInfo targetOf(const QObject *sender)
 {
     const auto *action = qobject_cast<const QAction *>(sender);
     return action ? action->data().value<ColorSchemeNodeInfo>() : ColorSchemeNodeInfo();
-}
-
-QSet<QString> schemeNamesOf(const VOColorSchemeGroup &group)
-{
-    QSet<QString> names;
-    names.reserve(static_cast<int>(group.schemes.size()));
-    for (const VOColorScheme &scheme : group.schemes)
-        names.insert(toQString(scheme.name));
-    return names;
 }
 
 } // namespace
@@ -50,11 +40,10 @@ void VTColorSchemeManager::onAddGroup()
     VTAddColorSchemeGroupDialog dialog(proposal.next(), this);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    VOColorSchemeGroup group;
-    group.name = toVOString(dialog.groupName());
-    appendGroup(customItem, dialog.groupName(), group.name);
-    customTeam.groups.push_back(std::move(group));
-    dataModified = true;
+    const VOString name = toVOString(dialog.groupName());
+    copies->addCustomGroup(name);
+    appendGroup(customItem, dialog.groupName(), name);
+    WorkingCopies::markModified();
 }
 
 void VTColorSchemeManager::onDeleteGroup()
@@ -67,78 +56,37 @@ void VTColorSchemeManager::onDeleteGroup()
                          QLatin1Char('\n') + tr("Are you sure to delete it?");
     if (!isConfirmed(this, tr("Delete group"), text, QMessageBox::Ok, tr("Delete"), tr("Cancel")))
         return;
-    const int row = item->row();
-    VTColorSchemeView *const table = ui->schemeView;
-    customItem->removeRow(row);
-    if (groupOf(CustomTeamNode, row))
-        customTeam.groups.erase(customTeam.groups.begin() + row);
+    const GroupPlace place = placeOf(item);
+    customItem->removeRow(place.group);
+    copies->removeGroup(place);
     // The tree's current node can be another group than the shown one, so the shown one may have
     // moved up. It must not be written back into its neighbour.
-    if (table->teamKind == CustomTeamNode) {
-        if (table->groupIndex == row)
-            table->groupIndex = -1;
-        else if (table->groupIndex > row)
-            --table->groupIndex;
-    }
+    ui->schemeView->groupIndex = WorkingCopies::placeAfterRemoval(shownPlace(), place).group;
     onTeamViewClicked(ui->teamView->currentIndex());
-    dataModified = true;
+    WorkingCopies::markModified();
 }
 
 void VTColorSchemeManager::onCopyDefaultGroup(bool /*checked*/)
 {
     const ColorSchemeNodeInfo info = targetOf(sender());
-    if (info.type != GroupNode)
-        return;
-    const int position = defaultGroupPosition(info.name);
-    const VOColorSchemeGroup *target = groupOf(DefaultTeamNode, position);
-    if (!target)
-        return;
-    ui->schemeView->finishEditing();
-    // One scan of the target, kept up to date: thousands of clashing copies do not take long.
-    QSet<QString> taken = schemeNamesOf(*target);
-    GeneratedName newName(addSchemeBase());
-    for (const QString &name : qAsConst(taken))
-        newName.add(name);
-    std::vector<VOColorScheme> copies = shownSchemes(ui->schemeView->selectedRowNumbers());
-    for (VOColorScheme &copy : copies) {
-        QString name = toQString(copy.name);
-        if (taken.contains(name)) {
-            name = newName.next();
-            copy.name = toVOString(name);
-        }
-        taken.insert(name);
-        newName.add(name);
-    }
-    appendSchemes(DefaultTeamNode, position, copies);
-    dataModified = true;
+    if (info.type == GroupNode)
+        copySelected(copies->placeOf(DefaultTeam, -1, info.name));
 }
 
 void VTColorSchemeManager::onCopyCustomGroup(bool /*checked*/)
 {
     const ColorSchemeNodeInfo info = targetOf(sender());
-    if (info.type != GroupNode)
-        return;
-    const int position = customTeam.index(info.name);
-    const VOColorSchemeGroup *target = groupOf(CustomTeamNode, position);
-    if (!target)
+    if (info.type == GroupNode)
+        copySelected(copies->customPlace(info.name));
+}
+
+void VTColorSchemeManager::copySelected(GroupPlace target)
+{
+    if (!copies->group(target))
         return;
     ui->schemeView->finishEditing();
-    QSet<QString> taken = schemeNamesOf(*target);
-    // Deliberate: the new name comes from the built-in group at the same position and not from the
-    // target, so all clashing copies of one command get the same name.
-    const VOColorSchemeGroup *source = groupOf(DefaultTeamNode, position);
-    const QString newName = makeAddSchemeName(source ? *source : VOColorSchemeGroup());
-    std::vector<VOColorScheme> copies = shownSchemes(ui->schemeView->selectedRowNumbers());
-    for (VOColorScheme &copy : copies) {
-        QString name = toQString(copy.name);
-        if (taken.contains(name)) {
-            name = newName;
-            copy.name = toVOString(name);
-        }
-        taken.insert(name);
-    }
-    appendSchemes(CustomTeamNode, position, copies);
-    dataModified = true;
+    appendSchemes(target,
+                  copies->renamedFor(target, shownSchemes(ui->schemeView->selectedRowNumbers())));
 }
 
 std::vector<VOColorScheme> VTColorSchemeManager::shownSchemes(const QVector<int> &rows) const
@@ -152,20 +100,14 @@ std::vector<VOColorScheme> VTColorSchemeManager::shownSchemes(const QVector<int>
     return schemes;
 }
 
-void VTColorSchemeManager::appendSchemes(int teamKind, int groupIndex,
+void VTColorSchemeManager::appendSchemes(GroupPlace place,
                                          const std::vector<VOColorScheme> &schemes)
 {
-    VOColorSchemeGroup *group = groupOf(teamKind, groupIndex);
-    if (!group)
-        return;
-    group->schemes.insert(group->schemes.end(), schemes.cbegin(), schemes.cend());
-    // Groups can share a name, so the one that was meant can turn out to be the shown one. The
-    // table is written back over it later and needs the copies too.
-    if (ui->schemeView->teamKind != teamKind || ui->schemeView->groupIndex != groupIndex)
-        return;
-    VTColorSchemeModel *model = ui->schemeView->schemeModel();
-    for (const VOColorScheme &scheme : schemes) {
-        model->group().schemes.push_back(scheme);
-        model->insertSchemeRow(static_cast<int>(model->group().schemes.size()) - 1, QModelIndex());
-    }
+    // Groups can share a name, so the one that was meant can turn out to be the shown one. What the
+    // table holds is written back over it later.
+    if (place == shownPlace())
+        ui->schemeView->schemeModel()->appendSchemes(schemes);
+    else
+        copies->append(place, schemes);
+    WorkingCopies::markModified();
 }

@@ -2,15 +2,13 @@
 #include "colorscheme/editor/VTColorSchemeEditor.h"
 #include "colorscheme/manager/VTColorSchemeManager.h"
 #include "colorscheme/manager/VTColorSchemeModel.h"
-#include "colorscheme/manager/confirmation_p.h"
-#include "colorscheme/manager/dataModified_p.h"
+#include "colorscheme/manager/WorkingCopies_p.h"
 #include "colorscheme/manager/nodeInfo_p.h"
-#include "colorscheme/model/GeneratedName_p.h"
-#include "colorscheme/model/defaultColorRamp_p.h"
+#include "colorscheme/model/filePath_p.h"
 #include "colorscheme/model/lastOpenFilePath_p.h"
-#include "vomap/VOColorRamp.h"
+#include "colorscheme/model/messageBoxes_p.h"
+#include "colorscheme/model/newScheme_p.h"
 #include "vomap/VOColorSchemeManager.h"
-#include "vomap/VOStringConversion.h"
 
 #include "ui_VTColorSchemeManagerBase.h"
 
@@ -19,17 +17,18 @@
 
 #include <algorithm>
 
-using vtcontrolcolorscheme::defaultColorRamp;
+using vtcontrolcolorscheme::GroupPlace;
 using vtcontrolcolorscheme::isConfirmed;
 using vtcontrolcolorscheme::lastOpenFilePath;
-using vtcontrolcolorscheme::makeAddSchemeName;
+using vtcontrolcolorscheme::newScheme;
 using vtcontrolcolorscheme::nodeInfo;
-using VTObjects::toQString;
-using VTObjects::toVOString;
+using vtcontrolcolorscheme::tellFailure;
+using vtcontrolcolorscheme::toFilePath;
+using vtcontrolcolorscheme::WorkingCopies;
+using VTObjects::FavoriteTeam;
 using VTObjects::VOColorScheme;
 using VTObjects::VOColorSchemeGroup;
 using VTObjects::VOColorSchemeManager;
-using VTObjects::VOString;
 
 void VTColorSchemeManager::onAddScheme()
 {
@@ -41,12 +40,7 @@ void VTColorSchemeManager::onAddScheme()
         return;
     VTColorSchemeModel *model = ui->schemeView->schemeModel();
     VOColorSchemeGroup &group = model->group();
-    VOColorScheme scheme;
-    scheme.name = toVOString(makeAddSchemeName(group));
-    scheme.author = L"Admin";
-    scheme.describe = L"Even";
-    scheme.colorRamp = defaultColorRamp().release();
-    group.schemes.push_back(std::move(scheme));
+    group.schemes.push_back(newScheme(group));
     const int row = static_cast<int>(group.schemes.size()) - 1;
     VTColorSchemeEditor editor(row, &group, true, this);
     const bool accepted = editor.exec() == QDialog::Accepted;
@@ -54,7 +48,7 @@ void VTColorSchemeManager::onAddScheme()
     // leaves it in, so it must be seen, but that alone is no reason to save.
     model->insertSchemeRow(row, QModelIndex());
     if (accepted)
-        dataModified = true;
+        WorkingCopies::markModified();
 }
 
 void VTColorSchemeManager::onEditScheme()
@@ -63,14 +57,7 @@ void VTColorSchemeManager::onEditScheme()
     const QModelIndex index = ui->schemeView->currentIndex();
     if (!index.isValid() || !showsGroup())
         return;
-    VTColorSchemeModel *model = ui->schemeView->schemeModel();
-    VTColorSchemeEditor editor(index.row(), &model->group(), false, this);
-    if (editor.exec() != QDialog::Accepted)
-        return;
-    dataModified = true;
-    // Deliberate: one column past the last, hence no index; the view then repaints everything.
-    Q_EMIT model->dataChanged(model->index(index.row(), 0),
-                              model->index(index.row(), model->columnCount()));
+    ui->schemeView->editScheme(index.row(), this);
 }
 
 void VTColorSchemeManager::onDeleteScheme()
@@ -90,15 +77,15 @@ void VTColorSchemeManager::onDeleteScheme()
     for (auto row = rows.crbegin(); row != rows.crend(); ++row)
         table->schemeModel()->removeScheme(*row, QModelIndex());
     // A favourites group lives only as long as it has schemes.
-    if (table->teamKind == FavoriteTeamNode && table->schemeModel()->group().schemes.empty() &&
+    const GroupPlace shown = shownPlace();
+    if (shown.team == FavoriteTeam && table->schemeModel()->group().schemes.empty() &&
         showsGroup()) {
-        const int groupIndex = table->groupIndex;
-        favoriteTeam.groups.erase(favoriteTeam.groups.begin() + groupIndex);
-        favoriteItem->removeRow(groupIndex);
+        copies->removeGroup(shown);
+        favoriteItem->removeRow(shown.group);
         table->groupIndex = -1;
         onTeamViewClicked(ui->teamView->currentIndex());
     }
-    dataModified = true;
+    WorkingCopies::markModified();
 }
 
 void VTColorSchemeManager::onSelectAll()
@@ -159,21 +146,17 @@ void VTColorSchemeManager::onImportScheme()
         return;
     VTColorSchemeModel *model = ui->schemeView->schemeModel();
     for (const QString &path : paths) {
-        VOString file = toVOString(path);
-        file.replace(L'\\', L'/');
         VOColorScheme scheme;
-        if (!VOColorSchemeManager::readFile(scheme, file)) {
-            QMessageBox::information(this, tr("Open color scheme file"), tr("Failed to open file!"),
-                                     QMessageBox::Close);
+        if (!VOColorSchemeManager::readFile(scheme, toFilePath(path))) {
+            tellFailure(this, tr("Open color scheme file"), tr("Failed to open file!"));
             continue;
         }
         // Deliberate: once, without asking whether that name is free.
         if (model->group().contains(scheme.name))
             scheme.name += L"_1";
-        model->group().schemes.push_back(std::move(scheme));
-        model->insertSchemeRow(static_cast<int>(model->group().schemes.size()) - 1, QModelIndex());
+        model->appendSchemes({scheme});
     }
-    dataModified = true;
+    WorkingCopies::markModified();
 }
 
 void VTColorSchemeManager::onExportScheme()
@@ -184,29 +167,14 @@ void VTColorSchemeManager::onExportScheme()
 void VTColorSchemeManager::onFavorite(const QSet<int> &rows)
 {
     ui->schemeView->finishEditing();
-    const int teamKind = ui->schemeView->teamKind;
-    const VOColorSchemeGroup *shown = groupOf(teamKind, ui->schemeView->groupIndex);
-    if (!shown)
+    if (!showsGroup())
         return;
-    VOString name;
-    QString text;
-    if (teamKind == DefaultTeamNode) {
-        name = shown->name;
-        text = groupLabels[name];
-    } else if (teamKind == CustomTeamNode) {
-        name = shown->name;
-        text = toQString(name);
-    }
-    if (!favoriteTeam.contains(name)) {
-        VOColorSchemeGroup group;
-        group.name = name;
-        favoriteTeam.groups.push_back(std::move(group));
-        appendGroup(favoriteItem, text, name);
-    }
+    const WorkingCopies::Favorites favorites = copies->favoritesOf(shownPlace());
+    if (favorites.isNew)
+        appendGroup(favoriteItem, favorites.caption, favorites.name);
     QVector<int> sorted(rows.cbegin(), rows.cend());
     std::sort(sorted.begin(), sorted.end());
-    appendSchemes(FavoriteTeamNode, favoriteTeam.index(name), shownSchemes(sorted));
-    dataModified = true;
+    appendSchemes(favorites.place, shownSchemes(sorted));
 }
 
 void VTColorSchemeManager::onInformation(bool isOk)
@@ -219,14 +187,10 @@ void VTColorSchemeManager::onOk()
     ui->schemeView->finishEditing();
     const QString text = tr("The color schemes have been modified.") + QLatin1Char('\n') +
                          tr("Do you need to save them?");
-    if (dataModified &&
+    if (WorkingCopies::isModified() &&
         isConfirmed(this, tr("Color schemes"), text, QMessageBox::Yes, tr("Yes"), tr("Cancel"))) {
         updateData();
-        VOColorSchemeManager *store = VOColorSchemeManager::instance();
-        store->defaultTeam = defaultTeam;
-        store->customTeam = customTeam;
-        store->favoriteTeam = favoriteTeam;
-        store->save();
+        copies->save();
     }
     // Deliberate: Cancel in that box means not to save, and not to stay.
     accept();

@@ -1,6 +1,6 @@
 #include "colorscheme/manager/VTColorSchemeModel.h"
 
-#include "colorscheme/manager/dataModified_p.h"
+#include "colorscheme/manager/WorkingCopies_p.h"
 #include "colorscheme/manager/tableColumns_p.h"
 #include "colorscheme/model/colorRampPreviewPixmap.h"
 #include "vomap/VOStringConversion.h"
@@ -15,6 +15,7 @@ using vtcontrolcolorscheme::NameColumn;
 using vtcontrolcolorscheme::NumberColumn;
 using vtcontrolcolorscheme::RampColumn;
 using vtcontrolcolorscheme::tablePreviewSize;
+using vtcontrolcolorscheme::WorkingCopies;
 using VTObjects::toQString;
 using VTObjects::toVOString;
 using VTObjects::VOColorScheme;
@@ -65,6 +66,14 @@ void VTColorSchemeModel::setGroup(const VOColorSchemeGroup &group)
     beginResetModel();
     m_group = group;
     endResetModel();
+}
+
+void VTColorSchemeModel::appendSchemes(const std::vector<VOColorScheme> &schemes)
+{
+    for (const VOColorScheme &scheme : schemes) {
+        m_group.schemes.push_back(scheme);
+        insertSchemeRow(static_cast<int>(m_group.schemes.size()) - 1, QModelIndex());
+    }
 }
 
 void VTColorSchemeModel::insertSchemeRow(int row, const QModelIndex &parent)
@@ -121,7 +130,7 @@ bool VTColorSchemeModel::setData(const QModelIndex &index, const QVariant &value
         m_group.schemes[static_cast<std::size_t>(index.row())].*field =
             toVOString(value.toString());
     // Deliberate: true for every edit, with no dataChanged().
-    dataModified = true;
+    WorkingCopies::markModified();
     return true;
 }
 

@@ -7,10 +7,12 @@
 #include "colorscheme/manager/VTColorSchemeModel.h"
 #include "colorscheme/manager/VTLineEditWidget.h"
 #include "colorscheme/manager/VtColorSchemeNameDelegate.h"
-#include "colorscheme/manager/dataModified_p.h"
+#include "colorscheme/manager/WorkingCopies_p.h"
 #include "colorscheme/manager/tableColumns_p.h"
 #include "colorscheme/model/GeneratedName_p.h"
+#include "colorscheme/model/filePath_p.h"
 #include "colorscheme/model/lastOpenFilePath_p.h"
+#include "colorscheme/model/messageBoxes_p.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 #include "vomap/safeFileName.h"
@@ -20,7 +22,6 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMessageBox>
 
 #include <algorithm>
 
@@ -32,6 +33,10 @@ using vtcontrolcolorscheme::NameColumn;
 using vtcontrolcolorscheme::NumberColumn;
 using vtcontrolcolorscheme::RampColumn;
 using vtcontrolcolorscheme::tablePreviewSize;
+using vtcontrolcolorscheme::tellFailure;
+using vtcontrolcolorscheme::tellSuccess;
+using vtcontrolcolorscheme::toFilePath;
+using vtcontrolcolorscheme::WorkingCopies;
 using VTObjects::safeFileName;
 using VTObjects::toQString;
 using VTObjects::toVOString;
@@ -133,13 +138,18 @@ void VTColorSchemeView::onDoubleClicked(const QModelIndex &index)
     // The other columns are edited in place.
     if (!index.isValid() || index.column() > RampColumn)
         return;
-    VTColorSchemeEditor editor(index.row(), &tableModel->group(), false, this);
+    editScheme(index.row(), this);
+}
+
+void VTColorSchemeView::editScheme(int row, QWidget *parent)
+{
+    VTColorSchemeEditor editor(row, &tableModel->group(), false, parent);
     if (editor.exec() != QDialog::Accepted)
         return;
-    dataModified = true;
+    WorkingCopies::markModified();
     // Deliberate: one column past the last, hence no index; the view then repaints everything.
-    Q_EMIT tableModel->dataChanged(tableModel->index(index.row(), 0),
-                                   tableModel->index(index.row(), tableModel->columnCount()));
+    Q_EMIT tableModel->dataChanged(tableModel->index(row, 0),
+                                   tableModel->index(row, tableModel->columnCount()));
 }
 
 void VTColorSchemeView::onExportScheme()
@@ -147,8 +157,7 @@ void VTColorSchemeView::onExportScheme()
     finishEditing();
     const QVector<int> rows = selectedRowNumbers();
     if (rows.isEmpty()) {
-        QMessageBox::information(this, tr("Export color scheme"), tr("No color scheme selected!"),
-                                 QMessageBox::Close);
+        tellFailure(this, tr("Export color scheme"), tr("No color scheme selected!"));
         return;
     }
     const QString chosen = QFileDialog::getExistingDirectory(
@@ -156,8 +165,7 @@ void VTColorSchemeView::onExportScheme()
         QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog);
     if (chosen.isEmpty())
         return;
-    VOString directory = toVOString(chosen);
-    directory.Replace(L'\\', L'/');
+    const VOString directory = toFilePath(chosen);
     bool ok = true;
     const std::vector<VOColorScheme> &schemes = tableModel->group().schemes;
     for (const int row : rows) {
@@ -170,11 +178,9 @@ void VTColorSchemeView::onExportScheme()
         ok = VOColorSchemeManager::saveFile(scheme, path) && ok;
     }
     if (ok)
-        QMessageBox::information(this, tr("Export color scheme"),
-                                 tr("Export color scheme successfully!"), QMessageBox::Ok);
+        tellSuccess(this, tr("Export color scheme"), tr("Export color scheme successfully!"));
     else
-        QMessageBox::information(this, tr("Export color scheme"),
-                                 tr("Failed to export color scheme!"), QMessageBox::Close);
+        tellFailure(this, tr("Export color scheme"), tr("Failed to export color scheme!"));
 }
 
 void VTColorSchemeView::onFavorite()

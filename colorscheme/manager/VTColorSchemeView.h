@@ -36,6 +36,8 @@ public:
     VTColorSchemeModel *schemeModel() const { return tableModel; }
     /// The rows that are selected as a whole, ascending.
     QVector<int> selectedRowNumbers() const;
+    /// Opens the editor on a row, as a child of `parent`; Ok marks the manager's data as modified.
+    void editScheme(int row, QWidget *parent);
     /// Commits what is being typed in the table and closes its editor. Tool buttons do not take the
     /// keyboard, so the commands behind them call this before they touch the rows.
     void finishEditing();

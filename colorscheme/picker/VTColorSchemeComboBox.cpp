@@ -1,6 +1,7 @@
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 
 #include "colorscheme/accessibility/describeColorRamp_p.h"
+#include "colorscheme/model/builtInGroupCaptions_p.h"
 #include "colorscheme/model/colorRampPreviewPixmap.h"
 #include "colorscheme/model/defaultColorRamp_p.h"
 #include "colorscheme/picker/VTColorSchemeMenu.h"
@@ -17,10 +18,14 @@
 #include <algorithm>
 #include <memory>
 
+using vtcontrolcolorscheme::builtInGroupCaptions;
 using vtcontrolcolorscheme::defaultColorRamp;
 using vtcontrolcolorscheme::defaultGroupCaptions;
 using vtcontrolcolorscheme::describeColorRamp;
 using vtcontrolcolorscheme::drawKeyboardFocus;
+using VTObjects::builtInGroups;
+using VTObjects::DefaultTeam;
+using VTObjects::teamKindOf;
 using VTObjects::toQString;
 using VTObjects::toVOString;
 using VTObjects::VOColorRamp;
@@ -33,17 +38,9 @@ namespace {
 
 const QSize previewSize(140, 20);
 
-bool isTeam(const QString &team, QLatin1String name)
-{
-    return team.compare(name, Qt::CaseInsensitive) == 0;
-}
-
 const VOColorSchemeTeam &teamOf(const QString &team)
 {
-    const VOColorSchemeManager *store = VOColorSchemeManager::instance();
-    if (isTeam(team, QLatin1String("Default")))
-        return store->defaultTeam;
-    return isTeam(team, QLatin1String("Custom")) ? store->customTeam : store->favoriteTeam;
+    return VOColorSchemeManager::instance()->team(teamKindOf(team));
 }
 
 } // namespace
@@ -51,12 +48,8 @@ const VOColorSchemeTeam &teamOf(const QString &team)
 VTColorSchemeComboBox::VTColorSchemeComboBox(QWidget *parent)
     : QToolButton(parent)
 {
-    defaultGroupCaptions["DEM"] = QObject::tr("For DEM");
-    defaultGroupCaptions["Unique"] = QObject::tr("For unique");
-    defaultGroupCaptions["Range"] = QObject::tr("For unique range");
-    defaultGroupCaptions["Graph"] = QObject::tr("For graph");
-    defaultGroupCaptions["Even"] = QObject::tr("Even scheme");
-    defaultGroupCaptions["Random"] = QObject::tr("Random scheme");
+    for (std::size_t i = 0; i < builtInGroups.size(); ++i)
+        defaultGroupCaptions[builtInGroups[i]] = QObject::tr(builtInGroupCaptions[i].ofPicker);
     setMinimumSize(150, 20);
     setStyleSheet(QStringLiteral("QToolButton{border-radius: 2px; min-height:20;border: 1px groove "
                                  "gray;border-style: outset;}"));
@@ -91,7 +84,7 @@ bool VTColorSchemeComboBox::setDefaultGroup(const QString &team, const QString &
     const VOColorSchemeTeam &records = teamOf(team);
     int index = records.index(toVOString(group));
     // Deliberate: only the default team has a stand-in for an unknown name.
-    if (index < 0 && isTeam(team, QLatin1String("Default")))
+    if (index < 0 && teamKindOf(team) == DefaultTeam)
         index = 0;
     return showGroup(team, records, index, schemeIndex);
 }
@@ -172,8 +165,8 @@ void VTColorSchemeComboBox::showMenu()
     const VOColorSchemeTeam &team = teamOf(teamName);
     if (groupIndex >= 0 && static_cast<std::size_t>(groupIndex) < team.groups.size()) {
         group = team.groups[static_cast<std::size_t>(groupIndex)];
-        caption = isTeam(teamName, QLatin1String("Default")) ? defaultGroupCaptions[group.name]
-                                                             : toQString(group.name);
+        caption = teamKindOf(teamName) == DefaultTeam ? defaultGroupCaptions[group.name]
+                                                      : toQString(group.name);
     }
     VTColorSchemeMenu menu(caption, group, this);
     menu.exec();

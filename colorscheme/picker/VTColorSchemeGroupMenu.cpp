@@ -3,6 +3,7 @@
 #include "colorscheme/picker/VTColorSchemeGroupButton.h"
 #include "colorscheme/picker/defaultGroupCaptions_p.h"
 #include "colorscheme/picker/pickerAccessibility_p.h"
+#include "vomap/VOBuiltInGroups.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 
@@ -21,6 +22,10 @@
 
 using vtcontrolcolorscheme::defaultGroupCaptions;
 using vtcontrolcolorscheme::installPickerAccessibility;
+using VTObjects::builtInGroups;
+using VTObjects::CustomTeam;
+using VTObjects::DefaultTeam;
+using VTObjects::FavoriteTeam;
 using VTObjects::toQString;
 using VTObjects::VOColorSchemeGroup;
 using VTObjects::VOColorSchemeManager;
@@ -32,9 +37,6 @@ constexpr int spacing = 2;
 constexpr int widestGroup = 300;    // pixels; a longer name ends with dots
 constexpr int textPadding = 6;      // the style sheet leaves none
 constexpr int smallestHeight = 150; // pixels that a scrolled chooser keeps at the screen's bottom
-
-constexpr const char *offeredDefaultGroups[] = {"DEM",   "Unique", "Range",
-                                                "Graph", "Even",   "Random"};
 
 // The backgrounds are light in every theme, so the text on them is dark in every theme.
 void setDarkText(QWidget *widget)
@@ -97,21 +99,21 @@ VTColorSchemeGroupMenu::VTColorSchemeGroupMenu(QWidget *parent)
     if (!store->favoriteTeam.groups.empty()) {
         addHeader(layout, tr("Favorite"));
         for (const VOColorSchemeGroup &group : store->favoriteTeam.groups)
-            addGroup(layout, toQString(group.name), 2, QVariant());
+            addGroup(layout, toQString(group.name), FavoriteTeam, QVariant());
     }
     addHeader(layout, tr("Default"));
-    for (const char *key : offeredDefaultGroups) {
+    for (const char *key : builtInGroups) {
         const int index = store->defaultTeam.index(key);
         if (index < 0)
             continue;
         const VOColorSchemeGroup &group =
             store->defaultTeam.groups[static_cast<std::size_t>(index)];
-        addGroup(layout, defaultGroupCaptions[key], 0, toQString(group.name));
+        addGroup(layout, defaultGroupCaptions[key], DefaultTeam, toQString(group.name));
     }
     if (!store->customTeam.groups.empty()) {
         addHeader(layout, tr("Custom"));
         for (const VOColorSchemeGroup &group : store->customTeam.groups)
-            addGroup(layout, toQString(group.name), 1, QVariant());
+            addGroup(layout, toQString(group.name), CustomTeam, QVariant());
     }
     setLayout(layout);
 }

@@ -2,9 +2,8 @@
 
 #include "colorscheme/accessibility/describeColorRamp_p.h"
 #include "colorscheme/editor/VTColorSchemeEditor.h"
-#include "colorscheme/model/GeneratedName_p.h"
 #include "colorscheme/model/colorRampPreviewPixmap.h"
-#include "colorscheme/model/defaultColorRamp_p.h"
+#include "colorscheme/model/newScheme_p.h"
 #include "colorscheme/picker/EntryList_p.h"
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "colorscheme/picker/VTColorSchemeGroupButton.h"
@@ -27,12 +26,15 @@
 
 #include <algorithm>
 
-using vtcontrolcolorscheme::defaultColorRamp;
 using vtcontrolcolorscheme::describeColorRamp;
 using vtcontrolcolorscheme::EntryList;
 using vtcontrolcolorscheme::EntryListStyle;
 using vtcontrolcolorscheme::installPickerAccessibility;
-using vtcontrolcolorscheme::makeAddSchemeName;
+using vtcontrolcolorscheme::newScheme;
+using VTObjects::CustomTeam;
+using VTObjects::DefaultTeam;
+using VTObjects::isTeamKind;
+using VTObjects::teamKey;
 using VTObjects::toQString;
 using VTObjects::toVOString;
 using VTObjects::VOColorScheme;
@@ -40,6 +42,7 @@ using VTObjects::VOColorSchemeGroup;
 using VTObjects::VOColorSchemeManager;
 using VTObjects::VOColorSchemeTeam;
 using VTObjects::VOString;
+using VTObjects::VOTeamKind;
 
 namespace {
 
@@ -64,8 +67,6 @@ protected:
         QPainter(viewport()).fillRect(event->rect(), Qt::white);
     }
 };
-
-enum TeamKind { DefaultTeam = 0, CustomTeam = 1, FavoriteTeam = 2 };
 
 } // namespace
 
@@ -191,35 +192,22 @@ void VTColorSchemeMenu::onActionClicked()
 
 void VTColorSchemeMenu::onGroupButtonTextChanged(const QString &text)
 {
-    const VOColorSchemeManager *const store = VOColorSchemeManager::instance();
-    const VOColorSchemeTeam *team = nullptr;
-    QString teamName;
-    QString name = text;
-    switch (groupButton->property("parent").toInt()) {
-    case DefaultTeam:
-        team = &store->defaultTeam;
-        teamName = QStringLiteral("Default");
-        name = groupButton->property("name").toString(); // the text is a caption
-        break;
-    case CustomTeam:
-        team = &store->customTeam;
-        teamName = QStringLiteral("Custom");
-        break;
-    case FavoriteTeam:
-        team = &store->favoriteTeam;
-        teamName = QStringLiteral("Favorite");
-        break;
-    default:
+    const int number = groupButton->property("parent").toInt();
+    if (!isTeamKind(number))
         return;
-    }
-    const int index = team->index(toVOString(name));
+    const auto kind = static_cast<VOTeamKind>(number);
+    // The text of a built-in group is a caption.
+    const QString name = kind == DefaultTeam ? groupButton->property("name").toString() : text;
+    const VOColorSchemeTeam &team = VOColorSchemeManager::instance()->team(kind);
+    const int index = team.index(toVOString(name));
     if (comboBox) {
-        comboBox->teamName = teamName; // deliberate: even if there is no such group any more
+        // Deliberate: even if there is no such group any more.
+        comboBox->teamName = teamKey(kind);
         if (index >= 0)
             comboBox->groupIndex = index;
     }
     if (index >= 0)
-        fill(team->groups[static_cast<std::size_t>(index)]);
+        fill(team.groups[static_cast<std::size_t>(index)]);
 }
 
 void VTColorSchemeMenu::onCustomButtonClicked(bool /*checked*/)
@@ -237,18 +225,13 @@ void VTColorSchemeMenu::onCustomButtonClicked(bool /*checked*/)
     }
     const int k = store->customTeam.index(userGroup);
     VOColorSchemeGroup &userSchemes = groups[static_cast<std::size_t>(k)];
-    VOColorScheme scheme;
-    scheme.name = toVOString(makeAddSchemeName(userSchemes));
-    scheme.author = L"Admin";
-    scheme.describe = L"Even";
-    scheme.colorRamp = defaultColorRamp().release();
-    userSchemes.schemes.push_back(scheme);
+    userSchemes.schemes.push_back(newScheme(userSchemes));
     const int last = static_cast<int>(userSchemes.schemes.size()) - 1;
 
     VTColorSchemeEditor editor(last, &userSchemes, true, QApplication::desktop());
     if (editor.exec() == QDialog::Accepted) {
         if (picker) {
-            picker->setDefaultGroup(QStringLiteral("Custom"), k, last);
+            picker->setDefaultGroup(teamKey(CustomTeam), k, last);
             Q_EMIT picker->currentRampChanged();
         }
         store->saveCustomTeam();

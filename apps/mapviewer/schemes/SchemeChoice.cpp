@@ -15,10 +15,6 @@ using namespace VTObjects;
 
 namespace {
 
-const QLatin1String defaultTeamName("Default");
-const QLatin1String customTeamName("Custom");
-const QLatin1String favoriteTeamName("Favorite");
-
 int indexIn(const VOColorSchemeGroup &group, const QString &scheme)
 {
     const VOString name = toVOString(scheme);
@@ -31,21 +27,11 @@ int indexIn(const VOColorSchemeGroup &group, const QString &scheme)
 
 } // namespace
 
-VOColorSchemeTeam *teamOf(const QString &name)
-{
-    VOColorSchemeManager *store = VOColorSchemeManager::instance();
-    if (name.compare(defaultTeamName, Qt::CaseInsensitive) == 0)
-        return &store->defaultTeam;
-    if (name.compare(customTeamName, Qt::CaseInsensitive) == 0)
-        return &store->customTeam;
-    return &store->favoriteTeam;
-}
-
 int SchemeChoice::schemeIndex() const
 {
-    const VOColorSchemeTeam *records = teamOf(team);
-    const int groupIndex = records->index(toVOString(group));
-    return groupIndex < 0 ? -1 : indexIn(records->groups[std::size_t(groupIndex)], scheme);
+    const VOColorSchemeTeam &records = VOColorSchemeManager::instance()->team(teamKindOf(team));
+    const int groupIndex = records.index(toVOString(group));
+    return groupIndex < 0 ? -1 : indexIn(records.groups[std::size_t(groupIndex)], scheme);
 }
 
 void SchemeChoice::write(QSettings *settings, const QString &key) const
@@ -66,12 +52,14 @@ std::optional<SchemeChoice> findScheme(VOColorRamp *ramp)
     if (!ramp)
         return std::nullopt;
     const QVector<QRgb> colors = rampColors(ramp);
-    for (const QLatin1String &team : {defaultTeamName, customTeamName, favoriteTeamName}) {
-        for (const VOColorSchemeGroup &group : teamOf(team)->groups) {
+    for (const VOTeamKind team : allTeams) {
+        for (const VOColorSchemeGroup &group :
+             VOColorSchemeManager::instance()->team(team).groups) {
             for (const VOColorScheme &scheme : group.schemes) {
                 if (scheme.colorRamp && scheme.colorRamp->category() == ramp->category() &&
                     rampColors(scheme.colorRamp) == colors)
-                    return SchemeChoice{team, toQString(group.name), toQString(scheme.name)};
+                    return SchemeChoice{teamKey(team), toQString(group.name),
+                                        toQString(scheme.name)};
             }
         }
     }
@@ -80,16 +68,16 @@ std::optional<SchemeChoice> findScheme(VOColorRamp *ramp)
 
 std::optional<SchemeChoice> builtInScheme(const QString &group, const QStringList &names)
 {
-    const VOColorSchemeTeam *team = teamOf(defaultTeamName);
-    const int index = team->index(toVOString(group));
-    if (index < 0 || team->groups[std::size_t(index)].schemes.empty())
+    const VOColorSchemeTeam &team = VOColorSchemeManager::instance()->defaultTeam;
+    const int index = team.index(toVOString(group));
+    if (index < 0 || team.groups[std::size_t(index)].schemes.empty())
         return std::nullopt;
-    const VOColorSchemeGroup &records = team->groups[std::size_t(index)];
+    const VOColorSchemeGroup &records = team.groups[std::size_t(index)];
     for (const QString &name : names) {
         if (indexIn(records, name) >= 0)
-            return SchemeChoice{defaultTeamName, group, name};
+            return SchemeChoice{teamKey(DefaultTeam), group, name};
     }
-    return SchemeChoice{defaultTeamName, group, toQString(records.schemes.front().name)};
+    return SchemeChoice{teamKey(DefaultTeam), group, toQString(records.schemes.front().name)};
 }
 
 } // namespace mapviewer

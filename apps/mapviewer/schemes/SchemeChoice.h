@@ -8,8 +8,7 @@ class QSettings;
 
 namespace VTObjects {
 class VOColorRamp;
-class VOColorSchemeTeam;
-} // namespace VTObjects
+}
 
 namespace mapviewer {
 
@@ -28,10 +27,6 @@ struct SchemeChoice
     /// Nothing when the key is absent or incomplete.
     static std::optional<SchemeChoice> read(const QSettings &settings, const QString &key);
 };
-
-/// The team of that name; any other name than "Default" and "Custom" means the favourites, as in
-/// the picker. Never null.
-VTObjects::VOColorSchemeTeam *teamOf(const QString &name);
 
 /// The scheme whose ramp has the same kind and the same colours: a picker tells only the ramp that
 /// was chosen. Built-in schemes come first, then the user's own, then favourites; null when

@@ -12,8 +12,6 @@ using namespace VTObjects;
 
 namespace {
 
-const QString customTeamName = QStringLiteral("Custom");
-
 QString translated(const char *text)
 {
     return QCoreApplication::translate("SchemeCopy", text);
@@ -39,14 +37,15 @@ SchemeCopy::SchemeCopy(const std::optional<SchemeChoice> &choice, VOColorRamp *r
 {
     const int index = choice ? choice->schemeIndex() : -1;
     if (index >= 0) {
-        const VOColorSchemeTeam *team = teamOf(choice->team);
-        const int position = team->index(toVOString(choice->group));
-        if (team == &customTeam()) {
+        const VOTeamKind kind = teamKindOf(choice->team);
+        const VOColorSchemeTeam &team = VOColorSchemeManager::instance()->team(kind);
+        const int position = team.index(toVOString(choice->group));
+        if (kind == CustomTeam) {
             groupIndex = position;
             m_schemeIndex = index;
             return;
         }
-        append(team->groups[std::size_t(position)].schemes[std::size_t(index)]);
+        append(team.groups[std::size_t(position)].schemes[std::size_t(index)]);
         return;
     }
     VOColorScheme scheme;
@@ -82,7 +81,7 @@ VOColorSchemeGroup *SchemeCopy::group() const
 
 SchemeChoice SchemeCopy::keep() const
 {
-    return {customTeamName, toQString(group()->name),
+    return {teamKey(CustomTeam), toQString(group()->name),
             toQString(group()->schemes[std::size_t(m_schemeIndex)].name)};
 }
 

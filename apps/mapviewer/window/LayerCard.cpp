@@ -6,6 +6,7 @@
 #include "apps/mapviewer/window/LegendWidget.h"
 
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
+#include "vomap/VOTeamKind.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -16,6 +17,9 @@
 #include <QVBoxLayout>
 
 namespace mapviewer {
+
+using VTObjects::DefaultTeam;
+using VTObjects::teamKey;
 
 namespace {
 
@@ -203,7 +207,7 @@ void LayerCard::syncWithStore()
     if (index < 0) {
         choice.reset();
         // Groups may have moved: the drop-down must not list whatever stands there now.
-        m_picker->setDefaultGroup(QStringLiteral("Default"), schemeGroup(), -1);
+        m_picker->setDefaultGroup(teamKey(DefaultTeam), schemeGroup(), -1);
         return;
     }
     m_picker->setDefaultGroup(choice->team, choice->group, index);

@@ -1,5 +1,6 @@
 #include "tests/colorscheme/manager/ManagerUser.h"
 
+#include "colorscheme/manager/WorkingCopies_p.h"
 #include "tests/support/TestStore.h"
 
 #include <QAction>
@@ -10,32 +11,6 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QtTest>
-
-using VTObjects::VOColorSchemeTeam;
-
-namespace {
-
-// The one way to a private member: an explicit instantiation may name it.
-template <int team, VOColorSchemeTeam VTColorSchemeManager::*member>
-struct WorkingCopy
-{
-    template <int number>
-    struct Tag
-    {
-    };
-    friend VOColorSchemeTeam VTColorSchemeManager::*memberOf(std::integral_constant<int, team>)
-    {
-        return member;
-    }
-};
-VOColorSchemeTeam VTColorSchemeManager::*memberOf(std::integral_constant<int, 0>);
-VOColorSchemeTeam VTColorSchemeManager::*memberOf(std::integral_constant<int, 1>);
-VOColorSchemeTeam VTColorSchemeManager::*memberOf(std::integral_constant<int, 2>);
-template struct WorkingCopy<0, &VTColorSchemeManager::defaultTeam>;
-template struct WorkingCopy<1, &VTColorSchemeManager::customTeam>;
-template struct WorkingCopy<2, &VTColorSchemeManager::favoriteTeam>;
-
-} // namespace
 
 ManagerUser::ManagerUser(VTColorSchemeManager &manager)
     : tree(manager.findChild<QTreeView *>(QStringLiteral("teamView")))
@@ -96,16 +71,9 @@ QStringList ManagerUser::names() const
     return schemeNames(model->group());
 }
 
-const VOColorSchemeTeam &workingCopy(const VTColorSchemeManager &manager, int team)
+const VTObjects::VOColorSchemeTeam &workingCopy(const VTColorSchemeManager &manager, int team)
 {
-    switch (team) {
-    case 0:
-        return manager.*memberOf(std::integral_constant<int, 0>());
-    case 1:
-        return manager.*memberOf(std::integral_constant<int, 1>());
-    default:
-        return manager.*memberOf(std::integral_constant<int, 2>());
-    }
+    return *manager.workingCopies().team(team);
 }
 
 ModalDriver::Handler pressNamed(const QString &name)

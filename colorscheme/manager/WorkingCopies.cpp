@@ -1,0 +1,203 @@
+#include "colorscheme/manager/WorkingCopies_p.h"
+
+#include "colorscheme/model/GeneratedName_p.h"
+#include "colorscheme/model/builtInGroupCaptions_p.h"
+#include "vomap/VOColorSchemeManager.h"
+#include "vomap/VOStringConversion.h"
+
+#include <QCoreApplication>
+#include <QSet>
+
+// Shared by the manager and its table; see the class. Nothing outside this file names it.
+static bool dataModified = false;
+
+using VTObjects::allTeams;
+using VTObjects::builtInGroups;
+using VTObjects::CustomTeam;
+using VTObjects::DefaultTeam;
+using VTObjects::FavoriteTeam;
+using VTObjects::isTeamKind;
+using VTObjects::toQString;
+using VTObjects::toVOString;
+using VTObjects::VOColorScheme;
+using VTObjects::VOColorSchemeGroup;
+using VTObjects::VOColorSchemeManager;
+using VTObjects::VOColorSchemeTeam;
+using VTObjects::VOString;
+using VTObjects::VOTeamKind;
+
+namespace vtcontrolcolorscheme {
+
+namespace {
+
+QSet<QString> schemeNamesOf(const VOColorSchemeGroup &group)
+{
+    QSet<QString> names;
+    names.reserve(static_cast<int>(group.schemes.size()));
+    for (const VOColorScheme &scheme : group.schemes)
+        names.insert(toQString(scheme.name));
+    return names;
+}
+
+} // namespace
+
+WorkingCopies::WorkingCopies()
+{
+    const VOColorSchemeManager *store = VOColorSchemeManager::instance();
+    for (const VOTeamKind kind : allTeams)
+        teams[kind] = store->team(kind);
+    const VOColorSchemeTeam &builtIn = teams[DefaultTeam];
+    for (std::size_t i = 0; i < builtInGroups.size(); ++i) {
+        const VOString name(builtInGroups[i]);
+        const QString caption = QCoreApplication::translate("VTColorSchemeManager",
+                                                            builtInGroupCaptions[i].ofManager);
+        captions[name] = caption;
+        const int position = builtIn.index(name);
+        if (position < 0)
+            continue;
+        builtInPositions[name] = position;
+        builtIns.append({name, caption});
+    }
+}
+
+WorkingCopies::~WorkingCopies()
+{
+    dataModified = false;
+}
+
+bool WorkingCopies::isModified()
+{
+    return dataModified;
+}
+
+void WorkingCopies::markModified()
+{
+    dataModified = true;
+}
+
+const VOColorSchemeTeam *WorkingCopies::team(int number) const
+{
+    return isTeamKind(number) ? &teams[static_cast<std::size_t>(number)] : nullptr;
+}
+
+const VOColorSchemeGroup *WorkingCopies::group(GroupPlace place) const
+{
+    const VOColorSchemeTeam *const found = team(place.team);
+    if (!found || place.group < 0 || static_cast<std::size_t>(place.group) >= found->groups.size())
+        return nullptr;
+    return &found->groups[static_cast<std::size_t>(place.group)];
+}
+
+VOColorSchemeGroup *WorkingCopies::groupAt(GroupPlace place)
+{
+    return const_cast<VOColorSchemeGroup *>(group(place)); // of our own teams, which are not const
+}
+
+GroupPlace WorkingCopies::placeOf(int team, int row, const VOString &name) const
+{
+    return {team, team == DefaultTeam ? builtInPositions.value(name, 0) : row};
+}
+
+GroupPlace WorkingCopies::customPlace(const VOString &name) const
+{
+    return {CustomTeam, teams[CustomTeam].index(name)};
+}
+
+void WorkingCopies::addCustomGroup(const VOString &name)
+{
+    VOColorSchemeGroup group;
+    group.name = name;
+    teams[CustomTeam].groups.push_back(std::move(group));
+}
+
+void WorkingCopies::removeGroup(GroupPlace place)
+{
+    if (!group(place))
+        return;
+    auto &groups = teams[static_cast<std::size_t>(place.team)].groups;
+    groups.erase(groups.begin() + place.group);
+}
+
+GroupPlace WorkingCopies::placeAfterRemoval(GroupPlace place, GroupPlace removed)
+{
+    if (place == removed)
+        place.group = -1;
+    else if (place.team == removed.team && place.group > removed.group)
+        --place.group;
+    return place;
+}
+
+std::vector<VOColorScheme> WorkingCopies::renamedFor(GroupPlace target,
+                                                     std::vector<VOColorScheme> schemes) const
+{
+    const VOColorSchemeGroup *const found = group(target);
+    if (!found)
+        return schemes;
+    // One scan of the target, kept up to date: thousands of clashing copies do not take long.
+    QSet<QString> taken = schemeNamesOf(*found);
+    // Deliberate: among the user's own, the new name comes from the built-in group at the same
+    // position and not from the target, so all clashing copies of one command get the same name.
+    const bool isOwn = target.team == CustomTeam;
+    const VOColorSchemeGroup *const source = isOwn ? group({DefaultTeam, target.group}) : found;
+    GeneratedName newName(addSchemeBase());
+    if (source) {
+        for (const VOColorScheme &scheme : source->schemes)
+            newName.add(toQString(scheme.name));
+    }
+    for (VOColorScheme &scheme : schemes) {
+        QString name = toQString(scheme.name);
+        if (taken.contains(name)) {
+            name = newName.next();
+            scheme.name = toVOString(name);
+        }
+        taken.insert(name);
+        if (!isOwn)
+            newName.add(name);
+    }
+    return schemes;
+}
+
+void WorkingCopies::append(GroupPlace place, const std::vector<VOColorScheme> &schemes)
+{
+    VOColorSchemeGroup *const target = groupAt(place);
+    if (!target)
+        return;
+    target->schemes.insert(target->schemes.end(), schemes.cbegin(), schemes.cend());
+}
+
+WorkingCopies::Favorites WorkingCopies::favoritesOf(GroupPlace source)
+{
+    Favorites favorites;
+    const VOColorSchemeGroup *const mirrored = group(source);
+    // Deliberate: what comes from a favourites group goes to the one without a name.
+    if (mirrored && source.team != FavoriteTeam) {
+        favorites.name = mirrored->name;
+        favorites.caption = source.team == DefaultTeam ? captions.value(favorites.name)
+                                                       : toQString(favorites.name);
+    }
+    VOColorSchemeTeam &all = teams[FavoriteTeam];
+    favorites.isNew = !all.contains(favorites.name);
+    if (favorites.isNew) {
+        VOColorSchemeGroup group;
+        group.name = favorites.name;
+        all.groups.push_back(std::move(group));
+        }
+    favorites.place = {FavoriteTeam, all.index(favorites.name)};
+    return favorites;
+}
+
+void WorkingCopies::write(GroupPlace place, const VOColorSchemeGroup &group)
+{
+    if (VOColorSchemeGroup *const target = groupAt(place))
+        *target = group;
+}
+
+bool WorkingCopies::save() const
+{
+    VOColorSchemeManager *const store = VOColorSchemeManager::instance();
+    for (const VOTeamKind kind : allTeams)
+        store->team(kind) = teams[kind];
+    return store->save();
+}
+
+} // namespace vtcontrolcolorscheme

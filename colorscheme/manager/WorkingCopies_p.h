@@ -1,0 +1,104 @@
+#pragma once
+
+#include "vomap/VOColorSchemeTeam.h"
+#include "vomap/VOTeamKind.h"
+
+#include <QMap>
+#include <QVector>
+
+#include <array>
+
+namespace vtcontrolcolorscheme {
+
+/// Where a group stands: the number of its team (a VOTeamKind, or none of them) and its position
+/// there, or -1.
+struct GroupPlace
+{
+    int team = -1;
+    int group = -1;
+};
+constexpr bool operator==(GroupPlace left, GroupPlace right)
+{
+    return left.team == right.team && left.group == right.group;
+}
+
+/// The manager's copies of the store's three teams: what its commands change, and what reaches the
+/// store with save() only. No widget is needed for it.
+///
+/// Whether anything was modified is one flag for the process, because the scheme table, which can
+/// do without a manager, sets it too. A command sets it when it has done its work. So one manager at
+/// a time is assumed; its copies reset the flag when they go.
+class WorkingCopies
+{
+public:
+    /// Copies of the store as it is now.
+    WorkingCopies();
+    ~WorkingCopies();
+    WorkingCopies(const WorkingCopies &) = delete;
+    WorkingCopies &operator=(const WorkingCopies &) = delete;
+
+    static bool isModified();
+    static void markModified();
+
+    /// Null for a number that is no team's.
+    const VTObjects::VOColorSchemeTeam *team(int number) const;
+    /// Null where there is no group.
+    const VTObjects::VOColorSchemeGroup *group(GroupPlace place) const;
+
+    /// A built-in group as the tree shows it.
+    struct BuiltIn
+    {
+        VTObjects::VOString name;
+        QString caption; ///< in the manager's language
+    };
+    /// Those of the six known built-in groups that the store has, in their fixed order. Deliberate:
+    /// a built-in group of any other name is never shown.
+    const QVector<BuiltIn> &shownBuiltIns() const { return builtIns; }
+
+    /// The place of the group behind a node of the tree: the team of its root, its row below that
+    /// and its name. Rows are positions but for the built-in groups, which are found by name;
+    /// deliberate: one of an unknown name means the first.
+    GroupPlace placeOf(int team, int row, const VTObjects::VOString &name) const;
+    /// The place of the user's first group of that name; none if there is none.
+    GroupPlace customPlace(const VTObjects::VOString &name) const;
+
+    /// Appends an empty group to the user's own.
+    void addCustomGroup(const VTObjects::VOString &name);
+    /// Takes a group out; nothing without one there.
+    void removeGroup(GroupPlace place);
+    /// Where the group that stood at `place` stands once the one at `removed` is out: one further
+    /// up behind it, nowhere (-1) if it was that one.
+    static GroupPlace placeAfterRemoval(GroupPlace place, GroupPlace removed);
+
+    /// The schemes under the names that they get as copies in the target: one whose name is taken
+    /// there gets a generated one. Schemes that are named before others count for those.
+    std::vector<VTObjects::VOColorScheme>
+    renamedFor(GroupPlace target, std::vector<VTObjects::VOColorScheme> schemes) const;
+    /// Appends schemes to a group; nothing without one there.
+    void append(GroupPlace place, const std::vector<VTObjects::VOColorScheme> &schemes);
+
+    /// The favourites group that mirrors a group by its name, made if need be.
+    struct Favorites
+    {
+        GroupPlace place;
+        bool isNew = false;
+        VTObjects::VOString name;
+        QString caption; ///< for its node, if it is new
+    };
+    Favorites favoritesOf(GroupPlace source);
+
+    /// Replaces a group by what was made of it elsewhere; nothing without one there.
+    void write(GroupPlace place, const VTObjects::VOColorSchemeGroup &group);
+    /// Writes the copies into the store, and the store to its disk. Its answer is the store's.
+    bool save() const;
+
+private:
+    VTObjects::VOColorSchemeGroup *groupAt(GroupPlace place);
+
+    std::array<VTObjects::VOColorSchemeTeam, VTObjects::allTeams.size()> teams; // by VOTeamKind
+    QVector<BuiltIn> builtIns;
+    QMap<VTObjects::VOString, QString> captions; // of all built-in groups that have one
+    QMap<VTObjects::VOString, int> builtInPositions;
+};
+
+} // namespace vtcontrolcolorscheme
