@@ -49,8 +49,8 @@ WorkingCopies::WorkingCopies()
     const VOColorSchemeTeam &builtIn = teams[DefaultTeam];
     for (std::size_t i = 0; i < builtInGroups.size(); ++i) {
         const VOString name(builtInGroups[i]);
-        const QString caption = QCoreApplication::translate("VTColorSchemeManager",
-                                                            builtInGroupCaptions[i].ofManager);
+        const QString caption =
+            QCoreApplication::translate("VTColorSchemeManager", builtInGroupCaptions[i].ofManager);
         captions[name] = caption;
         const int position = builtIn.index(name);
         if (position < 0)
@@ -172,8 +172,8 @@ WorkingCopies::Favorites WorkingCopies::favoritesOf(GroupPlace source)
     // Deliberate: what comes from a favourites group goes to the one without a name.
     if (mirrored && source.team != FavoriteTeam) {
         favorites.name = mirrored->name;
-        favorites.caption = source.team == DefaultTeam ? captions.value(favorites.name)
-                                                       : toQString(favorites.name);
+        favorites.caption =
+            source.team == DefaultTeam ? captions.value(favorites.name) : toQString(favorites.name);
     }
     VOColorSchemeTeam &all = teams[FavoriteTeam];
     favorites.isNew = !all.contains(favorites.name);
@@ -181,7 +181,7 @@ WorkingCopies::Favorites WorkingCopies::favoritesOf(GroupPlace source)
         VOColorSchemeGroup group;
         group.name = favorites.name;
         all.groups.push_back(std::move(group));
-        }
+    }
     favorites.place = {FavoriteTeam, all.index(favorites.name)};
     return favorites;
 }

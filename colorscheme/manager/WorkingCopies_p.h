@@ -26,8 +26,8 @@ constexpr bool operator==(GroupPlace left, GroupPlace right)
 /// store with save() only. No widget is needed for it.
 ///
 /// Whether anything was modified is one flag for the process, because the scheme table, which can
-/// do without a manager, sets it too. A command sets it when it has done its work. So one manager at
-/// a time is assumed; its copies reset the flag when they go.
+/// do without a manager, sets it too. A command sets it when it has done its work. So one manager
+/// at a time is assumed; its copies reset the flag when they go.
 class WorkingCopies
 {
 public:

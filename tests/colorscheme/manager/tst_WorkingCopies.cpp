@@ -52,8 +52,8 @@ void tst_WorkingCopies::init()
 {
     testStore = std::make_unique<TestStore>();
     VOColorSchemeManager *store = VOColorSchemeManager::instance();
-    store->defaultTeam.groups = {makeGroup("Unique", {"u1", "add_scheme4"}), makeGroup("Foreign", {}),
-                                 makeGroup("DEM", {"d1", "d2"})};
+    store->defaultTeam.groups = {makeGroup("Unique", {"u1", "add_scheme4"}),
+                                 makeGroup("Foreign", {}), makeGroup("DEM", {"d1", "d2"})};
     store->customTeam.groups = {makeGroup("Mine", {"m1", "m2"}), makeGroup("Same", {"s1"}),
                                 makeGroup("Same", {"s2"}), makeGroup("Last", {"d1"})};
     store->favoriteTeam.groups = {makeGroup("Old", {"o1"})};
@@ -220,9 +220,9 @@ void tst_WorkingCopies::clashingCopiesAreNumberedOneByOneInABuiltInGroup()
 {
     VOColorSchemeGroup group;
     // The group holds add_scheme4 already; one of the copies brings a higher number itself.
-    group.schemes = copies->renamedFor(
-        {DefaultTeam, 0},
-        {makeScheme("u1"), makeScheme("u1"), makeScheme("add_scheme9"), makeScheme("u1")});
+    group.schemes =
+        copies->renamedFor({DefaultTeam, 0}, {makeScheme("u1"), makeScheme("u1"),
+                                              makeScheme("add_scheme9"), makeScheme("u1")});
     QCOMPARE(schemeNames(group),
              (QStringList{"add_scheme5", "add_scheme6", "add_scheme9", "add_scheme10"}));
 }
@@ -230,8 +230,8 @@ void tst_WorkingCopies::clashingCopiesAreNumberedOneByOneInABuiltInGroup()
 void tst_WorkingCopies::clashingCopiesShareTheNameOfTheBuiltInGroupBesideThemInAnOwnGroup()
 {
     VOColorSchemeGroup group;
-    group.schemes =
-        copies->renamedFor({CustomTeam, 0}, {makeScheme("m1"), makeScheme("free"), makeScheme("m2")});
+    group.schemes = copies->renamedFor({CustomTeam, 0},
+                                       {makeScheme("m1"), makeScheme("free"), makeScheme("m2")});
     QCOMPARE(schemeNames(group), (QStringList{"add_scheme5", "free", "add_scheme5"}));
 }
 

@@ -116,8 +116,7 @@ void tst_builtInFiles::anExportedBuiltInSchemeIsItsFile()
             QVERIFY(VOColorSchemeManager::saveFile(scheme, toVOString(path)));
             const QByteArray exported = fileContents(path);
             QVERIFY(!exported.isEmpty());
-            QCOMPARE(exported,
-                     fileContents(sources.filePath(toQString(group.name) + '/' + name)));
+            QCOMPARE(exported, fileContents(sources.filePath(toQString(group.name) + '/' + name)));
             QCOMPARE(exported, fileContents(QStringLiteral(":/vtcontrolcolorscheme/schemes/%1/%2")
                                                 .arg(toQString(group.name))
                                                 .arg(i)));
