@@ -171,7 +171,9 @@ GridLayer::Sample GridLayer::interpolatedAt(double column, double row) const
     }
     if (std::isnan(sample.value)) {
         // Next to a gap nothing is mixed, so that gaps keep their cells' edges.
-        const std::size_t nearest = cells[std::size_t((fy < 0.5F ? 0 : 2) + (fx < 0.5F ? 0 : 1))];
+        const std::size_t row = fy < 0.5F ? 0 : 2;
+        const std::size_t column = fx < 0.5F ? 0 : 1;
+        const std::size_t nearest = cells[row + column];
         sample = {grid.values[nearest], m_hillShading ? shades[nearest] : 0.0F};
     }
     return sample;

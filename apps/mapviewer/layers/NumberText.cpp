@@ -81,8 +81,10 @@ QVector<double> tickValues(double minimum, double maximum, int most)
             const double last = std::floor(maximum / size + 1e-9);
             if (last - first + 1.0 > most)
                 continue;
-            for (double i = first; i <= last; i += 1.0)
-                steps.append(i * size);
+            // Counted in integers: a large double plus one is itself again.
+            const int count = int(last - first) + 1;
+            for (int i = 0; i < count; ++i)
+                steps.append((first + i) * size);
             return steps;
         }
         step *= 10.0;

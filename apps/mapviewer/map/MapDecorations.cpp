@@ -26,7 +26,7 @@ QString degreesText(double degrees, const QString &positive, const QString &nega
 {
     // Rounded first: a sum of steps may miss zero by a hair and must not become "0° S".
     const double rounded = std::round(degrees * 1e6) / 1e6;
-    const QString number = numberText(std::abs(rounded)) + QChar(0x00b0);
+    QString number = numberText(std::abs(rounded)) + QChar(0x00b0);
     if (rounded == 0.0)
         return number;
     return number + QChar(0x00a0) + (rounded > 0.0 ? positive : negative);

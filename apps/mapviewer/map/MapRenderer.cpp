@@ -23,6 +23,17 @@ constexpr double greatestInsetWidth = 230.0;
 constexpr double insetShare = 0.21;  // of the map's width
 constexpr double insetHeight = 0.75; // of the inset's width
 
+/// The multiples of a step between two numbers, a hair beyond the second included.
+QVector<double> multiples(double step, double from, double to)
+{
+    const double first = std::ceil(from / step);
+    const int count = int(std::floor((to + 1e-9) / step) - first) + 1;
+    QVector<double> all;
+    for (int i = 0; i < count; ++i)
+        all.append((first + i) * step);
+    return all;
+}
+
 } // namespace
 
 MapStyle MapStyle::light(const QFont &font)
@@ -158,7 +169,7 @@ void MapRenderer::paintGraticule(QPainter *painter, const MapView &view) const
     const MapLabel text(painter, style);
     // Above the globe where there is room, else along the edge of the map.
     const double labelTop = std::max(map.top() + 4.0, lines.top() - text.height() - 2.0);
-    for (double x = std::ceil(seen.left() / step) * step; x <= seen.right() + 1e-9; x += step) {
+    for (const double x : multiples(step, seen.left(), seen.right())) {
         const double column = std::round(view.toScreen(QPointF(x, 0.0)).x()) + 0.5;
         painter->setPen(QPen(style.graticule, 1.0));
         painter->drawLine(QPointF(column, lines.top()), QPointF(column, lines.bottom()));
@@ -166,7 +177,7 @@ void MapRenderer::paintGraticule(QPainter *painter, const MapView &view) const
         if (column - half >= map.left() && column + half <= map.right())
             text.draw(QPointF(column - half, labelTop), longitudeText(x));
     }
-    for (double y = std::ceil(seen.top() / step) * step; y <= seen.bottom() + 1e-9; y += step) {
+    for (const double y : multiples(step, seen.top(), seen.bottom())) {
         const double row = std::round(view.toScreen(QPointF(0.0, y)).y()) + 0.5;
         painter->setPen(QPen(style.graticule, 1.0));
         painter->drawLine(QPointF(lines.left(), row), QPointF(lines.right(), row));
@@ -252,7 +263,7 @@ IdentifyResult MapRenderer::identify(const MapView &view, const QPointF &pixel,
     for (const auto &candidate : layers) {
         if (!isShownIn(*candidate, view))
             continue;
-        const IdentifyResult result = candidate->identify(position);
+        IdentifyResult result = candidate->identify(position);
         if (result.found) {
             *layer = candidate.get();
             return result;

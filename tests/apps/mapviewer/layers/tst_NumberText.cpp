@@ -2,6 +2,8 @@
 
 #include <QtTest>
 
+#include <algorithm>
+
 using namespace mapviewer;
 
 class tst_NumberText : public QObject
@@ -14,6 +16,7 @@ private Q_SLOTS:
     void labelsOfOneLegendAreNearEnough();
     void stepsAreRound_data();
     void stepsAreRound();
+    void stepsBetweenHugeNumbersEnd();
 };
 
 static const QString minus(QChar(0x2212));
@@ -71,6 +74,18 @@ void tst_NumberText::stepsAreRound()
     QCOMPARE(found.size(), steps.size());
     for (int i = 0; i < steps.size(); ++i)
         QVERIFY(qAbs(found.at(i) - steps.at(i)) < 1e-9);
+}
+
+void tst_NumberText::stepsBetweenHugeNumbersEnd()
+{
+    // Neighbours at this size are 2 apart, so adding 1 to the lower one leaves it as it is.
+    const double huge = 1e16;
+    QVERIFY(huge + 1.0 <= huge);
+    const QVector<double> found = tickValues(huge, huge + 4.0, 6);
+    QVERIFY(found.size() <= 6);
+    QVERIFY(found.contains(huge + 2.0));
+    QVERIFY(std::is_sorted(found.begin(), found.end()));
+    QVERIFY(found.first() >= huge && found.last() <= huge + 4.0);
 }
 
 QTEST_APPLESS_MAIN(tst_NumberText)
