@@ -22,7 +22,7 @@ namespace VTObjects {
 namespace {
 
 constexpr int patience = 100; // how often a call is made again that a signal broke off
-constexpr std::size_t block = 256 * 1024;
+constexpr std::size_t block = std::size_t(256) * 1024;
 
 template <typename Call>
 auto uninterrupted(Call call)
@@ -158,7 +158,7 @@ bool putInPlace(const std::string &scratch, const std::string &target)
 
 void waitAMoment()
 {
-    const timespec moment = {0, 2 * 1000 * 1000};
+    const timespec moment = {0, 2'000'000};
     ::nanosleep(&moment, nullptr);
 }
 

@@ -12,8 +12,8 @@ class VOColorScheme;
 
 constexpr std::string_view schemeFormat = "vtcontrolcolorscheme.scheme";
 constexpr int schemeSchema = 1;
-constexpr std::size_t maxSchemeText = 4 * 1024 * 1024; ///< bytes
-constexpr std::size_t maxSchemeColors = 100000;        ///< in one list
+constexpr std::size_t maxSchemeText = 4'194'304; ///< bytes, 4 MiB
+constexpr std::size_t maxSchemeColors = 100000;  ///< in one list
 
 /// The names of the ramp kinds, at the positions of their numbers.
 constexpr std::string_view rampKinds[] = {"random", "randomHsv", "even", "predefined"};

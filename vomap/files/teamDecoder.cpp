@@ -78,7 +78,7 @@ void takeColors(ByteReader &reader, QVector<rgb_color<float>> &colors)
     if (raw.empty())
         return;
     float *const components = &colors.data()->red;
-    qFromLittleEndian<float>(raw.data(), static_cast<qsizetype>(count * 3), components);
+    qFromLittleEndian<float>(raw.data(), static_cast<qsizetype>(count) * 3, components);
     if (!areComponents(components, count * 3))
         reader.fail();
 }

@@ -274,7 +274,8 @@ bool encodeTeam(const VOColorSchemeTeam &team, const TeamExtras &extras, ByteBuf
     for (const VOColorSchemeGroup &group : team.groups)
         schemes += group.schemes.size();
     constexpr std::size_t usualSize = 256; // of a scheme, so that there is little to move later
-    bytes.reserve(std::min<std::size_t>(schemes * usualSize, 256 * 1024 * 1024));
+    constexpr std::size_t most = std::size_t(256) * 1024 * 1024;
+    bytes.reserve(std::min(schemes * usualSize, most));
     bytes.append(teamMagic);
     bytes.extend(teamHeaderSize - teamMagic.size());
     TeamEncoder encoder(bytes);

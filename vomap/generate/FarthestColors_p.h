@@ -53,7 +53,7 @@ public:
     };
 
     /// A score from which on a colour stands out: 12 units of DIN99o.
-    static constexpr std::int64_t clearlyApart = std::int64_t(12 * 64 * 16) * (12 * 64 * 16);
+    static constexpr std::int64_t clearlyApart = std::int64_t(12) * 64 * 16 * 12 * 64 * 16;
 
     /// The pool must outlive this.
     explicit FarthestColors(const ColorPool &pool);

@@ -132,7 +132,7 @@ std::int64_t sine(std::uint32_t angle)
     const std::int64_t x2 = (x * x) >> 28;
     std::int64_t term = x;
     std::int64_t sum = x;
-    for (int n = 2; n <= 12; n += 2) {
+    for (std::int64_t n = 2; n <= 12; n += 2) {
         term = -((term * x2) >> 28) / (n * (n + 1));
         sum += term;
     }
@@ -309,9 +309,10 @@ std::int64_t cubeRoot(std::int64_t value)
 std::int64_t linearOfHalves(int twice)
 {
     constexpr std::int64_t one = std::int64_t(1) << 30;
-    // 0.04045 * 255 lies between 10 and 10.5.
+    // 0.04045 * 255 lies between 10 and 10.5; 658920 is 510 * 12.92 * 100.
     if (twice <= 20)
-        return (twice * 100 * one / (510 * 1292) + (1 << (29 - linearBits))) >> (30 - linearBits);
+        return (twice * std::int64_t(100) * one / 658920 + (1 << (29 - linearBits))) >>
+               (30 - linearBits);
     // x^2.4 is x^2 times the fifth root of x^2.
     const std::int64_t x = (twice * std::int64_t(1000) + 28050) * one / 538050;
     const std::int64_t square = (x * x) >> 30;

@@ -73,6 +73,7 @@ public:
         , count(count)
     {
         std::vector<std::pair<std::uint32_t, int>> drawn;
+        drawn.reserve(candidates);
         for (int i = 0; i < candidates; ++i)
             drawn.emplace_back(packed(points.next(box)), i);
         std::sort(drawn.begin(), drawn.end());
