@@ -29,4 +29,9 @@ VOMAP_EXPORT QString teamKey(VOTeamKind kind);
 /// The team of a key, letter case ignored. Deliberate: any other text means the favourites.
 VOMAP_EXPORT VOTeamKind teamKindOf(const QString &key);
 
+/// The keys of the groups that come with the library, in the order in which they are shown. They
+/// are the groups' names in the default team, in every language; views show captions for them.
+inline constexpr std::array<const char *, 6> builtInGroups = {"DEM",   "Unique", "Range",
+                                                              "Graph", "Even",   "Random"};
+
 } // namespace VTObjects

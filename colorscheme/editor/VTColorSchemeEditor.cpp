@@ -5,16 +5,18 @@
 #include "colorscheme/editor/ColorRowDelegate_p.h"
 #include "colorscheme/editor/VTColorModel.h"
 #include "colorscheme/editor/editorControls_p.h"
-#include "colorscheme/model/colorConversion.h"
 #include "colorscheme/model/colorRampPreviewPixmap.h"
 #include "colorscheme/model/defaultColorRamp_p.h"
-#include "vomap/VOColorSchemeGroup.h"
-#include "vomap/VOEvenColorRamp.h"
+#include "colorscheme/model/filePath_p.h"
+#include "colorscheme/model/lastOpenFilePath_p.h"
+#include "colorscheme/model/messageBoxes_p.h"
+#include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 
+#include <QFileDialog>
 #include <QSignalBlocker>
 
-#include <vector>
+#include <utility>
 
 using vtcontrolcolorscheme::CellText;
 using vtcontrolcolorscheme::ColorRowDelegate;
@@ -24,14 +26,20 @@ using vtcontrolcolorscheme::describeColor;
 using vtcontrolcolorscheme::describeColorRamp;
 using vtcontrolcolorscheme::HsvBound;
 using vtcontrolcolorscheme::hsvBounds;
-using VTObjects::toQColor;
+using vtcontrolcolorscheme::lastOpenFilePath;
+using vtcontrolcolorscheme::listedColors;
+using vtcontrolcolorscheme::rampOf;
+using vtcontrolcolorscheme::tellFailure;
+using vtcontrolcolorscheme::toFilePath;
 using VTObjects::toQString;
+using VTObjects::toVOString;
 using VTObjects::VOColorRamp;
 using VTObjects::VOColorScheme;
 using VTObjects::VOColorSchemeGroup;
-using VTObjects::VOEvenColorRamp;
+using VTObjects::VOColorSchemeManager;
 using VTObjects::VORandomColorRamp;
 using VTObjects::VORandomColorRampForHsv;
+using VTObjects::VOString;
 
 namespace {
 
@@ -50,25 +58,6 @@ template <typename Ramp>
 Ramp *rampOfKind(VOColorRamp *ramp, VOColorRamp::ColorRampType kind)
 {
     return ramp && ramp->category() == kind ? dynamic_cast<Ramp *>(ramp) : nullptr;
-}
-
-/// What the colour list shows of a ramp: the source colours of a ramp that has some, else the
-/// output colours.
-QVector<QColor> listedColors(VOColorRamp *ramp)
-{
-    QVector<QColor> colors;
-    if (auto *even = dynamic_cast<VOEvenColorRamp *>(ramp)) {
-        const int count = static_cast<int>(even->getSourceColorCount());
-        colors.reserve(count);
-        for (int i = 0; i < count; ++i)
-            colors.append(toQColor(even->getSourceColor(i)));
-        return colors;
-    }
-    const unsigned int level = ramp->getLevel();
-    colors.reserve(static_cast<int>(level));
-    for (unsigned int i = 0; i < level; ++i)
-        colors.append(toQColor(ramp->getColor(i)));
-    return colors;
 }
 
 } // namespace
@@ -250,6 +239,80 @@ void VTColorSchemeEditor::showPreview(VOColorRamp *ramp)
 {
     ui->previewLabel->setPixmap(colorRampPreviewPixmap(ramp, previewSize));
     ui->previewLabel->setAccessibleDescription(describeColorRamp(ramp));
+}
+
+std::unique_ptr<VOColorRamp> VTColorSchemeEditor::updateColorRamp() const
+{
+    return rampOf(*ui, colorModel->colors);
+}
+
+void VTColorSchemeEditor::onPreview()
+{
+    const std::unique_ptr<VOColorRamp> ramp = updateColorRamp();
+    showPreview(ramp.get());
+}
+
+void VTColorSchemeEditor::onNameChanged(const QString &text)
+{
+    // Deliberate: blanks at the ends count neither as a name nor as a difference, although OK
+    // stores them as they were typed.
+    const QString trimmed = text.trimmed();
+    const VOString name = toVOString(trimmed);
+    QString problem;
+    if (trimmed.isEmpty()) {
+        problem = tr("The name cannot be empty!");
+    } else if (schemeGroup) {
+        // Deliberate: a new scheme is in its group already, so its first name counts as taken.
+        const bool taken = isNewScheme ? schemeGroup->contains(name)
+                                       : !schemeGroup->schemeNameChangeCheck(schemeIndex, name);
+        if (taken)
+            problem = tr("The name already exists!");
+    }
+    if (problem.isEmpty())
+        ui->nameWidget->hideWarning();
+    else
+        ui->nameWidget->showWarning(problem);
+    // For those who do not see the icon.
+    ui->nameWidget->lineEdit()->setAccessibleDescription(problem);
+    ui->pushButton_ok->setEnabled(problem.isEmpty());
+}
+
+void VTColorSchemeEditor::onOk()
+{
+    VOColorScheme *const scheme = currentScheme();
+    if (!scheme) { // a host's code took it away meanwhile
+        reject();
+        return;
+    }
+    std::unique_ptr<VOColorRamp> ramp = updateColorRamp();
+    scheme->name = toVOString(ui->nameWidget->lineEdit()->text());
+    scheme->author = toVOString(ui->lineEdit_author->text());
+    scheme->describe = toVOString(ui->lineEdit_describe->text());
+    delete std::exchange(scheme->colorRamp, ramp.release());
+    accept();
+}
+
+void VTColorSchemeEditor::onClose()
+{
+    if (isNewScheme && currentScheme())
+        schemeGroup->schemes.erase(schemeGroup->schemes.begin() + schemeIndex);
+    reject();
+}
+
+void VTColorSchemeEditor::onLoadScheme()
+{
+    const QString title = tr("Open color scheme file");
+    const QString file =
+        QFileDialog::getOpenFileName(this, title, lastOpenFilePath(), QStringLiteral("*.vcs"),
+                                     nullptr, QFileDialog::DontUseNativeDialog);
+    if (file.isEmpty())
+        return;
+    VOColorScheme scheme;
+    if (!VOColorSchemeManager::readFile(scheme, toFilePath(file))) {
+        tellFailure(this, title, tr("Failed to open file!"));
+        return;
+    }
+    viewScheme(scheme);
 }
 
 VOColorScheme *VTColorSchemeEditor::currentScheme() const

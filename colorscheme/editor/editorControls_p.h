@@ -3,6 +3,11 @@
 #include "ui_VTColorSchemeEditorBase.h"
 #include "vomap/VORandomColorRampForHsv.h"
 
+#include <QColor>
+#include <QVector>
+
+#include <memory>
+
 namespace vtcontrolcolorscheme {
 
 /// One bound of the HSV random kind: where it is shown, where the ramp keeps it, and what it is
@@ -23,5 +28,13 @@ inline constexpr HsvBound hsvBounds[] = {
     {&Ui::VTColorSchemeEditorBase::spinBox_minv, &VTObjects::VORandomColorRampForHsv::minV, 1},
     {&Ui::VTColorSchemeEditorBase::spinBox_maxv, &VTObjects::VORandomColorRampForHsv::maxV, 99},
 };
+
+/// A new ramp made of what the controls and the colour list show; null for a kind that does not
+/// exist.
+std::unique_ptr<VTObjects::VOColorRamp> rampOf(const Ui::VTColorSchemeEditorBase &controls,
+                                               const QVector<QColor> &colors);
+/// What the colour list shows of a ramp, which must not be null: the source colours of a ramp that
+/// has some, else the output colours.
+QVector<QColor> listedColors(VTObjects::VOColorRamp *ramp);
 
 } // namespace vtcontrolcolorscheme

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "vomap/VOBuiltInGroups.h"
+#include "vomap/VOTeamKind.h"
 
 #include <QtGlobal>
 

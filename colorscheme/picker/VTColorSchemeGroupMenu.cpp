@@ -3,9 +3,9 @@
 #include "colorscheme/picker/VTColorSchemeGroupButton.h"
 #include "colorscheme/picker/defaultGroupCaptions_p.h"
 #include "colorscheme/picker/pickerAccessibility_p.h"
-#include "vomap/VOBuiltInGroups.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
+#include "vomap/VOTeamKind.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>

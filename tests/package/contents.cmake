@@ -35,7 +35,6 @@ set(expected
     vtgiscore/VTSymbolUtils.h
     # For hosts: from the toolkit's strings to those of the records and back.
     vomap/VOStringConversion.h
-    vomap/VOBuiltInGroups.h
     vomap/VOTeamKind.h
     vomap/safeFileName.h
     # Made by the build: what each library exports.

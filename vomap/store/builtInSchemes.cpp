@@ -1,6 +1,5 @@
 #include "vomap/store/builtInSchemes_p.h"
 
-#include "vomap/VOBuiltInGroups.h"
 #include "vomap/VOColorScheme.h"
 #include "vomap/VOStringConversion.h"
 #include "vomap/VOTeamKind.h"
