@@ -93,13 +93,13 @@ void VTColorSchemeManager::initUi()
 }
 
 QStandardItem *VTColorSchemeManager::appendTeam(const QString &icon, const QString &text,
-                                                int number)
+                                                int teamKind)
 {
     QFont font;
     font.setPointSize(10);
     font.setWeight(QFont::Bold);
     auto *item = new QStandardItem(iconOfSize(icon, 24), text);
-    const ColorSchemeNodeInfo info(copies->team(number)->name, static_cast<NodeType>(number));
+    const ColorSchemeNodeInfo info(copies->team(teamKind)->name, static_cast<NodeType>(teamKind));
     item->setData(QVariant::fromValue(info), nodeInfoRole);
     item->setFont(font);
     teamModel->appendRow(item);
@@ -150,11 +150,11 @@ void VTColorSchemeManager::onTeamViewClicked(const QModelIndex &index)
         if (item)
             ui->teamView->setCurrentIndex(item->index());
     }
-    const int number = nodeInfo(team).type;
+    const int teamKind = nodeInfo(team).type;
     // A group below a node that is no team's is nobody's; the table keeps what it shows.
     if (!item)
-        showGroup({number, -1});
-    else if (copies->team(number))
+        showGroup({teamKind, -1});
+    else if (copies->team(teamKind))
         showGroup(placeOf(item));
 
     if (ui->schemeView->schemeModel()->columnCount() == 0)
@@ -166,9 +166,9 @@ void VTColorSchemeManager::onTeamViewClicked(const QModelIndex &index)
 void VTColorSchemeManager::showGroup(GroupPlace place)
 {
     if (const VOColorSchemeGroup *group = copies->group(place))
-        ui->schemeView->setGroup(place.team, place.group, *group);
+        ui->schemeView->setGroup(place.teamKind, place.groupIndex, *group);
     else
-        ui->schemeView->setGroup(place.team, -1, VOColorSchemeGroup());
+        ui->schemeView->setGroup(place.teamKind, -1, VOColorSchemeGroup());
 }
 
 void VTColorSchemeManager::updateData()

@@ -75,7 +75,7 @@ private:
     void setupConnections();
     void updateData();
 
-    QStandardItem *appendTeam(const QString &icon, const QString &text, int number);
+    QStandardItem *appendTeam(const QString &icon, const QString &text, int teamKind);
     void appendGroup(QStandardItem *team, const QString &text, const VTObjects::VOString &name);
     void showGroup(vtcontrolcolorscheme::GroupPlace place);
     QMenu *copyMenu(const QStandardItem *team, void (VTColorSchemeManager::*slot)(bool));

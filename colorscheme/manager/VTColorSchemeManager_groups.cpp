@@ -57,11 +57,11 @@ void VTColorSchemeManager::onDeleteGroup()
     if (!isConfirmed(this, tr("Delete group"), text, QMessageBox::Ok, tr("Delete"), tr("Cancel")))
         return;
     const GroupPlace place = placeOf(item);
-    customItem->removeRow(place.group);
+    customItem->removeRow(place.groupIndex);
     copies->removeGroup(place);
     // The tree's current node can be another group than the shown one, so the shown one may have
     // moved up. It must not be written back into its neighbour.
-    ui->schemeView->groupIndex = WorkingCopies::placeAfterRemoval(shownPlace(), place).group;
+    ui->schemeView->groupIndex = WorkingCopies::placeAfterRemoval(shownPlace(), place).groupIndex;
     onTeamViewClicked(ui->teamView->currentIndex());
     WorkingCopies::markModified();
 }

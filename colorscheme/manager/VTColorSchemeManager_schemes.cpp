@@ -78,10 +78,10 @@ void VTColorSchemeManager::onDeleteScheme()
         table->schemeModel()->removeScheme(*row, QModelIndex());
     // A favourites group lives only as long as it has schemes.
     const GroupPlace shown = shownPlace();
-    if (shown.team == FavoriteTeam && table->schemeModel()->group().schemes.empty() &&
+    if (shown.teamKind == FavoriteTeam && table->schemeModel()->group().schemes.empty() &&
         showsGroup()) {
         copies->removeGroup(shown);
-        favoriteItem->removeRow(shown.group);
+        favoriteItem->removeRow(shown.groupIndex);
         table->groupIndex = -1;
         onTeamViewClicked(ui->teamView->currentIndex());
     }

@@ -75,17 +75,18 @@ void WorkingCopies::markModified()
     dataModified = true;
 }
 
-const VOColorSchemeTeam *WorkingCopies::team(int number) const
+const VOColorSchemeTeam *WorkingCopies::team(int teamKind) const
 {
-    return isTeamKind(number) ? &teams[static_cast<std::size_t>(number)] : nullptr;
+    return isTeamKind(teamKind) ? &teams[static_cast<std::size_t>(teamKind)] : nullptr;
 }
 
 const VOColorSchemeGroup *WorkingCopies::group(GroupPlace place) const
 {
-    const VOColorSchemeTeam *const found = team(place.team);
-    if (!found || place.group < 0 || static_cast<std::size_t>(place.group) >= found->groups.size())
+    const VOColorSchemeTeam *const found = team(place.teamKind);
+    if (!found || place.groupIndex < 0 ||
+        static_cast<std::size_t>(place.groupIndex) >= found->groups.size())
         return nullptr;
-    return &found->groups[static_cast<std::size_t>(place.group)];
+    return &found->groups[static_cast<std::size_t>(place.groupIndex)];
 }
 
 VOColorSchemeGroup *WorkingCopies::groupAt(GroupPlace place)
@@ -93,9 +94,9 @@ VOColorSchemeGroup *WorkingCopies::groupAt(GroupPlace place)
     return const_cast<VOColorSchemeGroup *>(group(place)); // of our own teams, which are not const
 }
 
-GroupPlace WorkingCopies::placeOf(int team, int row, const VOString &name) const
+GroupPlace WorkingCopies::placeOf(int teamKind, int row, const VOString &name) const
 {
-    return {team, team == DefaultTeam ? builtInPositions.value(name, 0) : row};
+    return {teamKind, teamKind == DefaultTeam ? builtInPositions.value(name, 0) : row};
 }
 
 GroupPlace WorkingCopies::customPlace(const VOString &name) const
@@ -114,16 +115,16 @@ void WorkingCopies::removeGroup(GroupPlace place)
 {
     if (!group(place))
         return;
-    auto &groups = teams[static_cast<std::size_t>(place.team)].groups;
-    groups.erase(groups.begin() + place.group);
+    auto &groups = teams[static_cast<std::size_t>(place.teamKind)].groups;
+    groups.erase(groups.begin() + place.groupIndex);
 }
 
 GroupPlace WorkingCopies::placeAfterRemoval(GroupPlace place, GroupPlace removed)
 {
     if (place == removed)
-        place.group = -1;
-    else if (place.team == removed.team && place.group > removed.group)
-        --place.group;
+        place.groupIndex = -1;
+    else if (place.teamKind == removed.teamKind && place.groupIndex > removed.groupIndex)
+        --place.groupIndex;
     return place;
 }
 
@@ -137,8 +138,9 @@ std::vector<VOColorScheme> WorkingCopies::renamedFor(GroupPlace target,
     QSet<QString> taken = schemeNamesOf(*found);
     // Deliberate: among the user's own, the new name comes from the built-in group at the same
     // position and not from the target, so all clashing copies of one command get the same name.
-    const bool isOwn = target.team == CustomTeam;
-    const VOColorSchemeGroup *const source = isOwn ? group({DefaultTeam, target.group}) : found;
+    const bool isOwn = target.teamKind == CustomTeam;
+    const VOColorSchemeGroup *const source =
+        isOwn ? group({DefaultTeam, target.groupIndex}) : found;
     GeneratedName newName(addSchemeBase());
     if (source) {
         for (const VOColorScheme &scheme : source->schemes)
@@ -170,10 +172,10 @@ WorkingCopies::Favorites WorkingCopies::favoritesOf(GroupPlace source)
     Favorites favorites;
     const VOColorSchemeGroup *const mirrored = group(source);
     // Deliberate: what comes from a favourites group goes to the one without a name.
-    if (mirrored && source.team != FavoriteTeam) {
+    if (mirrored && source.teamKind != FavoriteTeam) {
         favorites.name = mirrored->name;
-        favorites.caption =
-            source.team == DefaultTeam ? captions.value(favorites.name) : toQString(favorites.name);
+        favorites.caption = source.teamKind == DefaultTeam ? captions.value(favorites.name)
+                                                           : toQString(favorites.name);
     }
     VOColorSchemeTeam &all = teams[FavoriteTeam];
     favorites.isNew = !all.contains(favorites.name);

@@ -10,16 +10,16 @@
 
 namespace vtcontrolcolorscheme {
 
-/// Where a group stands: the number of its team (a VOTeamKind, or none of them) and its position
+/// Where a group stands: the kind of its team (a VOTeamKind, or none of them) and its position
 /// there, or -1.
 struct GroupPlace
 {
-    int team = -1;
-    int group = -1;
+    int teamKind = -1;
+    int groupIndex = -1;
 };
 constexpr bool operator==(GroupPlace left, GroupPlace right)
 {
-    return left.team == right.team && left.group == right.group;
+    return left.teamKind == right.teamKind && left.groupIndex == right.groupIndex;
 }
 
 /// The manager's copies of the store's three teams: what its commands change, and what reaches the
@@ -40,8 +40,8 @@ public:
     static bool isModified();
     static void markModified();
 
-    /// Null for a number that is no team's.
-    const VTObjects::VOColorSchemeTeam *team(int number) const;
+    /// Null for a kind that is no team's.
+    const VTObjects::VOColorSchemeTeam *team(int teamKind) const;
     /// Null where there is no group.
     const VTObjects::VOColorSchemeGroup *group(GroupPlace place) const;
 
@@ -58,7 +58,7 @@ public:
     /// The place of the group behind a node of the tree: the team of its root, its row below that
     /// and its name. Rows are positions but for the built-in groups, which are found by name;
     /// deliberate: one of an unknown name means the first.
-    GroupPlace placeOf(int team, int row, const VTObjects::VOString &name) const;
+    GroupPlace placeOf(int teamKind, int row, const VTObjects::VOString &name) const;
     /// The place of the user's first group of that name; none if there is none.
     GroupPlace customPlace(const VTObjects::VOString &name) const;
 

@@ -152,19 +152,19 @@ void tst_WorkingCopies::aPlaceOutsideIsNoGroup()
 
 void tst_WorkingCopies::aNodeIsFoundByItsRowAndABuiltInGroupByItsName()
 {
-    QCOMPARE(copies->placeOf(CustomTeam, 2, "Same").group, 2);
-    QCOMPARE(copies->placeOf(FavoriteTeam, 0, "Old").group, 0);
-    QCOMPARE(copies->placeOf(DefaultTeam, 0, "DEM").group, 2);
+    QCOMPARE(copies->placeOf(CustomTeam, 2, "Same").groupIndex, 2);
+    QCOMPARE(copies->placeOf(FavoriteTeam, 0, "Old").groupIndex, 0);
+    QCOMPARE(copies->placeOf(DefaultTeam, 0, "DEM").groupIndex, 2);
     // Deliberate: what is not known means the first one.
-    QCOMPARE(copies->placeOf(DefaultTeam, 7, "Foreign").group, 0);
-    QCOMPARE(copies->placeOf(DefaultTeam, 7, "").group, 0);
+    QCOMPARE(copies->placeOf(DefaultTeam, 7, "Foreign").groupIndex, 0);
+    QCOMPARE(copies->placeOf(DefaultTeam, 7, "").groupIndex, 0);
 }
 
 void tst_WorkingCopies::theFirstOfEqualGroupNamesIsTheCustomPlace()
 {
-    QCOMPARE(copies->customPlace("Same").team, int(CustomTeam));
-    QCOMPARE(copies->customPlace("Same").group, 1);
-    QCOMPARE(copies->customPlace("same").group, -1);
+    QCOMPARE(copies->customPlace("Same").teamKind, int(CustomTeam));
+    QCOMPARE(copies->customPlace("Same").groupIndex, 1);
+    QCOMPARE(copies->customPlace("same").groupIndex, -1);
 }
 
 void tst_WorkingCopies::addedGroupsAreEmptyAndLast()
@@ -192,8 +192,8 @@ void tst_WorkingCopies::removingShiftsThePlacesBehind()
     QFETCH(int, shown);
     const GroupPlace removed{CustomTeam, 1};
     const GroupPlace place = WorkingCopies::placeAfterRemoval({team, shown}, removed);
-    QCOMPARE(place.team, team);
-    QTEST(place.group, "after");
+    QCOMPARE(place.teamKind, team);
+    QTEST(place.groupIndex, "after");
     copies->removeGroup(removed);
     QCOMPARE(groupNames(CustomTeam), (QStringList{"Mine", "Same", "Last"}));
     QCOMPARE(names({CustomTeam, 1}), QStringList{"s2"});
@@ -272,8 +272,8 @@ void tst_WorkingCopies::favoritesMirrorTheNameOfTheirSource()
     QVERIFY(favorites.isNew);
     QTEST(toQString(favorites.name), "name");
     QTEST(favorites.caption, "caption");
-    QCOMPARE(favorites.place.team, int(FavoriteTeam));
-    QCOMPARE(favorites.place.group, 1);
+    QCOMPARE(favorites.place.teamKind, int(FavoriteTeam));
+    QCOMPARE(favorites.place.groupIndex, 1);
     QTEST(groupNames(FavoriteTeam).at(1), "name");
     QVERIFY(names(favorites.place).isEmpty());
 }
@@ -283,7 +283,7 @@ void tst_WorkingCopies::favoritesAreMadeOnlyOnce()
     copies->favoritesOf({CustomTeam, 0});
     const WorkingCopies::Favorites again = copies->favoritesOf({CustomTeam, 0});
     QVERIFY(!again.isNew);
-    QCOMPARE(again.place.group, 1);
+    QCOMPARE(again.place.groupIndex, 1);
     QCOMPARE(groupNames(FavoriteTeam), (QStringList{"Old", "Mine"}));
 }
 
