@@ -6,14 +6,17 @@
 
 namespace VTObjects {
 
-/// A ramp's colour as the toolkit's: components cut toward zero, opaque.
+/// A ramp's colour for drawing. Red, green and blue count from 0 to 255 on both sides. Each loses
+/// its fraction (127.9 is 127); nothing is clamped, and one outside of 0 to 255 gives an invalid
+/// colour. Ramps have no alpha: the result is opaque.
 inline QColor toQColor(const VTObjects::rgb_color<float> &color)
 {
     return QColor(static_cast<int>(color.red), static_cast<int>(color.green),
                   static_cast<int>(color.blue));
 }
 
-/// The toolkit's colour as a ramp's: whole components from 0 to 255, alpha dropped.
+/// A colour that a user chose, for a ramp: whole components from 0 to 255, alpha dropped.
+/// toQColor() gives the same colour back. An invalid colour is black.
 inline VTObjects::rgb_color<float> toRgbColor(const QColor &color)
 {
     return VTObjects::rgb_color<float>(static_cast<float>(color.red()),

@@ -1,6 +1,7 @@
-# cmake -DPREFIX=<installed package> -DMACHINE=<folders> -P contents.cmake
-# The package holds the headers that it promises and no others, and no file of it names a folder of
-# the machine that built it.
+# cmake -DPREFIX=<installed package> -DREPOSITORY=<folder> -DMACHINE=<folders> -P contents.cmake
+# The package holds the headers that it promises and no others, a library's other headers say by their
+# names that they are not for hosts, and no file of the package names a folder of the machine that
+# built it.
 cmake_minimum_required(VERSION 3.21)
 set(expected
     colorscheme/editor/VTColorModel.h
@@ -12,6 +13,7 @@ set(expected
     colorscheme/manager/VTColorSchemeView.h
     colorscheme/manager/VTLineEditWidget.h
     colorscheme/manager/VtColorSchemeNameDelegate.h
+    colorscheme/model/colorConversion.h
     colorscheme/model/colorRampPreviewPixmap.h
     colorscheme/picker/VTColorSchemeComboBox.h
     colorscheme/picker/VTColorSchemeGroupButton.h
@@ -52,6 +54,35 @@ endforeach()
 foreach(header IN LISTS found)
     if(NOT header IN_LIST expected)
         message(SEND_ERROR "installed, but not promised: ${header}")
+    endif()
+endforeach()
+
+# Inner headers end in "_p.h", and only they do.
+file(GLOB lists RELATIVE ${REPOSITORY} ${REPOSITORY}/*/CMakeLists.txt)
+set(libraries 0)
+foreach(list IN LISTS lists)
+    file(STRINGS ${REPOSITORY}/${list} calls REGEX "^vt_add_library\\(")
+    if(NOT calls)
+        continue()
+    endif()
+    math(EXPR libraries "${libraries} + 1")
+    get_filename_component(folder ${list} DIRECTORY)
+    file(GLOB_RECURSE headers RELATIVE ${REPOSITORY} ${REPOSITORY}/${folder}/*.h)
+    foreach(header IN LISTS headers)
+        if(header MATCHES "_p\\.h$" AND header IN_LIST found)
+            message(SEND_ERROR "an inner header is installed: ${header}")
+        elseif(NOT header MATCHES "_p\\.h$" AND NOT header IN_LIST found)
+            message(SEND_ERROR "neither installed nor called an inner header: ${header}")
+        endif()
+    endforeach()
+endforeach()
+if(libraries LESS 5)
+    message(SEND_ERROR "only ${libraries} libraries were looked at")
+endif()
+foreach(header IN LISTS found)
+    file(STRINGS ${PREFIX}/include/${header} inner REGEX "^#include \"[^\"]*_p\\.h\"")
+    if(inner)
+        message(SEND_ERROR "${header} includes what is not installed: ${inner}")
     endif()
 endforeach()
 
