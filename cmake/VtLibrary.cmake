@@ -9,6 +9,8 @@ mark_as_advanced(VT_CCACHE)
 # Settings go on our targets, never on a host's build.
 function(vt_target_defaults target)
     set_target_properties(${target} PROPERTIES
+        CXX_STANDARD 17
+        CXX_STANDARD_REQUIRED ON
         CXX_EXTENSIONS OFF
         AUTOMOC ON
         AUTOUIC ON
@@ -33,44 +35,77 @@ function(vt_target_defaults target)
     endif()
 endfunction()
 
+# What the users of an archive have to know: its names come from no other file, and the linker, which
+# takes out of it what is asked for and no more, has to be asked for the symbol that is to be kept.
+function(vt_static_usage target name kept_symbol)
+    string(TOUPPER ${name} upper)
+    target_compile_definitions(${target} PUBLIC ${upper}_STATIC_DEFINE)
+    if(kept_symbol AND MSVC)
+        target_link_options(${target} INTERFACE /INCLUDE:${kept_symbol})
+    elseif(kept_symbol)
+        target_link_options(${target} INTERFACE LINKER:-u,${kept_symbol})
+    endif()
+endfunction()
+
 # vt_add_library(<name>
 #     [FOLDER <folder>]   # where it lives below the root, if not in a folder of its own name
+#     [KEEP <symbol>]     # what else a static link leaves out, because nobody calls it
 #     SOURCES <file>...   # .cpp, .ui and inner headers
 #     HEADERS <file>...   # installed, below the folder
 #     LINK <target>...)   # public: our headers name the types of all of them
+#
+# A library shows what its export macro marks, and no more. Tests and benchmarks that reach an inner
+# unit link <name>_inner instead, never both: an archive of the same objects. A static library is
+# its own inner one, because what is hidden is hidden from other shared libraries only.
 function(vt_add_library name)
-    cmake_parse_arguments(arg "" "FOLDER" "SOURCES;HEADERS;LINK" ${ARGN})
+    cmake_parse_arguments(arg "" "FOLDER;KEEP" "SOURCES;HEADERS;LINK" ${ARGN})
     if(NOT arg_FOLDER)
         set(arg_FOLDER ${name})
     endif()
-    add_library(${name} ${arg_SOURCES} ${arg_HEADERS})
+    set(generated ${PROJECT_BINARY_DIR}/generated)
+    set(targets ${name})
+    if(BUILD_SHARED_LIBS AND (VT_BUILD_TESTS OR VT_BUILD_BENCHMARKS))
+        # Compiled once, for both.
+        set(targets ${name} ${name}_objects ${name}_inner)
+        add_library(${name}_objects OBJECT ${arg_SOURCES} ${arg_HEADERS})
+        target_compile_definitions(${name}_objects PRIVATE ${name}_EXPORTS)
+        add_library(${name} $<TARGET_OBJECTS:${name}_objects>)
+        add_library(${name}_inner STATIC EXCLUDE_FROM_ALL $<TARGET_OBJECTS:${name}_objects>)
+        vt_static_usage(${name}_inner ${name} "${arg_KEEP}")
+    else()
+        add_library(${name} ${arg_SOURCES} ${arg_HEADERS})
+        if(NOT BUILD_SHARED_LIBS)
+            vt_static_usage(${name} ${name} "${arg_KEEP}")
+            add_library(${name}_inner ALIAS ${name})
+        endif()
+    endif()
     add_library(vtcontrolcolorscheme::${name} ALIAS ${name})
-    vt_target_defaults(${name})
+    generate_export_header(${name} EXPORT_FILE_NAME ${generated}/${arg_FOLDER}/${name}_export.h)
+
+    foreach(target IN LISTS targets)
+        vt_target_defaults(${target})
+        set_target_properties(${target} PROPERTIES
+            LINKER_LANGUAGE CXX
+            POSITION_INDEPENDENT_CODE ON
+            CXX_VISIBILITY_PRESET hidden
+            VISIBILITY_INLINES_HIDDEN ON)
+        target_include_directories(${target} PUBLIC
+            $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+            $<BUILD_INTERFACE:${generated}>
+            $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+        foreach(used IN LISTS arg_LINK)
+            if(target STREQUAL "${name}_inner" AND TARGET ${used}_inner)
+                set(used ${used}_inner)
+            endif()
+            target_link_libraries(${target} PUBLIC ${used})
+        endforeach()
+    endforeach()
     set_target_properties(${name} PROPERTIES
-        POSITION_INDEPENDENT_CODE ON
         VERSION ${PROJECT_VERSION}
         # As in the version file of the package: each minor version may break the one before.
         SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
-        # The five find each other, wherever they are installed.
+        # They find each other, wherever they are installed.
         INSTALL_RPATH "$ORIGIN")
-    # Tests reach inner units that the library does not export.
-    if(NOT VT_BUILD_TESTS)
-        set_target_properties(${name} PROPERTIES
-            CXX_VISIBILITY_PRESET hidden
-            VISIBILITY_INLINES_HIDDEN ON)
-    endif()
-
-    set(generated ${PROJECT_BINARY_DIR}/generated)
-    generate_export_header(${name} EXPORT_FILE_NAME ${generated}/${arg_FOLDER}/${name}_export.h)
-    if(NOT BUILD_SHARED_LIBS)
-        string(TOUPPER ${name} upper)
-        target_compile_definitions(${name} PUBLIC ${upper}_STATIC_DEFINE)
-    endif()
-    target_include_directories(${name} PUBLIC
-        $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
-        $<BUILD_INTERFACE:${generated}>
-        $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
-    target_link_libraries(${name} PUBLIC ${arg_LINK})
 
     if(VT_INSTALL)
         install(TARGETS ${name} EXPORT vtcontrolcolorscheme

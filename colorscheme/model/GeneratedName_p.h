@@ -1,7 +1,5 @@
 #pragma once
 
-#include "colorscheme/vtcontrolcolorscheme_export.h"
-
 #include <QString>
 
 namespace VTObjects {
@@ -19,7 +17,7 @@ namespace vtcontrolcolorscheme {
 /// Deliberate: a name counts as soon as it holds the base text anywhere, letter case respected; the
 /// number is what remains without it, and 0 where that is no integer. Numbers below 1 never count.
 /// Gaps are not filled, and nobody checks whether the result is taken.
-class VTCONTROLCOLORSCHEME_EXPORT GeneratedName
+class GeneratedName
 {
 public:
     explicit GeneratedName(const QString &base);
@@ -36,8 +34,8 @@ private:
 };
 
 /// The name of a new scheme of the group, by the rule above: "add_scheme" and a number.
-VTCONTROLCOLORSCHEME_EXPORT QString makeAddSchemeName(const VTObjects::VOColorSchemeGroup &group);
+QString makeAddSchemeName(const VTObjects::VOColorSchemeGroup &group);
 /// The base text of that name, for who makes several of them.
-VTCONTROLCOLORSCHEME_EXPORT QString addSchemeBase();
+QString addSchemeBase();
 
 } // namespace vtcontrolcolorscheme

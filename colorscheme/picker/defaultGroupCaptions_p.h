@@ -1,6 +1,5 @@
 #pragma once
 
-#include "colorscheme/vtcontrolcolorscheme_export.h"
 #include "vobase/VOString.h"
 
 #include <QMap>
@@ -11,6 +10,6 @@ namespace vtcontrolcolorscheme {
 /// From a default group's key name to the caption that the picker shows for it. One for the
 /// process; every picker that is constructed sets its six entries anew. Looking up another key
 /// with operator[] adds it with an empty caption.
-VTCONTROLCOLORSCHEME_EXPORT extern QMap<VTObjects::VOString, QString> defaultGroupCaptions;
+extern QMap<VTObjects::VOString, QString> defaultGroupCaptions;
 
 } // namespace vtcontrolcolorscheme
