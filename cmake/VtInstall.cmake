@@ -24,7 +24,7 @@ if(BUILD_SHARED_LIBS)
     set(vt_pc_flags "")
     set(vt_pc_defines "")
 else()
-    set(vt_pc_flags " -Wl,-u,vtcontrolcolorscheme_resources")
+    set(vt_pc_flags " -Wl,-u,VTControlColorScheme_resources")
     set(vt_pc_defines " -DVOBASE_STATIC_DEFINE -DVOMAP_STATIC_DEFINE -DVTGISCORE_STATIC_DEFINE -DVTCONTROLBASE_STATIC_DEFINE -DVTCONTROLCOLORSCHEME_STATIC_DEFINE")
 endif()
 # Relative to the file, because the prefix may change when the package is installed or moved.

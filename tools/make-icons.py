@@ -22,7 +22,7 @@ from pathlib import Path
 RESOURCES = Path(__file__).resolve().parent.parent / "colorscheme" / "resources"
 SVG_DIR = RESOURCES / "svg"
 PNG_DIR = RESOURCES / "icon"
-QRC_FILE = RESOURCES / "colorscheme.qrc"
+QRC_FILE = RESOURCES / "VTControlColorScheme.qrc"
 
 # Qt takes the "@2x" file by itself on a display with a device pixel ratio above 1.
 SIZES = {"": 24, "@2x": 48}

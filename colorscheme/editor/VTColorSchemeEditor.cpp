@@ -71,7 +71,7 @@ VTColorSchemeEditor::VTColorSchemeEditor(int index, VOColorSchemeGroup *group, b
     , schemeGroup(group)
 {
     // A linker that was not told to take the icons out of a static archive does so for this.
-    Q_INIT_RESOURCE(colorscheme);
+    Q_INIT_RESOURCE(VTControlColorScheme);
     ui->setupUi(this);
     initUi();
     setupConnections();

@@ -42,7 +42,7 @@ VTColorSchemeManager::VTColorSchemeManager(QWidget *parent)
     , copies(std::make_unique<WorkingCopies>())
 {
     // A linker that was not told to take the icons out of a static archive does so for this.
-    Q_INIT_RESOURCE(colorscheme);
+    Q_INIT_RESOURCE(VTControlColorScheme);
     ui->setupUi(this);
     initUi();
     setupConnections();

@@ -3,7 +3,7 @@
 // Not in a namespace and not in a block with C linkage: the macro declares a function of its own.
 static int initializeResources()
 {
-    Q_INIT_RESOURCE(colorscheme);
+    Q_INIT_RESOURCE(VTControlColorScheme);
     return 1;
 }
 
@@ -11,6 +11,6 @@ static int initializeResources()
 // files. The build lets every program that links the archive ask for this symbol, so that the icons
 // are there without a call.
 extern "C" {
-extern const int vtcontrolcolorscheme_resources;
+extern const int VTControlColorScheme_resources;
 }
-const int vtcontrolcolorscheme_resources = initializeResources();
+const int VTControlColorScheme_resources = initializeResources();
