@@ -27,6 +27,7 @@ class HexColorField;
 class VTCONTROLBASE_EXPORT VTColorMenu : public QMenu
 {
     Q_OBJECT
+    Q_DISABLE_COPY(VTColorMenu)
 public:
     explicit VTColorMenu(QWidget *parent);
     ~VTColorMenu() override;

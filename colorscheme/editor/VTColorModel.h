@@ -13,6 +13,7 @@
 class VTCONTROLCOLORSCHEME_EXPORT VTColorModel : public QAbstractListModel
 {
     Q_OBJECT
+    Q_DISABLE_COPY(VTColorModel)
 public:
     enum Column { NumberColumn, SwatchColumn, ColumnCount };
 

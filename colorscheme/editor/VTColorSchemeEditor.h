@@ -34,6 +34,7 @@ class VTColorSchemeEditorBase;
 class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeEditor : public QDialog
 {
     Q_OBJECT
+    Q_DISABLE_COPY(VTColorSchemeEditor)
 public:
     /// Edits the scheme at `index` of `group`, which is not owned and must outlive the dialog; the
     /// scheme must stay at its place meanwhile. Where there is none, or no group, the dialog opens

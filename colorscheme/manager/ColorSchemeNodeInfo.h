@@ -18,14 +18,14 @@ enum NodeType {
 struct ColorSchemeNodeInfo
 {
     ColorSchemeNodeInfo() = default;
-    ColorSchemeNodeInfo(const VTObjects::VOString &name, NodeType type)
-        : type(type)
-        , name(name)
+    ColorSchemeNodeInfo(const VTObjects::VOString &nodeName, NodeType nodeType)
+        : type(nodeType)
+        , name(nodeName)
     {
     }
 
     qint32 type = DefaultTeamNode; ///< one of NodeType
-    VTObjects::VOString name;      ///< the store's name of the team or group, not the text shown
+    VTObjects::VOString name = {}; ///< the store's name of the team or group, not the text shown
 };
 
 Q_DECLARE_METATYPE(ColorSchemeNodeInfo)

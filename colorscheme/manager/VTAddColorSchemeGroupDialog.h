@@ -16,6 +16,7 @@ class VTAddColorSchemeGroupDialog;
 class VTCONTROLCOLORSCHEME_EXPORT VTAddColorSchemeGroupDialog : public QDialog
 {
     Q_OBJECT
+    Q_DISABLE_COPY(VTAddColorSchemeGroupDialog)
 public:
     /// Starts with the proposed name, which is not judged until the user changes it.
     explicit VTAddColorSchemeGroupDialog(const QString &name, QWidget *parent = nullptr);

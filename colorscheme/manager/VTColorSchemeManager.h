@@ -32,6 +32,7 @@ struct GroupPlace;
 class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeManager : public QDialog
 {
     Q_OBJECT
+    Q_DISABLE_COPY(VTColorSchemeManager)
 public:
     /// Shows the first built-in group.
     explicit VTColorSchemeManager(QWidget *parent = nullptr);

@@ -15,6 +15,7 @@
 class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeModel : public QAbstractTableModel
 {
     Q_OBJECT
+    Q_DISABLE_COPY(VTColorSchemeModel)
 public:
     explicit VTColorSchemeModel(QObject *parent = nullptr);
     ~VTColorSchemeModel() override;

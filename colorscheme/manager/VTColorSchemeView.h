@@ -26,6 +26,7 @@ class VOColorSchemeGroup;
 class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeView : public QTableView
 {
     Q_OBJECT
+    Q_DISABLE_COPY(VTColorSchemeView)
 public:
     explicit VTColorSchemeView(QWidget *parent = nullptr);
     ~VTColorSchemeView() override;

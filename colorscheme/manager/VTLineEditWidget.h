@@ -22,6 +22,7 @@ class VTLineEditWidget;
 class VTCONTROLCOLORSCHEME_EXPORT VTLineEditWidget : public QWidget
 {
     Q_OBJECT
+    Q_DISABLE_COPY(VTLineEditWidget)
 public:
     explicit VTLineEditWidget(QWidget *parent = nullptr);
     ~VTLineEditWidget() override;

@@ -11,6 +11,7 @@ class VTColorSchemeView;
 class VTCONTROLCOLORSCHEME_EXPORT VtColorSchemeNameDelegate : public QItemDelegate
 {
     Q_OBJECT
+    Q_DISABLE_COPY(VtColorSchemeNameDelegate)
 public:
     /// The view owns the delegate.
     explicit VtColorSchemeNameDelegate(VTColorSchemeView *view);

@@ -23,6 +23,7 @@ class VOColorSchemeTeam;
 class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeComboBox : public QToolButton
 {
     Q_OBJECT
+    Q_DISABLE_COPY(VTColorSchemeComboBox)
 public:
     /// Chooses no scheme: the face stays empty until a setter runs.
     explicit VTColorSchemeComboBox(QWidget *parent = nullptr);

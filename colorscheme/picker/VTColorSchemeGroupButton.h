@@ -13,6 +13,7 @@
 class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeGroupButton : public QToolButton
 {
     Q_OBJECT
+    Q_DISABLE_COPY(VTColorSchemeGroupButton)
 public:
     explicit VTColorSchemeGroupButton(QWidget *parent);
     ~VTColorSchemeGroupButton() override;

@@ -18,6 +18,7 @@ class VTColorSchemeGroupButton;
 class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeGroupMenu : public QMenu
 {
     Q_OBJECT
+    Q_DISABLE_COPY(VTColorSchemeGroupMenu)
 public:
     explicit VTColorSchemeGroupMenu(QWidget *parent);
     ~VTColorSchemeGroupMenu() override;

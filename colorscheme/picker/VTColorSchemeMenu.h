@@ -30,6 +30,7 @@ class EntryListStyle;
 class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeMenu : public QMenu
 {
     Q_OBJECT
+    Q_DISABLE_COPY(VTColorSchemeMenu)
 public:
     /// `caption` stands on the group bar. The parent is the picker below which the drop-down opens;
     /// with any other one, or none, it stays where it is and nobody hears of a choice.

@@ -12,6 +12,7 @@ class QPixmap;
 class VTCONTROLCOLORSCHEME_EXPORT VTSchemeMenuActionWidget : public QWidget
 {
     Q_OBJECT
+    Q_DISABLE_COPY(VTSchemeMenuActionWidget)
 public:
     explicit VTSchemeMenuActionWidget(QWidget *parent);
     ~VTSchemeMenuActionWidget() override;
