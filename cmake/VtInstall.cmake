@@ -1,6 +1,7 @@
 # The package that find_package(vtcontrolcolorscheme) and pkg-config find after an installation.
 include(CMakePackageConfigHelpers)
 set(vt_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vtcontrolcolorscheme)
+set(vt_resources_dir ${CMAKE_INSTALL_DATADIR}/vtcontrolcolorscheme/resources)
 
 install(EXPORT vtcontrolcolorscheme
     NAMESPACE vtcontrolcolorscheme::
@@ -9,7 +10,8 @@ install(EXPORT vtcontrolcolorscheme
 configure_package_config_file(
     ${PROJECT_SOURCE_DIR}/cmake/vtcontrolcolorschemeConfig.cmake.in
     ${PROJECT_BINARY_DIR}/vtcontrolcolorschemeConfig.cmake
-    INSTALL_DESTINATION ${vt_package_dir})
+    INSTALL_DESTINATION ${vt_package_dir}
+    PATH_VARS vt_resources_dir)
 write_basic_package_version_file(
     ${PROJECT_BINARY_DIR}/vtcontrolcolorschemeConfigVersion.cmake
     COMPATIBILITY SameMinorVersion)
@@ -39,5 +41,5 @@ install(FILES ${PROJECT_BINARY_DIR}/vtcontrolcolorscheme.pc
 
 # Hosts copy this file below their own application's folder, as resources/warning.gif.
 install(FILES ${vt_warning_movie}
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/vtcontrolcolorscheme/resources)
+    DESTINATION ${vt_resources_dir})
 install(FILES README.md CHANGELOG.md NOTICE DESTINATION ${CMAKE_INSTALL_DOCDIR})
