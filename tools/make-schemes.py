@@ -6,7 +6,7 @@ the tests the tables that published schemes were fitted to: tests/vomap/store/or
     tools/make-schemes.py --check        writes nothing; reports what would change
     tools/make-schemes.py --list         writes the list alone, with files that are new in a folder
     tools/make-schemes.py --colors FILES gives the schemes the colours that the library makes
-    tools/make-schemes.py --table TEST   writes the table of docs/quality.md
+    tools/make-schemes.py --table TEST   writes the table of docs/schemes.md
 
 FILES is the built program tst_builtInFiles and TEST is tst_builtInSchemes: they print what the last
 two write. The first two need numpy and two sets of freely licensed palettes (Debian: python3-numpy, python3-palettable,
@@ -39,12 +39,12 @@ def text_of_originals(originals):
 
 
 def write_table(program):
-    """Replaces the rows between the markers of docs/quality.md by those that the test prints."""
+    """Replaces the rows between the markers of docs/schemes.md by those that the test prints."""
     printed = subprocess.run(
         [program, "theDocumentsTableIsTheComputedOne"], capture_output=True, text=True
     )
     rows = [line for line in printed.stdout.splitlines() if line.startswith("| ")]
-    path = files.ROOT / "docs/quality.md"
+    path = files.ROOT / "docs/schemes.md"
     before, rest = path.read_text().split(BEGIN)
     table, after = rest.split(END)
     head = [line for line in table.splitlines() if line.startswith("|")][:2]

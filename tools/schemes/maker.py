@@ -39,8 +39,8 @@ def even(name, author, description, kind, sources, level):
 
 def safety(safe, count):
     if safe < min(LEAST_SAFE, count):
-        return "not colour-blind safe"
-    return "colour-blind safe" if safe >= count else f"colour-blind safe up to {safe} classes"
+        return "not color-blind safe"
+    return "color-blind safe" if safe >= count else f"color-blind safe up to {safe} classes"
 
 
 def ramp(name, author, text, sources, level=None, kind="even", type_name=None):
@@ -64,7 +64,7 @@ def ramp(name, author, text, sources, level=None, kind="even", type_name=None):
         else:
             raise ValueError(f"{name}: what is it?")
     if closed and not judge.is_cyclic(sources):
-        raise ValueError(f"{name} does not return to its first colour")
+        raise ValueError(f"{name} does not return to its first color")
     again = " and the first one again" if closed else ""
     description = f"{type_name}, 3 to {count} classes{again}, {safety(safe, count)}. {text}."
     return even(name, author, description, kind, sources, level)
@@ -101,7 +101,7 @@ class Maker:
         self.originals[name] = " ".join(part[1:] for part in hexes(table))
         # Rounded up, with room for a component that rounds the other way.
         said = numpy.ceil((worst + 0.05) * 10) / 10
-        text = f"{text}; {len(sources)} colours, within {said:.1f} of the original"
+        text = f"{text}; {len(sources)} colors, within {said:.1f} of the original"
         return ramp(name, author, text, sources, level, "predefined", type_name)
 
     def dem(self):
@@ -126,7 +126,7 @@ class Maker:
                 for part in parts
             ]
             sources = numpy.concatenate([part[place] for part, place in zip(parts, places)])
-            text = f"{sea}, {land}; {PART_STEPS} colours of the original a part"
+            text = f"{sea}, {land}; {PART_STEPS} colors of the original a part"
             schemes.append(
                 ramp(name, author, text, sources, len(sources), "predefined", "Two-part")
             )
@@ -219,7 +219,7 @@ class Maker:
         schemes = []
         for name, colors in own.THREE_COLORS + own.TWO_COLORS:
             words = "Three" if len(colors.split()) == 3 else "Two"
-            schemes.append(ramp(name, OWN_AUTHOR, f"{words} colours", rgb(colors), SIMPLE_LEVEL))
+            schemes.append(ramp(name, OWN_AUTHOR, f"{words} colors", rgb(colors), SIMPLE_LEVEL))
         for name, text in sets.VIRIDIS_FAMILY:
             schemes.append(self.near(name, sets.VIRIDIS, text, self.viridis[name]))
         for family, name, author, text in sets.SEQUENTIAL_TABLES:

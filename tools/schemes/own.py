@@ -74,8 +74,8 @@ HEIGHTS = (
     ("Snow depth", "5b4a3c 8d8378 b9c0c6 cfe0ee e8f3fb ffffff", "Bare ground to deep snow"),
 )
 RELIEF = (
-    ("Relief grey", "1c1c1c ffffff", "Neutral hill shading, shadow to light"),
-    ("Relief grey, soft", "5a5a5a ffffff", "Hill shading to lie under other colours"),
+    ("Relief gray", "1c1c1c ffffff", "Neutral hill shading, shadow to light"),
+    ("Relief gray, soft", "5a5a5a ffffff", "Hill shading to lie under other colors"),
     ("Relief warm", "1e1712 6a5645 b39c82 e9dcc6 fffdf5", "Hill shading in warm light"),
     ("Relief cool", "10161f 435468 8da0b2 cfdae3 fbfdff", "Hill shading in cool light"),
     ("Relief sepia", "2a1a0e 7a5634 c09a6b ecd7b0 fff8e6", "Hill shading in sepia"),
@@ -104,7 +104,7 @@ DEPTHS = (
         "Chart blues, where shoal water is darkest",
     ),
     ("Lagoon", "063b4f 0a6f80 2fa7a3 86d3bd d9f2dc", "Reef waters, deep teal to foam"),
-    ("Polar sea", "16243b 3c5878 7592ab b3c7d3 eef5f7", "Cold grey-blues"),
+    ("Polar sea", "16243b 3c5878 7592ab b3c7d3 eef5f7", "Cold gray-blues"),
     ("Violet deep", "120a2e 35245f 5b4f94 8a8fc0 c3cfe3 f2f7f9", "Violet depths to pale shelf"),
     ("Green sea", "05251f 0d4f43 2f806a 76b096 bddcc4 f0f8ea", "Shallow, clouded coasts and lakes"),
 )
@@ -126,7 +126,7 @@ SEA_AND_LAND = (
     (
         "Sea and land",
         "0a2a5e 134680 2364a0 3f83ba 66a3cd 92c0de bddbec e0f0f6 2e7d4d 6fa35e a9c26f e0d995 d3ab6b a9794f bfaea2 ffffff",
-        "Atlas colours, the shore in the middle",
+        "Atlas colors, the shore in the middle",
     ),
     (
         "Sea and land, muted",
@@ -141,7 +141,7 @@ SEA_AND_LAND = (
     (
         "Sea and land, strong",
         "00104f 00247d 003fa8 005fd0 2b86e8 5cabf5 93cdfb c6e8fd 00703c 3f9a3a 8fc43f e8e350 f2b13a d9772b a3482a 6b2b2b",
-        "Full colours for posters and screens far away",
+        "Full colors for posters and screens far away",
     ),
     (
         "Sea and land, blue and ochre",
@@ -166,7 +166,7 @@ SEQUENTIAL = (
     ("Ice to teal", "eef9f8 b4dfdd 6cbbbd 2c8790 0b4a58", "Ice to deep teal"),
     ("Rose to wine", "fceff1 f2bccb dd7d9b b03a68 640f3c", "Pale rose to wine"),
     ("Cream to brown", "fdf5e4 ecd0a2 cd9c64 996237 56301d", "Cream over caramel to brown"),
-    ("Grey to petrol", "f4f4f2 c5d0d2 8aa8b0 477b8b 134556", "Quiet grey to petrol"),
+    ("Gray to petrol", "f4f4f2 c5d0d2 8aa8b0 477b8b 134556", "Quiet gray to petrol"),
     ("Night to gold", "14132e 3f2a63 7d3f6f bd5b59 ea9440 fbe07a", "Dark to light, for dark maps"),
     ("Night to aqua", "0b1530 123a5c 17677c 2c9b93 7fcf9c e6f7b0", "Dark to light, for dark maps"),
 )
@@ -273,7 +273,7 @@ UNIQUE = (
         16,
         8.3,
         (30, 75),
-        "Clear colours of similar weight",
+        "Clear colors of similar weight",
     ),
     (
         "Six pastels",
@@ -297,7 +297,7 @@ UNIQUE = (
         15.3,
         8.3,
         (60, 97),
-        "Neighbouring countries under labels",
+        "Neighboring countries under labels",
     ),
     (
         "Political, strong",
@@ -329,7 +329,7 @@ UNIQUE = (
         15.5,
         8.3,
         (20, 85),
-        "Earth colours from peat to clay",
+        "Earth colors from peat to clay",
     ),
     (
         "Geology",
@@ -356,7 +356,7 @@ UNIQUE = (
         "Hot to polar",
     ),
     (
-        "Colour-blind safe, six",
+        "Color-blind safe, six",
         "0b3c6e 3f8fd0 b8d8ea f2d25c d9862b 7a3a12",
         16,
         9,
@@ -364,7 +364,7 @@ UNIQUE = (
         "Navy over pale blue and yellow to brown",
     ),
     (
-        "Colour-blind safe, eight",
+        "Color-blind safe, eight",
         "10243f 2368a8 6fb3dc d9ecf2 f7e27a e69a2e b5501f 5c2318",
         15.5,
         8.6,
@@ -372,15 +372,15 @@ UNIQUE = (
         "Night blue over ice and yellow to oxblood",
     ),
     (
-        "Colour-blind safe, ten",
+        "Color-blind safe, ten",
         "0e1d38 1b5a9c 5a97d6 a8d4e6 f4f0c0 f0c53c dd7f2b a83f2e 6a1f3f 7d7f86",
         15.3,
         8.3,
         (8, 97),
-        "Night blue over ice and yellow to plum, and a grey",
+        "Night blue over ice and yellow to plum, and a gray",
     ),
     (
-        "Colour-blind safe, pale",
+        "Color-blind safe, pale",
         "cfe3f5 f6e7a8 8fb4dd e8b27c b9a5a0",
         15.3,
         8.5,
@@ -401,7 +401,7 @@ UNIQUE = (
         16,
         8.3,
         (25, 88),
-        "Six pairs of a dark and a light colour",
+        "Six pairs of a dark and a light color",
     ),
 )
 GRAPH = (
@@ -421,8 +421,8 @@ GRAPH = (
         (20, 85),
         "Petrol over sand to coral",
     ),
-    ("Three greys", "282828 787878 c8c8c8", 24, 9, (5, 90), "Charts in print"),
-    ("Four greys", "101010 585858 9a9a9a e0e0e0", 15.5, 9, (0, 95), "Charts in print"),
+    ("Three grays", "282828 787878 c8c8c8", 24, 9, (5, 90), "Charts in print"),
+    ("Four grays", "101010 585858 9a9a9a e0e0e0", 15.5, 9, (0, 95), "Charts in print"),
     ("Two sides", "1f5fa8 d9722b", 30, 20, (30, 75), "A pair for before and after"),
     ("Three primaries", "d12f2f 2f6fd1 e8b820", 30, 9, (30, 80), "Red, blue and yellow"),
     ("Three quiet", "4f6d8f b5654a 8f9a5a", 22, 9, (35, 70), "Slate, brick and olive"),
@@ -448,7 +448,7 @@ GRAPH = (
         24,
         9,
         (35, 82),
-        "Bright colours on white or black",
+        "Bright colors on white or black",
     ),
     (
         "Five bright",
@@ -459,7 +459,7 @@ GRAPH = (
         "Bright series on white",
     ),
     (
-        "Five, colour-blind safe",
+        "Five, color-blind safe",
         "0f2f5f 3f7fcf 8fc7e8 f0b030 a8401f",
         18,
         9,
@@ -484,7 +484,7 @@ GRAPH = (
     ),
     ("Six series", "2f6fb5 e0722a 3a9a4a c42f3f 8a5fb0 d9b02a", 20, 8.3, (30, 78), "The usual six"),
     (
-        "Six, colour-blind safe",
+        "Six, color-blind safe",
         "101c33 2a5fb0 5aa8d8 f0c94a d9722a 8a2f3f",
         18,
         9,
@@ -513,10 +513,10 @@ GRAPH = (
         19,
         8.3,
         (28, 82),
-        "Seven strong colours",
+        "Seven strong colors",
     ),
     (
-        "Seven, colour-blind safe",
+        "Seven, color-blind safe",
         "0a1630 1f4f9f 4f8fd9 a8d9e8 f2cf4f df7f2a 8f2a2f",
         16.5,
         8.6,
@@ -529,10 +529,10 @@ GRAPH = (
         17.5,
         8.3,
         (25, 80),
-        "Eight strong colours",
+        "Eight strong colors",
     ),
     (
-        "Eight, colour-blind safe",
+        "Eight, color-blind safe",
         "0a0f24 1f4a94 3f86d0 8cc0e8 f6e68a e8a02a c05a1f 6f1f38",
         15.5,
         8.5,
@@ -558,9 +558,9 @@ GRAPH = (
 )
 OKABE_ITO = "e69f00 56b4e9 009e73 f0e442 0072b2 d55e00 cc79a7 000000"
 
-# (name, seed, ((hue), (saturation), (value)) or None, classes, colour-blind safe among them, text)
+# (name, seed, ((hue), (saturation), (value)) or None, classes, color-blind safe among them, text)
 RANDOM = (
-    ("Any colour", 1, None, 10, 10, "The whole of colour; another seed makes another set"),
+    ("Any color", 1, None, 10, 10, "The whole of color; another seed makes another set"),
     ("Mix of five", 9, None, 5, 5, "Far apart for few classes"),
     ("Mix of eight", 3, None, 8, 8, "Far apart for some classes"),
     ("Mix of twelve", 12, None, 12, 12, "Far apart for many classes"),
@@ -569,12 +569,12 @@ RANDOM = (
     ("Mix of thirty", 15, None, 30, 17, "Far apart for very many classes"),
     ("Pastel", 40, ((0, 360), (20, 45), (85, 100)), 10, 6, "Pale and friendly"),
     ("Pale tints", 27, ((0, 360), (10, 30), (92, 100)), 7, 5, "Paler still, under labels"),
-    ("Earth", 39, ((15, 60), (25, 65), (30, 85)), 8, 7, "Soil, sand and clay"),
-    ("Vivid", 5, ((0, 360), (70, 100), (70, 100)), 10, 10, "Full colours for small areas"),
+    ("Earth", 39, ((15, 60), (25, 65), (30, 85)), 8, 7, "Umber, ochre, olive and peach"),
+    ("Vivid", 5, ((0, 360), (70, 100), (70, 100)), 10, 10, "Full colors for small areas"),
     ("Dark", 23, ((0, 360), (40, 90), (20, 55)), 10, 9, "Lines and symbols on white"),
     ("Muted", 2, ((0, 360), (10, 35), (55, 85)), 10, 7, "Quiet fills"),
     ("Medium strength", 35, ((0, 360), (45, 75), (60, 90)), 10, 10, "Between pastel and vivid"),
-    ("Nearly grey", 9, ((0, 360), (0, 8), (10, 100)), 5, 5, "For print in one ink"),
+    ("Nearly gray", 9, ((0, 360), (0, 8), (10, 100)), 5, 5, "For print in one ink"),
     ("Sky and sea", 1, ((190, 260), (30, 100), (35, 100)), 10, 7, "Blues"),
     ("Slate", 2, ((170, 290), (20, 60), (25, 60)), 7, 6, "Cool and dark"),
     ("Turquoise", 30, ((160, 200), (20, 90), (35, 95)), 7, 7, "Between green and blue"),
@@ -590,7 +590,7 @@ RANDOM = (
     ),
     ("Amber", 17, ((20, 50), (50, 100), (50, 100)), 6, 6, "Orange to gold"),
     ("Embers", 31, ((0, 60), (40, 100), (45, 100)), 10, 7, "Red to yellow"),
-    ("Roses", 21, ((300, 360), (30, 90), (45, 100)), 10, 8, "Pinks"),
-    ("Berries", 15, ((330, 390), (40, 100), (40, 100)), 10, 10, "Pink over red to orange"),
-    ("Lilac and violet", 6, ((250, 310), (25, 90), (35, 95)), 7, 7, "Violets"),
+    ("Roses", 21, ((300, 360), (30, 90), (45, 100)), 10, 8, "Magenta, pink and wine red"),
+    ("Berries", 10, ((290, 350), (40, 100), (25, 90)), 8, 8, "Purple, magenta, pink and wine red"),
+    ("Lilac and violet", 6, ((250, 310), (25, 90), (35, 95)), 7, 7, "Indigo to purple"),
 )

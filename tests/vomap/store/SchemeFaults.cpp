@@ -13,6 +13,7 @@ namespace {
 constexpr unsigned int leastColors = 2;
 constexpr unsigned int mostColors = 256;
 constexpr int mostSeed = 100000;
+constexpr int fullTurn = 360;
 constexpr int fullPercent = 100;
 
 bool areWhole(const QVector<rgb_color<float>> &colors)
@@ -67,7 +68,10 @@ QString faultOf(const VOColorScheme &scheme)
         random && (random->seed < 0 || random->seed > mostSeed))
         return QStringLiteral("a seed out of range");
     if (auto *bounded = dynamic_cast<VORandomColorRampForHsv *>(ramp)) {
-        if (!areBounds(bounded->minS, bounded->maxS, fullPercent) ||
+        // The generator wraps a hue above 360 for itself and swaps bounds in the wrong order: such
+        // bounds say another range than they seem to.
+        if (!areBounds(bounded->minH, bounded->maxH, fullTurn) ||
+            !areBounds(bounded->minS, bounded->maxS, fullPercent) ||
             !areBounds(bounded->minV, bounded->maxV, fullPercent))
             return QStringLiteral("bounds out of range or order");
         if (!bounded->paramsChanged)

@@ -49,9 +49,9 @@ std::optional<Claims> claimsOf(const QString &description)
     static const QRegularExpression pattern(QStringLiteral(
         "^(?<type>[A-Z][a-z -]+), "
         "(?:3 to (?<most>\\d+) classes(?<again> and the first one again)?|(?<count>\\d+) classes), "
-        "(?:(?<not>not )?colour-blind safe(?: up to (?<upTo>\\d+) classes)?"
+        "(?:(?<not>not )?color-blind safe(?: up to (?<upTo>\\d+) classes)?"
         "(?: in its first (?<first>\\d+))?)\\. "
-        "[A-Z][^.]*?(?:; (?<sources>\\d+) colours, within (?<distance>\\d\\.\\d) of the original)?"
+        "[A-Z][^.]*?(?:; (?<sources>\\d+) colors, within (?<distance>\\d\\.\\d) of the original)?"
         "\\.$"));
     const QRegularExpressionMatch match = pattern.match(description);
     if (!match.hasMatch())

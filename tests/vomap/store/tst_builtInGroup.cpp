@@ -145,6 +145,11 @@ void tst_builtInGroup::whatABuiltInSchemeMayNotHoldIsFound_data()
     });
     row("seed -1", "a seed out of range", [](auto &s) { bounds(s).setSeed(-1); });
     row("seed 100001", "a seed out of range", [](auto &s) { bounds(s).setSeed(100001); });
+    row("hue 330 to 390", "bounds out of range or order", [](auto &s) {
+        bounds(s).minH = 330;
+        bounds(s).maxH = 390;
+    });
+    row("hue backwards", "bounds out of range or order", [](auto &s) { bounds(s).minH = 60; });
     row("saturation 101", "bounds out of range or order", [](auto &s) { bounds(s).maxS = 101; });
     row("value below 0", "bounds out of range or order", [](auto &s) { bounds(s).minV = -1; });
     row("value backwards", "bounds out of range or order", [](auto &s) {

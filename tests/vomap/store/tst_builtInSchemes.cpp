@@ -103,6 +103,7 @@ private Q_SLOTS:
     void theShoreLiesInTheMiddle_data();
     void theShoreLiesInTheMiddle();
     void aNameThatSaysSafeIsSafe();
+    void textsAreSpeltTheAmericanWay();
     void noTwoSchemesLookAlike();
     void theDocumentsTableIsTheComputedOne();
     void aDescriptionOffThePatternHasNoClaims_data();
@@ -255,6 +256,20 @@ void tst_builtInSchemes::aNameThatSaysSafeIsSafe()
     QVERIFY(found > 0);
 }
 
+void tst_builtInSchemes::textsAreSpeltTheAmericanWay()
+{
+    // Deliberate: the published set "Greys" keeps its name.
+    static const QRegularExpression british(
+        QStringLiteral("[Cc]olour|\\b[Gg]rey(?!s$)|eighbour|[Cc]entre|avour|[Mm]etre"));
+    QVERIFY(british.match(QStringLiteral("Nearly grey")).hasMatch());
+    for (const VOColorSchemeGroup &group : team.groups) {
+        for (const VOColorScheme &scheme : group.schemes) {
+            for (const VOString &text : {scheme.name, scheme.describe})
+                QVERIFY2(!british.match(toQString(text)).hasMatch(), qPrintable(toQString(text)));
+        }
+    }
+}
+
 void tst_builtInSchemes::noTwoSchemesLookAlike()
 {
     constexpr int samples = 9;
@@ -323,7 +338,7 @@ void tst_builtInSchemes::theDocumentsTableIsTheComputedOne()
     }
     for (const QString &row : qAsConst(rows))
         std::puts(qPrintable(row));
-    const QString text = QString::fromUtf8(fileContents(QFINDTESTDATA("../../../docs/quality.md")));
+    const QString text = QString::fromUtf8(fileContents(QFINDTESTDATA("../../../docs/schemes.md")));
     QStringList documented;
     bool inside = false;
     for (const QString &line : text.split(QLatin1Char('\n'))) {
@@ -342,25 +357,25 @@ void tst_builtInSchemes::theDocumentsTableIsTheComputedOne()
 void tst_builtInSchemes::aDescriptionOffThePatternHasNoClaims_data()
 {
     QTest::addColumn<QString>("description");
-    QTest::newRow("unknown type") << "Striped, 3 to 5 classes, colour-blind safe. Text.";
-    QTest::newRow("no classes") << "Sequential, colour-blind safe. Text.";
-    QTest::newRow("a ramp with one number") << "Sequential, 5 classes, colour-blind safe. Text.";
-    QTest::newRow("a set with two") << "Qualitative, 3 to 5 classes, colour-blind safe. Text.";
+    QTest::newRow("unknown type") << "Striped, 3 to 5 classes, color-blind safe. Text.";
+    QTest::newRow("no classes") << "Sequential, color-blind safe. Text.";
+    QTest::newRow("a ramp with one number") << "Sequential, 5 classes, color-blind safe. Text.";
+    QTest::newRow("a set with two") << "Qualitative, 3 to 5 classes, color-blind safe. Text.";
     QTest::newRow("no safety") << "Sequential, 3 to 5 classes. Text.";
     QTest::newRow("a set safe as a ramp")
-        << "Qualitative, 5 classes, colour-blind safe up to 4 classes. Text.";
+        << "Qualitative, 5 classes, color-blind safe up to 4 classes. Text.";
     QTest::newRow("a ramp that comes back")
         << "Sequential, 3 to 5 classes and the first one again, "
-           "colour-blind safe. Text.";
-    QTest::newRow("no text") << "Sequential, 3 to 5 classes, colour-blind safe.";
+           "color-blind safe. Text.";
+    QTest::newRow("no text") << "Sequential, 3 to 5 classes, color-blind safe.";
 }
 
 void tst_builtInSchemes::aDescriptionOffThePatternHasNoClaims()
 {
     QFETCH(QString, description);
     QVERIFY(!claimsOf(description).has_value());
-    const auto claims = claimsOf(QStringLiteral("Sequential, 3 to 9 classes, colour-blind safe up "
-                                                "to 5 classes. Text; 6 colours, within 1.9 of the "
+    const auto claims = claimsOf(QStringLiteral("Sequential, 3 to 9 classes, color-blind safe up "
+                                                "to 5 classes. Text; 6 colors, within 1.9 of the "
                                                 "original."));
     QVERIFY(claims.has_value());
     QCOMPARE(claims->classes, 9);
