@@ -17,7 +17,7 @@ int main()
     constexpr int runs = 10;
     for (int run = 0; run < runs; ++run) {
         timer.start();
-        const VOColorSchemeTeam team = builtInTeam();
+        const VOColorSchemeTeam team = readBuiltInTeam();
         const double taken = double(timer.nsecsElapsed()) / 1e6;
         if (run == 0)
             first = taken;

@@ -4,6 +4,7 @@
 #include "vomap/files/fileSystem_p.h"
 #include "vomap/files/schemeText_p.h"
 #include "vomap/store/SchemeStore_p.h"
+#include "vomap/store/builtInSchemes_p.h"
 
 #include <QStandardPaths>
 
@@ -95,7 +96,7 @@ bool VOColorSchemeManager::saveCustomTeam()
 void VOColorSchemeManager::resetDefaultTeam()
 {
     succeeds([this] {
-        defaultTeam = shippedTeam();
+        defaultTeam = builtInTeam();
         return true;
     });
 }

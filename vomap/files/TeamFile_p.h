@@ -26,11 +26,11 @@ constexpr std::uint32_t recordTag(const char (&name)[5])
 constexpr std::uint32_t teamTag = recordTag("TEAM");
 constexpr std::uint32_t groupTag = recordTag("GRUP");
 constexpr std::uint32_t schemeTag = recordTag("SCHM");
-constexpr std::uint32_t shippedTag = recordTag("SHIP");
+constexpr std::uint32_t builtInTag = recordTag("SHIP"); // "shipped": the built-in schemes
 constexpr std::uint32_t endTag = recordTag("END ");
 
 /// A built-in scheme that the store has been offered, with the checksum of what it was then.
-struct ShippedScheme
+struct BuiltInScheme
 {
     std::wstring group;
     std::wstring scheme;
@@ -40,9 +40,9 @@ struct ShippedScheme
 /// What a team file holds besides its groups.
 struct TeamExtras
 {
-    std::string teamFields;             ///< unknown fields of the team record
-    std::string otherRecords;           ///< whole records of unknown tags, one after the other
-    std::vector<ShippedScheme> shipped; ///< default team only
+    std::string teamFields;              ///< unknown fields of the team record
+    std::string otherRecords;            ///< whole records of unknown tags, one after the other
+    std::vector<BuiltInScheme> builtIns; ///< default team only
 };
 
 struct TeamContent
@@ -64,7 +64,7 @@ bool encodeTeam(const VOColorSchemeTeam &team, const TeamExtras &extras, ByteBuf
 /// Reads a team file that is whole in every respect. Of a newer schema, `complete` tells whether
 /// everything in it was understood.
 TeamFileState decodeTeam(std::string_view bytes, TeamContent &content, bool &complete);
-/// Collects from a damaged file every record that is still whole. True if the list of shipped
+/// Collects from a damaged file every record that is still whole. True if the list of built-in
 /// schemes was among them.
 bool salvageTeam(std::string_view bytes, TeamContent &content);
 

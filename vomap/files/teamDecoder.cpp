@@ -163,16 +163,16 @@ bool SchemeDecoder::decode(std::string_view payload, VOColorScheme &scheme)
     return kind == noRamp ? ramp.empty() : decodeRamp(kind, ramp, scheme);
 }
 
-bool decodeShipped(std::string_view payload, std::vector<ShippedScheme> &shipped)
+bool decodeBuiltIns(std::string_view payload, std::vector<BuiltInScheme> &builtIns)
 {
     ByteReader reader(payload);
-    shipped.clear();
+    builtIns.clear();
     for (std::size_t left = reader.number<quint32>(); left > 0 && reader.isGood(); --left) {
-        ShippedScheme scheme;
+        BuiltInScheme scheme;
         takeString(reader, scheme.group);
         takeString(reader, scheme.scheme);
         scheme.checksum = reader.number<quint64>();
-        shipped.push_back(std::move(scheme));
+        builtIns.push_back(std::move(scheme));
     }
     return reader.isGood() && reader.atEnd();
 }
@@ -214,7 +214,7 @@ public:
     bool add(const Record &record);
     /// The record's group is the one that the last group record began.
     bool isInPlace(const Record &record) const;
-    bool hasShipped() const { return shippedSeen; }
+    bool hasBuiltIns() const { return builtInsSeen; }
 
 private:
     bool decodeNamed(const Record &record, VOString &name, std::string_view &fields);
@@ -226,7 +226,7 @@ private:
     std::map<std::uint32_t, std::size_t> positions; // of the groups, by their numbers in the file
     SchemeDecoder decoder;
     std::wstring text;
-    bool shippedSeen = false;
+    bool builtInsSeen = false;
 };
 
 bool TeamBuilder::isInPlace(const Record &record) const
@@ -295,9 +295,9 @@ bool TeamBuilder::add(const Record &record)
         return addGroup(record);
     case schemeTag:
         return addScheme(record);
-    case shippedTag:
-        shippedSeen = decodeShipped(record.payload, content.extras.shipped);
-        return shippedSeen;
+    case builtInTag:
+        builtInsSeen = decodeBuiltIns(record.payload, content.extras.builtIns);
+        return builtInsSeen;
     case endTag:
         return true;
     default:
@@ -353,7 +353,7 @@ bool salvageTeam(std::string_view bytes, TeamContent &content)
     for (std::string_view rest = bytes; rest.size() >= recordHeadSize && budget > 0;) {
         const quint32 tag = qFromLittleEndian<quint32>(rest.data());
         const bool known =
-            tag == teamTag || tag == groupTag || tag == schemeTag || tag == shippedTag;
+            tag == teamTag || tag == groupTag || tag == schemeTag || tag == builtInTag;
         const quint32 size = qFromLittleEndian<quint32>(rest.data() + 4);
         if (known && size <= rest.size() - recordHeadSize) {
             budget -= std::min<std::size_t>(budget, size);
@@ -364,7 +364,7 @@ bool salvageTeam(std::string_view bytes, TeamContent &content)
         }
         rest.remove_prefix(1);
     }
-    return builder.hasShipped();
+    return builder.hasBuiltIns();
 }
 
 } // namespace VTObjects

@@ -25,7 +25,7 @@ public:
     bool appendNamed(std::uint32_t tag, std::uint32_t group, const VOString &name,
                      std::string_view fields);
     bool appendScheme(const VOColorScheme &scheme, std::uint32_t group);
-    bool appendShipped(const std::vector<ShippedScheme> &shipped);
+    bool appendBuiltIns(const std::vector<BuiltInScheme> &builtIns);
     // Whole records, as they were read.
     void appendRecords(std::string_view records);
     bool appendEnd();
@@ -184,16 +184,16 @@ bool TeamEncoder::appendScheme(const VOColorScheme &scheme, std::uint32_t group)
     return endRecord(start, schemeTag, group);
 }
 
-bool TeamEncoder::appendShipped(const std::vector<ShippedScheme> &shipped)
+bool TeamEncoder::appendBuiltIns(const std::vector<BuiltInScheme> &builtIns)
 {
     const std::size_t start = beginRecord();
-    bytes.appendNumber(static_cast<quint32>(shipped.size()));
-    for (const ShippedScheme &scheme : shipped) {
+    bytes.appendNumber(static_cast<quint32>(builtIns.size()));
+    for (const BuiltInScheme &scheme : builtIns) {
         appendString(bytes, scheme.group);
         appendString(bytes, scheme.scheme);
         bytes.appendNumber<quint64>(scheme.checksum);
     }
-    return endRecord(start, shippedTag, noGroup);
+    return endRecord(start, builtInTag, noGroup);
 }
 
 bool TeamEncoder::appendNamed(std::uint32_t tag, std::uint32_t group, const VOString &name,
@@ -236,7 +236,7 @@ bool appendTeam(TeamEncoder &encoder, const VOColorSchemeTeam &team, const TeamE
         }
         ++number;
     }
-    if (!extras.shipped.empty() && !encoder.appendShipped(extras.shipped))
+    if (!extras.builtIns.empty() && !encoder.appendBuiltIns(extras.builtIns))
         return false;
     encoder.appendRecords(extras.otherRecords);
     return encoder.appendEnd();

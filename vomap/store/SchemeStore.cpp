@@ -15,22 +15,16 @@ namespace {
 constexpr std::uint64_t anyLength = std::numeric_limits<std::int64_t>::max();
 constexpr const char *fileNames[] = {"default.team", "custom.team", "favorite.team"};
 
-VOColorSchemeTeam firstTeam(VOTeamKind which)
+VOColorSchemeTeam builtInTeamOf(VOTeamKind which)
 {
     VOColorSchemeTeam team;
     if (which == DefaultTeam)
-        team = shippedTeam();
+        team = builtInTeam();
     team.name = toVOString(teamKey(which));
     return team;
 }
 
 } // namespace
-
-const VOColorSchemeTeam &shippedTeam()
-{
-    static const VOColorSchemeTeam team = builtInTeam();
-    return team;
-}
 
 SchemeStore::Found::Found(const std::string &path)
 {
@@ -59,7 +53,7 @@ bool SchemeStore::load(const std::string &directory,
     folder = directory;
     if (folder.empty()) {
         for (const VOTeamKind which : allTeams)
-            *teams[which] = firstTeam(which);
+            *teams[which] = builtInTeamOf(which);
         known = {};
         return false;
     }
@@ -102,9 +96,9 @@ bool SchemeStore::loadTeam(VOTeamKind which, bool locked, VOColorSchemeTeam &tea
         now.base = std::move(found.bytes);
     } else if (found.isMissing() && !somethingIsAt(pathOf(which, lastSuffix))) {
         good = true;
-        content.team = firstTeam(which);
+        content.team = builtInTeamOf(which);
         if (which == DefaultTeam)
-            content.extras.shipped = shippedList(content.team);
+            content.extras.builtIns = builtInList(content.team);
     } else {
         Found last(pathOf(which, lastSuffix));
         content = recovered(which, found, last);
@@ -112,7 +106,7 @@ bool SchemeStore::loadTeam(VOTeamKind which, bool locked, VOColorSchemeTeam &tea
             putRecovered(which, found, last, content);
     }
     if (which == DefaultTeam && !now.newer)
-        upgradeBuiltIns(content, shippedTeam());
+        upgradeBuiltIns(content, builtInTeam());
     now.extras = std::move(content.extras);
     team = std::move(content.team);
     return good;
@@ -124,25 +118,25 @@ TeamContent SchemeStore::recovered(VOTeamKind which, Found &found, Found &last) 
     if (last.isWhole())
         return std::move(last.content);
     TeamContent content;
-    bool knowsShipped = false;
+    bool knowsBuiltIns = false;
     if (found.read == ReadState::Read)
-        knowsShipped = salvageTeam(found.bytes.view(), content);
+        knowsBuiltIns = salvageTeam(found.bytes.view(), content);
     if (last.read == ReadState::Read) {
         TeamContent older;
         const bool olderKnows = salvageTeam(last.bytes.view(), older);
         addMissing(content.team, older.team);
-        if (olderKnows && !knowsShipped)
-            content.extras.shipped = std::move(older.extras.shipped);
-        knowsShipped = knowsShipped || olderKnows;
+        if (olderKnows && !knowsBuiltIns)
+            content.extras.builtIns = std::move(older.extras.builtIns);
+        knowsBuiltIns = knowsBuiltIns || olderKnows;
     }
     if (content.team.groups.empty())
-        content.team = firstTeam(which);
+        content.team = builtInTeamOf(which);
     // Its name may be among what was lost.
     if (content.team.name == L"")
         content.team.name = toVOString(teamKey(which));
     // Without the list nobody knows what the user deleted: nothing is offered again.
-    if (which == DefaultTeam && !knowsShipped)
-        content.extras.shipped = shippedList(shippedTeam());
+    if (which == DefaultTeam && !knowsBuiltIns)
+        content.extras.builtIns = builtInList(builtInTeam());
     return content;
 }
 

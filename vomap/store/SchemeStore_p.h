@@ -69,9 +69,6 @@ private:
     std::array<Known, teamCount> known;
 };
 
-/// The built-in schemes, made only once: a load compares the stored default team with them.
-const VOColorSchemeTeam &shippedTeam();
-
 /// The suffixes of a team's files: being written, being replaced, the last good copy.
 constexpr const char newSuffix[] = ".new";
 constexpr const char oldSuffix[] = ".old";

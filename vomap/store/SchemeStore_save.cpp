@@ -1,6 +1,7 @@
 #include "vomap/store/SchemeStore_p.h"
 
 #include "vomap/store/SchemeStoreFound_p.h"
+#include "vomap/store/builtInSchemes_p.h"
 #include "vomap/store/teamMerge_p.h"
 
 #include <algorithm>
@@ -25,15 +26,15 @@ struct SchemeStore::Work
 
 namespace {
 
-std::vector<ShippedScheme> joinedLists(const std::vector<ShippedScheme> &mine,
-                                       const std::vector<ShippedScheme> &theirs)
+std::vector<BuiltInScheme> joinedLists(const std::vector<BuiltInScheme> &mine,
+                                       const std::vector<BuiltInScheme> &theirs)
 {
     std::map<std::pair<std::wstring, std::wstring>, std::uint64_t> all;
-    for (const std::vector<ShippedScheme> *list : {&theirs, &mine}) {
-        for (const ShippedScheme &scheme : *list)
+    for (const std::vector<BuiltInScheme> *list : {&theirs, &mine}) {
+        for (const BuiltInScheme &scheme : *list)
             all[{scheme.group, scheme.scheme}] = scheme.checksum;
     }
-    std::vector<ShippedScheme> joined;
+    std::vector<BuiltInScheme> joined;
     joined.reserve(all.size());
     for (const auto &[name, checksum] : all)
         joined.push_back({name.first, name.second, checksum});
@@ -80,8 +81,8 @@ bool SchemeStore::prepare(Work &work) const
     const Known &now = known[work.which];
     const std::string path = pathOf(work.which);
     work.extras = now.extras;
-    if (work.which == DefaultTeam && work.extras.shipped.empty())
-        work.extras.shipped = shippedList(shippedTeam());
+    if (work.which == DefaultTeam && work.extras.builtIns.empty())
+        work.extras.builtIns = builtInList(builtInTeam());
     if (now.base.size() > 0 && fileHolds(path, now.base.view())) {
         work.replaces = true;
         return !now.newer && encodeTeam(*work.team, work.extras, work.bytes);
@@ -120,7 +121,7 @@ bool SchemeStore::merge(Work &work, const TeamContent &theirs) const
     if (!theirs.extras.otherRecords.empty())
         work.extras.otherRecords = theirs.extras.otherRecords;
     if (work.which == DefaultTeam)
-        work.extras.shipped = joinedLists(work.extras.shipped, theirs.extras.shipped);
+        work.extras.builtIns = joinedLists(work.extras.builtIns, theirs.extras.builtIns);
     return encodeTeam(mergedTeam(base.team, *work.team, theirs.team), work.extras, work.bytes);
 }
 

@@ -33,7 +33,13 @@ VOColorSchemeGroup builtInGroup(const QString &folder)
     }
 }
 
-VOColorSchemeTeam builtInTeam()
+const VOColorSchemeTeam &builtInTeam()
+{
+    static const VOColorSchemeTeam team = readBuiltInTeam();
+    return team;
+}
+
+VOColorSchemeTeam readBuiltInTeam()
 {
     initializeSchemeFiles();
     VOColorSchemeTeam team;

@@ -159,9 +159,9 @@ void addMissing(VOColorSchemeTeam &team, const VOColorSchemeTeam &source)
     }
 }
 
-std::vector<ShippedScheme> shippedList(const VOColorSchemeTeam &builtIn)
+std::vector<BuiltInScheme> builtInList(const VOColorSchemeTeam &builtIn)
 {
-    std::vector<ShippedScheme> list;
+    std::vector<BuiltInScheme> list;
     for (const VOColorSchemeGroup &group : builtIn.groups) {
         for (const VOColorScheme &scheme : group.schemes)
             list.push_back({group.name, scheme.name, schemeChecksum(scheme)});
@@ -172,15 +172,15 @@ std::vector<ShippedScheme> shippedList(const VOColorSchemeTeam &builtIn)
 void upgradeBuiltIns(TeamContent &content, const VOColorSchemeTeam &builtIn)
 {
     using Name = std::pair<std::wstring, std::wstring>;
-    std::map<Name, std::uint64_t> shipped;
-    std::set<std::wstring> shippedGroups;
-    for (const ShippedScheme &scheme : content.extras.shipped) {
-        shipped[Name(scheme.group, scheme.scheme)] = scheme.checksum;
-        shippedGroups.insert(scheme.group);
+    std::map<Name, std::uint64_t> listed;
+    std::set<std::wstring> listedGroups;
+    for (const BuiltInScheme &scheme : content.extras.builtIns) {
+        listed[Name(scheme.group, scheme.scheme)] = scheme.checksum;
+        listedGroups.insert(scheme.group);
     }
     VOColorSchemeTeam &team = content.team;
     for (const VOColorSchemeGroup &group : builtIn.groups) {
-        if (!team.contains(group.name) && shippedGroups.count(group.name.text()) == 0) {
+        if (!team.contains(group.name) && listedGroups.count(group.name.text()) == 0) {
             team.groups.emplace_back();
             team.groups.back().name = group.name;
         }
@@ -192,12 +192,12 @@ void upgradeBuiltIns(TeamContent &content, const VOColorSchemeTeam &builtIn)
         for (const VOColorScheme &scheme : schemes)
             taken.insert(scheme.name.text());
         for (const VOColorScheme &scheme : group.schemes) {
-            const auto was = shipped.find(Name(group.name.text(), scheme.name.text()));
+            const auto was = listed.find(Name(group.name.text(), scheme.name.text()));
             const auto own = std::find_if(
                 schemes.begin(), schemes.end(),
                 [&scheme](const VOColorScheme &present) { return present.name == scheme.name; });
             const bool present = own != schemes.end();
-            if (was != shipped.end()) {
+            if (was != listed.end()) {
                 if (present && schemeChecksum(*own) == was->second)
                     *own = scheme;
             } else if (!present) {
@@ -208,11 +208,11 @@ void upgradeBuiltIns(TeamContent &content, const VOColorSchemeTeam &builtIn)
         }
     }
     // What an older release did not know stays on the list, or the newer one would offer it again.
-    for (const ShippedScheme &scheme : shippedList(builtIn))
-        shipped[Name(scheme.group, scheme.scheme)] = scheme.checksum;
-    content.extras.shipped.clear();
-    for (const auto &[name, checksum] : shipped)
-        content.extras.shipped.push_back({name.first, name.second, checksum});
+    for (const BuiltInScheme &scheme : builtInList(builtIn))
+        listed[Name(scheme.group, scheme.scheme)] = scheme.checksum;
+    content.extras.builtIns.clear();
+    for (const auto &[name, checksum] : listed)
+        content.extras.builtIns.push_back({name.first, name.second, checksum});
 }
 
 } // namespace VTObjects

@@ -16,11 +16,11 @@ VOColorSchemeTeam mergedTeam(const VOColorSchemeTeam &base, const VOColorSchemeT
 void addMissing(VOColorSchemeTeam &team, const VOColorSchemeTeam &source);
 
 /// The list of all schemes of a team, as the store remembers what it has been offered.
-std::vector<ShippedScheme> shippedList(const VOColorSchemeTeam &builtIn);
+std::vector<BuiltInScheme> builtInList(const VOColorSchemeTeam &builtIn);
 
 /// Brings a stored default team up to the built-in schemes of this release: what is new is added,
 /// what the user never touched becomes the present version, and what the user edited or deleted
-/// stays so. Then `content` lists all of them as shipped.
+/// stays so. Then `content` lists all of them.
 void upgradeBuiltIns(TeamContent &content, const VOColorSchemeTeam &builtIn);
 
 } // namespace VTObjects

@@ -149,14 +149,14 @@ void tst_teamFile::everyFieldComesBackBitForBit()
         team.groups.push_back(group);
     }
     TeamExtras extras;
-    extras.shipped = {{L"DEM", L"Sea", 7}, {samples.text(), samples.text(), ~quint64(0)}};
+    extras.builtIns = {{L"DEM", L"Sea", 7}, {samples.text(), samples.text(), ~quint64(0)}};
     TeamContent content;
     QCOMPARE(int(decoded(encoded(team, extras), content)), int(TeamFileState::Whole));
     QCOMPARE(dump(content.team), dump(team));
-    QCOMPARE(content.extras.shipped.size(), std::size_t(2));
-    QVERIFY(content.extras.shipped[1].group == extras.shipped[1].group);
-    QVERIFY(content.extras.shipped[1].scheme == extras.shipped[1].scheme);
-    QCOMPARE(content.extras.shipped[1].checksum, extras.shipped[1].checksum);
+    QCOMPARE(content.extras.builtIns.size(), std::size_t(2));
+    QVERIFY(content.extras.builtIns[1].group == extras.builtIns[1].group);
+    QVERIFY(content.extras.builtIns[1].scheme == extras.builtIns[1].scheme);
+    QCOMPARE(content.extras.builtIns[1].checksum, extras.builtIns[1].checksum);
 }
 
 void tst_teamFile::theBytesAreTheDocumentedOnes()
@@ -272,8 +272,8 @@ void tst_teamFile::impossibleContentIsRefused_data()
     QTest::newRow("group out of its order")
         << quint32(groupTag) << quint32(7) << bytes("\0\0\0\0\1", 5);
     QTest::newRow("second team") << quint32(teamTag) << quint32(noGroup) << bytes("\0\0\0\0\1", 5);
-    QTest::newRow("shipped list past the end")
-        << quint32(shippedTag) << quint32(noGroup) << bytes("\xff\xff\xff\xff", 4);
+    QTest::newRow("built-in list past the end")
+        << quint32(builtInTag) << quint32(noGroup) << bytes("\xff\xff\xff\xff", 4);
 }
 
 void tst_teamFile::impossibleContentIsRefused()

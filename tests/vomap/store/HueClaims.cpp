@@ -121,8 +121,8 @@ bool isWithin(double hue, double from, double to)
 
 QString wrongEnds(const QString &text, const std::vector<Lch> &colors)
 {
-    static const QRegularExpression course(
-        QStringLiteral("^(?:[^:]*: )?(?<from>[^,;]+?)(?: over [^,;]+)? to (?<to>[^,;]+?)(?:;|\\.|$)"));
+    static const QRegularExpression course(QStringLiteral(
+        "^(?:[^:]*: )?(?<from>[^,;]+?)(?: over [^,;]+)? to (?<to>[^,;]+?)(?:;|\\.|$)"));
     const QRegularExpressionMatch match = course.match(text);
     if (!match.hasMatch())
         return QString();
@@ -147,8 +147,7 @@ QString wrongSet(const QString &text, const std::vector<Lch> &colors)
         if (color.chroma < leastVisible)
             continue;
         const bool fits =
-            isSpan ? isWithin(color.hue,
-                              std::min(named[0][0]->fromHue, named[1][0]->fromHue),
+            isSpan ? isWithin(color.hue, std::min(named[0][0]->fromHue, named[1][0]->fromHue),
                               std::max(named[0][0]->toHue, named[1][0]->toHue))
                    : std::any_of(named.begin(), named.end(),
                                  [&color](const Words &each) { return isShown(each, {color}); });
@@ -163,12 +162,12 @@ QString wrongSet(const QString &text, const std::vector<Lch> &colors)
 Lch lchOf(const Triple &rgb)
 {
     const Triple light = ColorJudge::linearLight(rgb);
-    const double l = std::cbrt(0.4122214708 * light[0] + 0.5363325363 * light[1] +
-                               0.0514459929 * light[2]);
-    const double m = std::cbrt(0.2119034982 * light[0] + 0.6806995451 * light[1] +
-                               0.1073969566 * light[2]);
-    const double s = std::cbrt(0.0883024619 * light[0] + 0.2817188376 * light[1] +
-                               0.6299787005 * light[2]);
+    const double l =
+        std::cbrt(0.4122214708 * light[0] + 0.5363325363 * light[1] + 0.0514459929 * light[2]);
+    const double m =
+        std::cbrt(0.2119034982 * light[0] + 0.6806995451 * light[1] + 0.1073969566 * light[2]);
+    const double s =
+        std::cbrt(0.0883024619 * light[0] + 0.2817188376 * light[1] + 0.6299787005 * light[2]);
     const double a = 1.9779984951 * l - 2.4285922050 * m + 0.4505937099 * s;
     const double b = 0.0259040371 * l + 0.7827717662 * m - 0.8086757660 * s;
     const double degrees = std::atan2(b, a) * 180.0 / std::acos(-1.0);
@@ -197,9 +196,11 @@ bool shows(const HueWord &word, const Lch &color)
 QString strayReference()
 {
     for (const HueWord &word : hueWords) {
-        for (const QString &reference : QString::fromLatin1(word.references).split(QLatin1Char(' '))) {
+        for (const QString &reference :
+             QString::fromLatin1(word.references).split(QLatin1Char(' '))) {
             const uint bits = reference.toUInt(nullptr, 16);
-            if (!shows(word, lchOf({double(bits >> 16), double(bits >> 8 & 255), double(bits & 255)})))
+            if (!shows(word,
+                       lchOf({double(bits >> 16), double(bits >> 8 & 255), double(bits & 255)})))
                 return QLatin1String(word.name) + QLatin1Char(' ') + reference;
         }
     }

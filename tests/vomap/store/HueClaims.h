@@ -42,7 +42,8 @@ QString strayReference();
 /// What is wrong with what the scheme says of its hues; empty if nothing is:
 /// - each hue word is shown by a color; one of "gray-green" by either of the two;
 /// - a ramp "A over B to C" shows A in its first quarter and C in its last one;
-/// - a random ramp that names hues shows no other ("Greens"; "Red to yellow": from one to the other).
+/// - a random ramp that names hues shows no other ("Greens"; "Red to yellow": from one to the
+/// other).
 QString wrongHue(const VTObjects::VOColorScheme &scheme);
 
 } // namespace HueClaims

@@ -46,7 +46,7 @@ private:
 
 void tst_builtInFiles::initTestCase()
 {
-    team = builtInTeam();
+    team = readBuiltInTeam();
 }
 
 void tst_builtInFiles::sixGroupsHoldMoreThanTwoHundredSchemes()
@@ -73,10 +73,10 @@ void tst_builtInFiles::theStoreStartsWithThem()
     const VOColorSchemeManager *store = VOColorSchemeManager::instance();
     QCOMPARE(store->defaultTeam.groups.size(), team.groups.size());
     for (size_t i = 0; i < team.groups.size(); ++i) {
-        const VOColorSchemeGroup &shipped = team.groups[i];
+        const VOColorSchemeGroup &builtIn = team.groups[i];
         const VOColorSchemeGroup &stored = store->defaultTeam.groups[i];
-        QCOMPARE(stored.schemes.size(), shipped.schemes.size());
-        QVERIFY(stored.schemes.front().name == shipped.schemes.front().name);
+        QCOMPARE(stored.schemes.size(), builtIn.schemes.size());
+        QVERIFY(stored.schemes.front().name == builtIn.schemes.front().name);
     }
 }
 

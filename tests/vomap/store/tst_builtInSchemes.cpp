@@ -119,7 +119,7 @@ private:
 
 void tst_builtInSchemes::initTestCase()
 {
-    team = builtInTeam();
+    team = readBuiltInTeam();
     const QString path = QFINDTESTDATA("originals.json");
     const QJsonObject tables = QJsonDocument::fromJson(fileContents(path)).object();
     for (const QString &name : tables.keys()) {

@@ -78,7 +78,7 @@ void tst_hueClaims::theHuesAreThoseOfThePaper()
 void tst_hueClaims::everyBuiltInSchemeShowsTheHuesItNames()
 {
     QStringList wrong;
-    for (const VOColorSchemeGroup &group : builtInTeam().groups) {
+    for (const VOColorSchemeGroup &group : readBuiltInTeam().groups) {
         for (const VOColorScheme &scheme : group.schemes) {
             const QString found = HueClaims::wrongHue(scheme);
             if (!found.isEmpty())
@@ -94,12 +94,12 @@ void tst_hueClaims::aWrongClaimIsFound_data()
     QTest::addColumn<QString>("wrong");
     QTest::newRow("a right name") << whiteToGreen(L"White to green", L"Two colors.") << QString();
     QTest::newRow("a right text") << whiteToGreen(L"Any", L"White to dark green.") << QString();
-    QTest::newRow("a wrong name")
-        << whiteToGreen(L"White to red", L"Two colors.") << QStringLiteral("shows no red");
-    QTest::newRow("a wrong text")
-        << whiteToGreen(L"Any", L"White over blue to green.") << QStringLiteral("shows no blue");
-    QTest::newRow("the wrong way") << whiteToGreen(L"Any", L"Green to white.")
-                                   << QStringLiteral("does not end with white");
+    QTest::newRow("a wrong name") << whiteToGreen(L"White to red", L"Two colors.")
+                                  << QStringLiteral("shows no red");
+    QTest::newRow("a wrong text") << whiteToGreen(L"Any", L"White over blue to green.")
+                                  << QStringLiteral("shows no blue");
+    QTest::newRow("the wrong way")
+        << whiteToGreen(L"Any", L"Green to white.") << QStringLiteral("does not end with white");
     QTest::newRow("half way") << whiteToGreen(L"Any", L"White over green to far shores.")
                               << QString();
     QTest::newRow("right greens") << random(100, 140, L"Greens.") << QString();
@@ -109,8 +109,8 @@ void tst_hueClaims::aWrongClaimIsFound_data()
     QTest::newRow("a span that is left")
         << random(0, 160, L"Red to yellow.") << QStringLiteral("has a hue of");
     // 390 wraps to 30 and changes places with 330: all but what was meant.
-    QTest::newRow("a range past 360") << random(330, 390, L"Pink over red to orange.")
-                                      << QStringLiteral("shows no red");
+    QTest::newRow("a range past 360")
+        << random(330, 390, L"Pink over red to orange.") << QStringLiteral("shows no red");
 }
 
 void tst_hueClaims::aWrongClaimIsFound()

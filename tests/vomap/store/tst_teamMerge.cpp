@@ -29,7 +29,7 @@ private Q_SLOTS:
     void anUpgradeReplacesWhatNobodyTouched();
     void anUpgradeKeepsADeletedGroupAway();
     void anUpgradeKeepsAUsersSchemeOfTheSameName();
-    void anOlderReleaseDoesNotForgetWhatANewerShipped();
+    void anOlderReleaseDoesNotForgetWhatIsNewInANewer();
 };
 
 namespace {
@@ -211,12 +211,12 @@ void tst_teamMerge::anUpgradeBringsWhatIsNew()
 {
     TeamContent stored;
     stored.team = team({"a"});
-    stored.extras.shipped = shippedList(stored.team);
+    stored.extras.builtIns = builtInList(stored.team);
     VOColorSchemeTeam release = team({"a", "b"});
     release.groups.push_back(group("new", {"c"}));
     upgradeBuiltIns(stored, release);
     QCOMPARE(dump(stored.team), dump(release));
-    QCOMPARE(stored.extras.shipped.size(), std::size_t(3));
+    QCOMPARE(stored.extras.builtIns.size(), std::size_t(3));
     // Deleted afterwards, it stays away.
     stored.team.groups[0].schemes.pop_back();
     upgradeBuiltIns(stored, release);
@@ -226,7 +226,7 @@ void tst_teamMerge::anUpgradeBringsWhatIsNew()
 void tst_teamMerge::anUpgradeKeepsEditsAndDeletions()
 {
     TeamContent stored;
-    stored.extras.shipped = shippedList(team({"a", "b", "c"}));
+    stored.extras.builtIns = builtInList(team({"a", "b", "c"}));
     stored.team = team({"b!", "c", "d"}); // "a" was deleted, "b" edited, "d" is the user's own
     upgradeBuiltIns(stored, team({"a!!", "b!!", "c", "e"}));
     QCOMPARE(content(stored.team), QStringList({"b!", "c", "d", "e"}));
@@ -236,7 +236,7 @@ void tst_teamMerge::anUpgradeReplacesWhatNobodyTouched()
 {
     TeamContent stored;
     stored.team = team({"a", "b"});
-    stored.extras.shipped = shippedList(stored.team);
+    stored.extras.builtIns = builtInList(stored.team);
     upgradeBuiltIns(stored, team({"a!", "b"}));
     QCOMPARE(content(stored.team), QStringList({"a!", "b"}));
     // And so again with the next release.
@@ -247,7 +247,7 @@ void tst_teamMerge::anUpgradeReplacesWhatNobodyTouched()
 void tst_teamMerge::anUpgradeKeepsADeletedGroupAway()
 {
     TeamContent stored;
-    stored.extras.shipped = shippedList(team({"a"}));
+    stored.extras.builtIns = builtInList(team({"a"}));
     upgradeBuiltIns(stored, team({"a", "b"}));
     QVERIFY(stored.team.groups.empty());
 }
@@ -255,21 +255,21 @@ void tst_teamMerge::anUpgradeKeepsADeletedGroupAway()
 void tst_teamMerge::anUpgradeKeepsAUsersSchemeOfTheSameName()
 {
     TeamContent stored;
-    stored.extras.shipped = shippedList(team({"a"}));
+    stored.extras.builtIns = builtInList(team({"a"}));
     stored.team = team({"a", "b!"});
     upgradeBuiltIns(stored, team({"a", "b"}));
     QCOMPARE(content(stored.team), QStringList({"a", "b!", "b_1"}));
     TeamContent same;
-    same.extras.shipped = shippedList(team({"a"}));
+    same.extras.builtIns = builtInList(team({"a"}));
     same.team = team({"a", "b"});
     upgradeBuiltIns(same, team({"a", "b"}));
     QCOMPARE(content(same.team), QStringList({"a", "b"}));
 }
 
-void tst_teamMerge::anOlderReleaseDoesNotForgetWhatANewerShipped()
+void tst_teamMerge::anOlderReleaseDoesNotForgetWhatIsNewInANewer()
 {
     TeamContent stored;
-    stored.extras.shipped = shippedList(team({"a", "b"}));
+    stored.extras.builtIns = builtInList(team({"a", "b"}));
     stored.team = team({"a"}); // "b" came with the newer release and was deleted
     upgradeBuiltIns(stored, team({"a"}));
     upgradeBuiltIns(stored, team({"a", "b"}));
