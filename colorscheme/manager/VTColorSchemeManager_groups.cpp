@@ -103,11 +103,11 @@ std::vector<VOColorScheme> VTColorSchemeManager::shownSchemes(const QVector<int>
 void VTColorSchemeManager::appendSchemes(GroupPlace place,
                                          const std::vector<VOColorScheme> &schemes)
 {
+    copies->append(place, schemes);
     // Groups can share a name, so the one that was meant can turn out to be the shown one. What the
-    // table holds is written back over it later.
+    // table holds is written back over it later and needs the schemes too; until then the working
+    // copy is what the next command looks into, and what a call from code goes back to.
     if (place == shownPlace())
         ui->schemeView->schemeModel()->appendSchemes(schemes);
-    else
-        copies->append(place, schemes);
     WorkingCopies::markModified();
 }

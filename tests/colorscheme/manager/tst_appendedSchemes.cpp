@@ -1,0 +1,114 @@
+#include "tests/colorscheme/manager/ManagerUser.h"
+#include "tests/support/TestStore.h"
+#include "vomap/VOColorSchemeManager.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QtTest>
+
+#include <memory>
+
+using VTObjects::VOColorSchemeManager;
+
+/// Schemes that a command appends to the very group that the table shows. Neither the tree nor the
+/// context menu offers that, but groups can share a name, and a host can keep a copy-to menu while
+/// the user goes on to another group. Table and working copy then hold the group both.
+class tst_appendedSchemes : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void copiesIntoTheShownBuiltInGroupAreNumberedOn();
+    void copiesIntoTheShownCustomGroupClashWithEarlierOnes();
+    void theyOutliveACallFromCode();
+    void favoritesOfTheNamelessGroupAreInItAtOnce();
+
+private:
+    void copyTwice(QMenu *menu);
+    QStringList copyNames(int team, int group) const;
+
+    std::unique_ptr<TestStore> store;
+    std::unique_ptr<VTColorSchemeManager> manager;
+    std::unique_ptr<ManagerUser> user;
+};
+
+void tst_appendedSchemes::init()
+{
+    store = std::make_unique<TestStore>();
+    auto *records = VOColorSchemeManager::instance();
+    records->defaultTeam.groups = {makeGroup("DEM", {"a", "b"})};
+    records->customTeam.groups = {makeGroup("Twin", {"c"}), makeGroup("Twin", {"d"})};
+    records->favoriteTeam.groups = {makeGroup("", {"f"})};
+    manager = std::make_unique<VTColorSchemeManager>();
+    user = std::make_unique<ManagerUser>(*manager);
+    manager->show();
+    QVERIFY(QTest::qWaitForWindowExposed(manager.get()));
+}
+
+void tst_appendedSchemes::cleanup()
+{
+    user.reset();
+    manager.reset();
+    store.reset();
+}
+
+void tst_appendedSchemes::copyTwice(QMenu *menu)
+{
+    const std::unique_ptr<QMenu> owner(menu);
+    QCOMPARE(menu->actions().size(), 1);
+    menu->actions().first()->trigger();
+    menu->actions().first()->trigger();
+}
+
+QStringList tst_appendedSchemes::copyNames(int team, int group) const
+{
+    return schemeNames(workingCopy(*manager, team).groups.at(std::size_t(group)));
+}
+
+void tst_appendedSchemes::copiesIntoTheShownBuiltInGroupAreNumberedOn()
+{
+    user->click(1, 0);
+    QMenu *menu = manager->defaultMenu();
+    user->click(0, 0);
+    user->select({0});
+    copyTwice(menu);
+    const QStringList expected{"a", "b", "add_scheme1", "add_scheme2"};
+    QCOMPARE(user->names(), expected);
+    QCOMPARE(copyNames(0, 0), expected);
+}
+
+void tst_appendedSchemes::copiesIntoTheShownCustomGroupClashWithEarlierOnes()
+{
+    // The menu offers the second one of this name, which stands for the first.
+    user->click(1, 0);
+    user->model->setData(user->model->index(0, 2), QStringLiteral("edited"));
+    user->select({0});
+    copyTwice(manager->customMenu());
+    // The first copy finds the working copy without that name yet, the second one finds it taken.
+    QCOMPARE(user->names(), (QStringList{"edited", "edited", "add_scheme1"}));
+    QCOMPARE(copyNames(1, 0), (QStringList{"c", "edited", "add_scheme1"}));
+    QCOMPARE(copyNames(1, 1), QStringList{"d"});
+}
+
+void tst_appendedSchemes::theyOutliveACallFromCode()
+{
+    user->click(1, 0);
+    user->select({0});
+    copyTwice(manager->customMenu());
+    QVERIFY(QMetaObject::invokeMethod(manager.get(), "onTeamViewClicked",
+                                      Q_ARG(QModelIndex, user->node(1, 0))));
+    QCOMPARE(user->names(), (QStringList{"c", "add_scheme1", "add_scheme1"}));
+}
+
+void tst_appendedSchemes::favoritesOfTheNamelessGroupAreInItAtOnce()
+{
+    user->click(2, 0);
+    manager->onFavorite({0});
+    QCOMPARE(user->names(), (QStringList{"f", "f"}));
+    QCOMPARE(copyNames(2, 0), (QStringList{"f", "f"}));
+}
+
+QTEST_MAIN(tst_appendedSchemes)
+#include "tst_appendedSchemes.moc"
