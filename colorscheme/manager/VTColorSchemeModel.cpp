@@ -8,6 +8,7 @@
 #include <QIcon>
 
 #include <stdexcept>
+#include <utility>
 
 using vtcontrolcolorscheme::AuthorColumn;
 using vtcontrolcolorscheme::DescribeColumn;
@@ -68,10 +69,10 @@ void VTColorSchemeModel::setGroup(const VOColorSchemeGroup &group)
     endResetModel();
 }
 
-void VTColorSchemeModel::appendSchemes(const std::vector<VOColorScheme> &schemes)
+void VTColorSchemeModel::appendSchemes(std::vector<VOColorScheme> schemes)
 {
-    for (const VOColorScheme &scheme : schemes) {
-        m_group.schemes.push_back(scheme);
+    for (VOColorScheme &scheme : schemes) {
+        m_group.schemes.push_back(std::move(scheme));
         insertSchemeRow(static_cast<int>(m_group.schemes.size()) - 1, QModelIndex());
     }
 }

@@ -25,8 +25,8 @@ public:
     VTObjects::VOColorSchemeGroup &group() { return m_group; }
     const VTObjects::VOColorSchemeGroup &group() const { return m_group; }
 
-    /// Appends copies of the schemes and announces them.
-    void appendSchemes(const std::vector<VTObjects::VOColorScheme> &schemes);
+    /// Appends schemes and announces them one by one; the group's own ones are copied like others.
+    void appendSchemes(std::vector<VTObjects::VOColorScheme> schemes);
     /// Announces a scheme that the caller has appended at `row`; nothing if there is none.
     void insertSchemeRow(int row, const QModelIndex &parent);
     /// Removes the scheme at `row` and announces it; nothing if there is none.

@@ -8,6 +8,8 @@
 #include <QCoreApplication>
 #include <QSet>
 
+#include <iterator>
+
 // Shared by the manager and its table; see the class. Nothing outside this file names it.
 static bool dataModified = false;
 
@@ -159,12 +161,13 @@ std::vector<VOColorScheme> WorkingCopies::renamedFor(GroupPlace target,
     return schemes;
 }
 
-void WorkingCopies::append(GroupPlace place, const std::vector<VOColorScheme> &schemes)
+void WorkingCopies::append(GroupPlace place, std::vector<VOColorScheme> schemes)
 {
     VOColorSchemeGroup *const target = groupAt(place);
     if (!target)
         return;
-    target->schemes.insert(target->schemes.end(), schemes.cbegin(), schemes.cend());
+    target->schemes.insert(target->schemes.end(), std::make_move_iterator(schemes.begin()),
+                           std::make_move_iterator(schemes.end()));
 }
 
 WorkingCopies::Favorites WorkingCopies::favoritesOf(GroupPlace source)

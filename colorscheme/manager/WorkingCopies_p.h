@@ -74,8 +74,8 @@ public:
     /// there gets a generated one. Schemes that are named before others count for those.
     std::vector<VTObjects::VOColorScheme>
     renamedFor(GroupPlace target, std::vector<VTObjects::VOColorScheme> schemes) const;
-    /// Appends schemes to a group; nothing without one there.
-    void append(GroupPlace place, const std::vector<VTObjects::VOColorScheme> &schemes);
+    /// Appends schemes to a group, which can be its own ones; nothing without a group there.
+    void append(GroupPlace place, std::vector<VTObjects::VOColorScheme> schemes);
 
     /// The favourites group that mirrors a group by its name, made if need be.
     struct Favorites

@@ -1,3 +1,4 @@
+#include "colorscheme/manager/WorkingCopies_p.h"
 #include "tests/colorscheme/manager/ManagerUser.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
@@ -8,9 +9,10 @@
 
 #include <memory>
 
+using vtcontrolcolorscheme::WorkingCopies;
 using VTObjects::VOColorSchemeManager;
 
-/// Schemes that a command appends to the very group that the table shows. Neither the tree nor the
+/// Schemes that are appended to the very group that the table shows. Neither the tree nor the
 /// context menu offers that, but groups can share a name, and a host can keep a copy-to menu while
 /// the user goes on to another group. Table and working copy then hold the group both.
 class tst_appendedSchemes : public QObject
@@ -24,6 +26,7 @@ private Q_SLOTS:
     void copiesIntoTheShownCustomGroupClashWithEarlierOnes();
     void theyOutliveACallFromCode();
     void favoritesOfTheNamelessGroupAreInItAtOnce();
+    void aGroupsOwnSchemesCanBeAppendedToIt();
 
 private:
     void copyTwice(QMenu *menu);
@@ -108,6 +111,19 @@ void tst_appendedSchemes::favoritesOfTheNamelessGroupAreInItAtOnce()
     manager->onFavorite({0});
     QCOMPARE(user->names(), (QStringList{"f", "f"}));
     QCOMPARE(copyNames(2, 0), (QStringList{"f", "f"}));
+}
+
+void tst_appendedSchemes::aGroupsOwnSchemesCanBeAppendedToIt()
+{
+    const QStringList expected{"a", "b", "a", "b"};
+    QSignalSpy inserted(user->model, &QAbstractItemModel::rowsInserted);
+    user->model->appendSchemes(user->model->group().schemes);
+    QCOMPARE(user->names(), expected);
+    QCOMPARE(inserted.count(), 2);
+
+    WorkingCopies copies;
+    copies.append({0, 0}, copies.group({0, 0})->schemes);
+    QCOMPARE(schemeNames(*copies.group({0, 0})), expected);
 }
 
 QTEST_MAIN(tst_appendedSchemes)
