@@ -229,7 +229,7 @@ void VTColorSchemeEditor::viewScheme(const VOColorScheme &scheme)
         for (const HsvBound &bound : hsvBounds)
             (ui.get()->*bound.box)->setValue(hsvRandom->*bound.field);
     }
-    colorModel->setColors(listedColors(ramp));
+    colorModel->setColors(listedColors(*ramp));
     // From the scheme's own ramp: what is loaded is shown as it is, even where the controls cannot
     // hold it.
     showPreview(ramp);

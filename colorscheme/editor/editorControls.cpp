@@ -78,20 +78,20 @@ std::unique_ptr<VOColorRamp> rampOf(const Ui::VTColorSchemeEditorBase &controls,
     }
 }
 
-QVector<QColor> listedColors(VOColorRamp *ramp)
+QVector<QColor> listedColors(VOColorRamp &ramp)
 {
     QVector<QColor> colors;
-    if (auto *even = dynamic_cast<VOEvenColorRamp *>(ramp)) {
+    if (auto *even = dynamic_cast<VOEvenColorRamp *>(&ramp)) {
         const int count = static_cast<int>(even->getSourceColorCount());
         colors.reserve(count);
         for (int i = 0; i < count; ++i)
             colors.append(toQColor(even->getSourceColor(i)));
         return colors;
     }
-    const unsigned int level = ramp->getLevel();
+    const unsigned int level = ramp.getLevel();
     colors.reserve(static_cast<int>(level));
     for (unsigned int i = 0; i < level; ++i)
-        colors.append(toQColor(ramp->getColor(i)));
+        colors.append(toQColor(ramp.getColor(i)));
     return colors;
 }
 

@@ -33,8 +33,8 @@ inline constexpr HsvBound hsvBounds[] = {
 /// exist.
 std::unique_ptr<VTObjects::VOColorRamp> rampOf(const Ui::VTColorSchemeEditorBase &controls,
                                                const QVector<QColor> &colors);
-/// What the colour list shows of a ramp, which must not be null: the source colours of a ramp that
-/// has some, else the output colours.
-QVector<QColor> listedColors(VTObjects::VOColorRamp *ramp);
+/// What the colour list shows of a ramp: the source colours of a ramp that has some, else the
+/// output colours. The ramp is only read.
+QVector<QColor> listedColors(VTObjects::VOColorRamp &ramp);
 
 } // namespace vtcontrolcolorscheme
