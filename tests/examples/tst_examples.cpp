@@ -13,6 +13,7 @@
 #include "examples/edit.cpp"
 #undef main
 
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 
 #include <QPushButton>
@@ -124,5 +125,5 @@ void tst_examples::editKeepsTheResultOnOkOnly()
     QCOMPARE(custom.size(), std::size_t(1));
 }
 
-QTEST_APPLESS_MAIN(tst_examples)
+VT_TEST_APPLESS_MAIN(tst_examples)
 #include "tst_examples.moc"

@@ -1,5 +1,6 @@
 #include "readmeHost.h"
 
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 
 #include <QtTest>
@@ -35,5 +36,5 @@ void tst_readmeHost::theHostKeepsARampOfItsOwn()
     QVERIFY(kept->getLevel() > 0);
 }
 
-QTEST_MAIN(tst_readmeHost)
+VT_TEST_MAIN(tst_readmeHost)
 #include "tst_readmeHost.moc"

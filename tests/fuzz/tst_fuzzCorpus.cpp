@@ -1,4 +1,5 @@
 #include "tests/fuzz/fuzzReaders.h"
+#include "tests/support/TestMain.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -39,5 +40,5 @@ void tst_fuzzCorpus::everyInputIsReadWithoutHarm()
     QVERIFY(count > 10);
 }
 
-QTEST_APPLESS_MAIN(tst_fuzzCorpus)
+VT_TEST_APPLESS_MAIN(tst_fuzzCorpus)
 #include "tst_fuzzCorpus.moc"

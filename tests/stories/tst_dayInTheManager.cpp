@@ -1,6 +1,7 @@
 #include "colorscheme/editor/VTColorSchemeEditor.h"
 #include "tests/stories/ManagerAtWork.h"
 #include "tests/support/SchemeSamples.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
@@ -227,5 +228,5 @@ void tst_dayInTheManager::discardedWorkLeavesEveryByteAsItWas()
     QVERIFY(everything() == filesBefore);
 }
 
-QTEST_MAIN(tst_dayInTheManager)
+VT_TEST_MAIN(tst_dayInTheManager)
 #include "tst_dayInTheManager.moc"

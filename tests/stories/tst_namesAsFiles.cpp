@@ -1,5 +1,6 @@
 #include "tests/stories/ManagerAtWork.h"
 #include "tests/support/SchemeSamples.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
@@ -154,5 +155,5 @@ void tst_namesAsFiles::ofTwoEqualNamesTheLaterRowIsInTheFile()
     QCOMPARE(dump(read), dump(group.schemes[2]));
 }
 
-QTEST_MAIN(tst_namesAsFiles)
+VT_TEST_MAIN(tst_namesAsFiles)
 #include "tst_namesAsFiles.moc"

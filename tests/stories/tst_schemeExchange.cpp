@@ -1,5 +1,6 @@
 #include "tests/stories/ManagerAtWork.h"
 #include "tests/support/SchemeSamples.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
@@ -78,5 +79,5 @@ void tst_schemeExchange::exportedSchemesOfEveryKindArriveUnchanged()
             dumpOfRecords(records->defaultTeam, expected, records->favoriteTeam));
 }
 
-QTEST_MAIN(tst_schemeExchange)
+VT_TEST_MAIN(tst_schemeExchange)
 #include "tst_schemeExchange.moc"

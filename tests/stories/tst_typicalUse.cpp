@@ -4,6 +4,7 @@
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "tests/stories/ManagerAtWork.h"
 #include "tests/support/SchemeSamples.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOPredefineColorRamp.h"
@@ -150,5 +151,5 @@ void tst_typicalUse::aSchemeIsMadeInTheEditorSavedAndPicked()
     QCOMPARE(dump(picked), dump(reef()));
 }
 
-QTEST_MAIN(tst_typicalUse)
+VT_TEST_MAIN(tst_typicalUse)
 #include "tst_typicalUse.moc"

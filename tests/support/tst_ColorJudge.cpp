@@ -1,4 +1,5 @@
 #include "tests/support/ColorJudge.h"
+#include "tests/support/TestMain.h"
 
 #include <QtTest>
 
@@ -148,5 +149,5 @@ void tst_ColorJudge::confusedColorsFallTogether()
     QVERIFY(apart(static_cast<ColorJudge::Vision>(vision)) * 2.0 < apart(ColorJudge::NormalVision));
 }
 
-QTEST_GUILESS_MAIN(tst_ColorJudge)
+VT_TEST_GUILESS_MAIN(tst_ColorJudge)
 #include "tst_ColorJudge.moc"

@@ -1,3 +1,4 @@
+#include "tests/support/TestMain.h"
 #include "vobase/VOString.h"
 
 #include <QObject>
@@ -295,5 +296,5 @@ void tst_VOString::selfAssignmentKeepsTheText()
     QVERIFY(text == L"kept");
 }
 
-QTEST_APPLESS_MAIN(tst_VOString)
+VT_TEST_APPLESS_MAIN(tst_VOString)
 #include "tst_VOString.moc"

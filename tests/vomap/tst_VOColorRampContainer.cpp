@@ -1,3 +1,4 @@
+#include "tests/support/TestMain.h"
 #include "tests/vomap/rampColors.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VOPredefineColorRamp.h"
@@ -154,5 +155,5 @@ void tst_VOColorRampContainer::everyKindTellsItsClass()
     QCOMPARE(int(VOColorRamp::PredefineRamp), 3);
 }
 
-QTEST_GUILESS_MAIN(tst_VOColorRampContainer)
+VT_TEST_GUILESS_MAIN(tst_VOColorRampContainer)
 #include "tst_VOColorRampContainer.moc"

@@ -1,4 +1,5 @@
 #include "tests/support/SchemeSamples.h"
+#include "tests/support/TestMain.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorScheme.h"
 #include "vomap/VOEvenColorRamp.h"
@@ -207,5 +208,5 @@ void tst_VOColorScheme::copiesCarryWhatALaterReleaseStored()
     QCOMPARE(*target.unknownFields, std::string("later"));
 }
 
-QTEST_APPLESS_MAIN(tst_VOColorScheme)
+VT_TEST_APPLESS_MAIN(tst_VOColorScheme)
 #include "tst_VOColorScheme.moc"

@@ -1,4 +1,5 @@
 #include "tests/support/SchemeSamples.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeGroup.h"
 
@@ -81,5 +82,5 @@ void tst_VOColorSchemeGroup::copiesAndMovesKeepEverySchemeInOrder()
     QCOMPARE(schemeNames(assigned), QStringList({"c", "a", "b"}));
 }
 
-QTEST_APPLESS_MAIN(tst_VOColorSchemeGroup)
+VT_TEST_APPLESS_MAIN(tst_VOColorSchemeGroup)
 #include "tst_VOColorSchemeGroup.moc"

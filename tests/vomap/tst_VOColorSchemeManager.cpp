@@ -1,4 +1,5 @@
 #include "tests/support/SchemeSamples.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
@@ -297,5 +298,5 @@ void tst_VOColorSchemeManager::deletedAndEditedBuiltInsStaySo()
     QCOMPARE(dump(team), before);
 }
 
-QTEST_GUILESS_MAIN(tst_VOColorSchemeManager)
+VT_TEST_GUILESS_MAIN(tst_VOColorSchemeManager)
 #include "tst_VOColorSchemeManager.moc"

@@ -1,4 +1,5 @@
 #include "tests/support/SchemeSamples.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeTeam.h"
 
@@ -60,5 +61,5 @@ void tst_VOColorSchemeTeam::copiesAreIndependent()
     QCOMPARE(dump(target), before);
 }
 
-QTEST_APPLESS_MAIN(tst_VOColorSchemeTeam)
+VT_TEST_APPLESS_MAIN(tst_VOColorSchemeTeam)
 #include "tst_VOColorSchemeTeam.moc"

@@ -1,3 +1,4 @@
+#include "tests/support/TestMain.h"
 #include "tests/vomap/rampColors.h"
 #include "vomap/VOEvenColorRamp.h"
 
@@ -390,5 +391,5 @@ void tst_VOEvenColorRamp::aCloneIsIndependent()
     QVERIFY(even->getSourceColor(1) == sources[1]);
 }
 
-QTEST_GUILESS_MAIN(tst_VOEvenColorRamp)
+VT_TEST_GUILESS_MAIN(tst_VOEvenColorRamp)
 #include "tst_VOEvenColorRamp.moc"

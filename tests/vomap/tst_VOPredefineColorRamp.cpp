@@ -1,3 +1,4 @@
+#include "tests/support/TestMain.h"
 #include "tests/vomap/rampColors.h"
 #include "vomap/VOPredefineColorRamp.h"
 
@@ -91,5 +92,5 @@ void tst_VOPredefineColorRamp::aCloneIsIndependent()
     QCOMPARE(predefined->getSourceColorCount(), 10U);
 }
 
-QTEST_GUILESS_MAIN(tst_VOPredefineColorRamp)
+VT_TEST_GUILESS_MAIN(tst_VOPredefineColorRamp)
 #include "tst_VOPredefineColorRamp.moc"

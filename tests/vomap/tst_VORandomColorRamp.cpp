@@ -1,3 +1,4 @@
+#include "tests/support/TestMain.h"
 #include "tests/vomap/rampColors.h"
 #include "vomap/VORandomColorRamp.h"
 
@@ -266,5 +267,5 @@ void tst_VORandomColorRamp::overwrittenColorsStayUntilTheNextSplit()
     QVERIFY(RampColors::of(ramp) == generated);
 }
 
-QTEST_GUILESS_MAIN(tst_VORandomColorRamp)
+VT_TEST_GUILESS_MAIN(tst_VORandomColorRamp)
 #include "tst_VORandomColorRamp.moc"

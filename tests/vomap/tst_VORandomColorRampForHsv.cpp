@@ -1,3 +1,4 @@
+#include "tests/support/TestMain.h"
 #include "tests/vomap/rampColors.h"
 #include "vomap/VORandomColorRampForHsv.h"
 
@@ -390,5 +391,5 @@ void tst_VORandomColorRampForHsv::aCloneIsIndependent()
     QCOMPARE(bounds, (Bounds{10, 20, 30, 40, 50, 60}));
 }
 
-QTEST_GUILESS_MAIN(tst_VORandomColorRampForHsv)
+VT_TEST_GUILESS_MAIN(tst_VORandomColorRampForHsv)
 #include "tst_VORandomColorRampForHsv.moc"

@@ -1,6 +1,7 @@
 #include "vtcontrolbase/VTColorMenu.h"
 
 #include "tests/support/ModalDriver.h"
+#include "tests/support/TestMain.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -629,5 +630,5 @@ void tst_VTColorMenu::theGridIsRichAndHasNoColorTwice()
     QVERIFY(colors.size() >= 64);
 }
 
-QTEST_MAIN(tst_VTColorMenu)
+VT_TEST_MAIN(tst_VTColorMenu)
 #include "tst_VTColorMenu.moc"

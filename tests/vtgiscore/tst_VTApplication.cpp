@@ -1,3 +1,4 @@
+#include "tests/support/TestMain.h"
 #include "vtgiscore/VTApplication.h"
 
 #include <QFileInfo>
@@ -34,5 +35,5 @@ void tst_VTApplication::anEmptyPathMeansTheDefaultPlaceAgain()
     QCOMPARE(VTApplication::vtgisSettingsFilePath(), defaultPlace);
 }
 
-QTEST_GUILESS_MAIN(tst_VTApplication)
+VT_TEST_GUILESS_MAIN(tst_VTApplication)
 #include "tst_VTApplication.moc"

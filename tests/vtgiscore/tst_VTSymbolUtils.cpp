@@ -1,3 +1,4 @@
+#include "tests/support/TestMain.h"
 #include "vtgiscore/VTSymbolUtils.h"
 
 #include <QImage>
@@ -94,5 +95,5 @@ void tst_VTSymbolUtils::anEmptySwatchIsNull()
     QVERIFY(VTSymbolUtils::createColorPixmap(QSize(20, -1), Qt::red).isNull());
 }
 
-QTEST_MAIN(tst_VTSymbolUtils)
+VT_TEST_MAIN(tst_VTSymbolUtils)
 #include "tst_VTSymbolUtils.moc"

@@ -1,3 +1,5 @@
+#include "tests/support/TestMain.h"
+
 #include <QColor>
 #include <QDir>
 #include <QFile>
@@ -138,5 +140,5 @@ void tst_mapviewer::anUnwritableFolderIsAFailure()
     QVERIFY2(outcome.errors.contains("cannot be written"), qPrintable(outcome.errors));
 }
 
-QTEST_GUILESS_MAIN(tst_mapviewer)
+VT_TEST_GUILESS_MAIN(tst_mapviewer)
 #include "tst_mapviewer.moc"

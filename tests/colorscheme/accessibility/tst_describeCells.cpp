@@ -1,4 +1,5 @@
 #include "colorscheme/accessibility/describeCells_p.h"
+#include "tests/support/TestMain.h"
 
 #include <QAccessible>
 #include <QHeaderView>
@@ -285,5 +286,5 @@ void tst_describeCells::placesOutsideTheTableHaveNoCells()
         QVERIFY(!table.cell(row, column));
 }
 
-QTEST_MAIN(tst_describeCells)
+VT_TEST_MAIN(tst_describeCells)
 #include "tst_describeCells.moc"

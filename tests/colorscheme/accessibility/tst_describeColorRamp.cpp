@@ -1,5 +1,6 @@
 #include "colorscheme/accessibility/describeColorRamp_p.h"
 #include "colorscheme/model/defaultColorRamp_p.h"
+#include "tests/support/TestMain.h"
 #include "vomap/VOEvenColorRamp.h"
 
 #include <QColor>
@@ -104,5 +105,5 @@ void tst_describeColorRamp::nullRampHasNoColors()
     QCOMPARE(describeColorRamp(nullptr), QStringLiteral("No colors"));
 }
 
-QTEST_GUILESS_MAIN(tst_describeColorRamp)
+VT_TEST_GUILESS_MAIN(tst_describeColorRamp)
 #include "tst_describeColorRamp.moc"

@@ -1,5 +1,6 @@
 #include "colorscheme/editor/ColorRowDelegate_p.h"
 #include "colorscheme/editor/VTColorModel.h"
+#include "tests/support/TestMain.h"
 
 #include <QHeaderView>
 #include <QTableView>
@@ -72,5 +73,5 @@ void tst_ColorRowDelegate::aNumberFitsItsColumn()
     QCOMPARE(option.font.pointSizeF() < former.pointSizeF(), shrunk);
 }
 
-QTEST_MAIN(tst_ColorRowDelegate)
+VT_TEST_MAIN(tst_ColorRowDelegate)
 #include "tst_ColorRowDelegate.moc"

@@ -1,4 +1,5 @@
 #include "colorscheme/editor/VTColorModel.h"
+#include "tests/support/TestMain.h"
 #include "vtgiscore/VTSymbolUtils.h"
 
 #include <QPixmap>
@@ -167,5 +168,5 @@ void tst_VTColorModel::settingItsOwnColorsKeepsThem()
     QCOMPARE(model.colors, threeColors);
 }
 
-QTEST_MAIN(tst_VTColorModel)
+VT_TEST_MAIN(tst_VTColorModel)
 #include "tst_VTColorModel.moc"

@@ -3,6 +3,7 @@
 #include "colorscheme/accessibility/describeColorRamp_p.h"
 #include "colorscheme/manager/VTLineEditWidget.h"
 #include "colorscheme/model/defaultColorRamp_p.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VORandomColorRampForHsv.h"
@@ -922,5 +923,5 @@ void tst_VTColorSchemeEditor::itGoesAwayWithASelection()
     QCOMPARE(group.schemes.size(), std::size_t(1));
 }
 
-QTEST_MAIN(tst_VTColorSchemeEditor)
+VT_TEST_MAIN(tst_VTColorSchemeEditor)
 #include "tst_VTColorSchemeEditor.moc"

@@ -1,6 +1,7 @@
 #include "tests/colorscheme/editor/EditorUnderTest.h"
 #include "tests/support/ModalDriver.h"
 #include "tests/support/RealInput.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
@@ -337,5 +338,5 @@ void tst_VTColorSchemeEditorWindow::aFileIsLoaded()
     QCOMPARE(test.colors().size(), 3);
 }
 
-QTEST_MAIN(tst_VTColorSchemeEditorWindow)
+VT_TEST_MAIN(tst_VTColorSchemeEditorWindow)
 #include "tst_VTColorSchemeEditorWindow.moc"

@@ -1,6 +1,7 @@
 #include "tests/colorscheme/editor/EditorUnderTest.h"
 
 #include "tests/support/ModalDriver.h"
+#include "tests/support/TestMain.h"
 #include "vtcontrolbase/VTColorMenu.h"
 
 #include <QPaintEvent>
@@ -748,5 +749,5 @@ void tst_VTColorSchemeEditor_colors::longListsStayFluid()
     QCOMPARE(test.model()->rowCount(), 0);
 }
 
-QTEST_MAIN(tst_VTColorSchemeEditor_colors)
+VT_TEST_MAIN(tst_VTColorSchemeEditor_colors)
 #include "tst_VTColorSchemeEditor_colors.moc"

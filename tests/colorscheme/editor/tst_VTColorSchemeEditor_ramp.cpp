@@ -2,6 +2,7 @@
 
 #include "colorscheme/model/colorConversion.h"
 #include "tests/support/ModalDriver.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOEvenColorRamp.h"
@@ -774,5 +775,5 @@ void tst_VTColorSchemeEditor_ramp::loadingWritesNoSetting()
     QCOMPARE(content(), before);
 }
 
-QTEST_MAIN(tst_VTColorSchemeEditor_ramp)
+VT_TEST_MAIN(tst_VTColorSchemeEditor_ramp)
 #include "tst_VTColorSchemeEditor_ramp.moc"

@@ -1,5 +1,6 @@
 #include "tests/colorscheme/editor/EditorUnderTest.h"
 #include "tests/support/ModalDriver.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOEvenColorRamp.h"
@@ -300,5 +301,5 @@ void tst_editorSequences::everyStepKeepsListAndPreviewRight()
     }
 }
 
-QTEST_MAIN(tst_editorSequences)
+VT_TEST_MAIN(tst_editorSequences)
 #include "tst_editorSequences.moc"

@@ -1,4 +1,5 @@
 #include "colorscheme/model/GeneratedName_p.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 
 #include <QtTest>
@@ -67,5 +68,5 @@ void tst_GeneratedName::aNewSchemeIsNumberedAmongTheGroupsSchemes()
              QStringLiteral("add_scheme8"));
 }
 
-QTEST_GUILESS_MAIN(tst_GeneratedName)
+VT_TEST_GUILESS_MAIN(tst_GeneratedName)
 #include "tst_GeneratedName.moc"

@@ -1,4 +1,5 @@
 #include "colorscheme/model/colorRampPreviewPixmap.h"
+#include "tests/support/TestMain.h"
 
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOEvenColorRamp.h"
@@ -370,5 +371,5 @@ void tst_colorRampPreviewPixmap::theRampIsOnlyRead()
     }
 }
 
-QTEST_MAIN(tst_colorRampPreviewPixmap)
+VT_TEST_MAIN(tst_colorRampPreviewPixmap)
 #include "tst_colorRampPreviewPixmap.moc"

@@ -1,4 +1,5 @@
 #include "colorscheme/model/lastOpenFilePath_p.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vtgiscore/VTApplication.h"
 
@@ -58,5 +59,5 @@ void tst_lastOpenFilePath::withoutTheSettingItIsEmptyAndNothingIsWritten()
     QVERIFY(!QFileInfo::exists(VTApplication::vtgisSettingsFilePath()));
 }
 
-QTEST_GUILESS_MAIN(tst_lastOpenFilePath)
+VT_TEST_GUILESS_MAIN(tst_lastOpenFilePath)
 #include "tst_lastOpenFilePath.moc"

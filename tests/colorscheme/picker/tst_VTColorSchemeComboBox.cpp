@@ -3,6 +3,7 @@
 #include "colorscheme/model/colorRampPreviewPixmap.h"
 #include "colorscheme/picker/defaultGroupCaptions_p.h"
 #include "tests/support/ModalDriver.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOEvenColorRamp.h"
@@ -804,5 +805,5 @@ void tst_VTColorSchemeComboBox::theArrowPointsDownAndTheSeparatorIsEtched()
     QVERIFY(image.pixelColor(144, 12) != black);
 }
 
-QTEST_MAIN(tst_VTColorSchemeComboBox)
+VT_TEST_MAIN(tst_VTColorSchemeComboBox)
 #include "tst_VTColorSchemeComboBox.moc"

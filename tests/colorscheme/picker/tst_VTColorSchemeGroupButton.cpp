@@ -1,6 +1,7 @@
 #include "colorscheme/picker/VTColorSchemeGroupButton.h"
 #include "colorscheme/picker/VTColorSchemeGroupMenu.h"
 #include "tests/support/ModalDriver.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 
 #include <QtTest>
@@ -81,5 +82,5 @@ void tst_VTColorSchemeGroupButton::ampersandIsShown()
     QVERIFY(one != button.grab().toImage());
 }
 
-QTEST_MAIN(tst_VTColorSchemeGroupButton)
+VT_TEST_MAIN(tst_VTColorSchemeGroupButton)
 #include "tst_VTColorSchemeGroupButton.moc"

@@ -3,6 +3,7 @@
 #include "colorscheme/picker/VTColorSchemeGroupMenu.h"
 #include "colorscheme/picker/defaultGroupCaptions_p.h"
 #include "tests/support/ModalDriver.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 
@@ -452,5 +453,5 @@ void tst_VTColorSchemeGroupMenu::longAndOddNamesAreShown()
     QVERIFY(odd->sizeHint().width() > plain->sizeHint().width());
 }
 
-QTEST_MAIN(tst_VTColorSchemeGroupMenu)
+VT_TEST_MAIN(tst_VTColorSchemeGroupMenu)
 #include "tst_VTColorSchemeGroupMenu.moc"

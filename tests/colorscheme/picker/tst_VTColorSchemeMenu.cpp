@@ -1,6 +1,7 @@
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "tests/colorscheme/picker/DropDown.h"
 #include "tests/support/ModalDriver.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
@@ -680,5 +681,5 @@ void tst_VTColorSchemeMenu::groupWithoutSchemesEmptiesTheList()
     QCOMPARE(parts.area->widget(), nullptr);
 }
 
-QTEST_MAIN(tst_VTColorSchemeMenu)
+VT_TEST_MAIN(tst_VTColorSchemeMenu)
 #include "tst_VTColorSchemeMenu.moc"

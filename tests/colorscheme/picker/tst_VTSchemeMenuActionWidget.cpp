@@ -1,4 +1,5 @@
 #include "colorscheme/picker/VTSchemeMenuActionWidget.h"
+#include "tests/support/TestMain.h"
 
 #include <QBoxLayout>
 #include <QLabel>
@@ -154,5 +155,5 @@ void tst_VTSchemeMenuActionWidget::nameStaysDarkInADarkTheme()
     QCOMPARE(label->palette().color(QPalette::WindowText), QColor(Qt::black));
 }
 
-QTEST_MAIN(tst_VTSchemeMenuActionWidget)
+VT_TEST_MAIN(tst_VTSchemeMenuActionWidget)
 #include "tst_VTSchemeMenuActionWidget.moc"

@@ -2,6 +2,7 @@
 #include "colorscheme/picker/VTColorSchemeGroupMenu.h"
 #include "tests/colorscheme/picker/DropDown.h"
 #include "tests/support/ModalDriver.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 
@@ -440,5 +441,5 @@ void tst_dropDownKeyboard::groupChangeForgetsTheCurrentEntry()
     QCOMPARE(changed.count(), 0);
 }
 
-QTEST_MAIN(tst_dropDownKeyboard)
+VT_TEST_MAIN(tst_dropDownKeyboard)
 #include "tst_dropDownKeyboard.moc"

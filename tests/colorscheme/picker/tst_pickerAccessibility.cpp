@@ -1,6 +1,7 @@
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "colorscheme/picker/VTColorSchemeGroupMenu.h"
 #include "tests/colorscheme/picker/DropDown.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
@@ -173,5 +174,5 @@ void tst_pickerAccessibility::currentEntryIsFocusedAndSelected()
     menu.close();
 }
 
-QTEST_MAIN(tst_pickerAccessibility)
+VT_TEST_MAIN(tst_pickerAccessibility)
 #include "tst_pickerAccessibility.moc"

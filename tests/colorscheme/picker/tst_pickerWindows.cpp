@@ -4,6 +4,7 @@
 #include "tests/colorscheme/picker/DropDown.h"
 #include "tests/support/ModalDriver.h"
 #include "tests/support/RealInput.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
@@ -507,5 +508,5 @@ void tst_pickerWindows::pickerWithoutAParent()
     QCOMPARE(single.currentColorRamp()->getLevel(), 3U);
 }
 
-QTEST_MAIN(tst_pickerWindows)
+VT_TEST_MAIN(tst_pickerWindows)
 #include "tst_pickerWindows.moc"

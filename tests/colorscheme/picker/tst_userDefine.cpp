@@ -3,6 +3,7 @@
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "tests/colorscheme/picker/DropDown.h"
 #include "tests/support/ModalDriver.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
@@ -318,5 +319,5 @@ void tst_userDefine::dropDownOutlivesItsClosing()
     QVERIFY(!dropDown);
 }
 
-QTEST_MAIN(tst_userDefine)
+VT_TEST_MAIN(tst_userDefine)
 #include "tst_userDefine.moc"

@@ -1,3 +1,4 @@
+#include "tests/support/TestMain.h"
 #include "vobase/VOString.h"
 #include "vomap/files/fileSystem_p.h"
 
@@ -176,5 +177,5 @@ void tst_fileSystemPortable::namesAreUtf8()
     QCOMPARE(nativePath(VOString(std::wstring(1, wchar_t(0xD800)))), std::string());
 }
 
-QTEST_GUILESS_MAIN(tst_fileSystemPortable)
+VT_TEST_GUILESS_MAIN(tst_fileSystemPortable)
 #include "tst_fileSystemPortable.moc"

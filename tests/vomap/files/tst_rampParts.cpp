@@ -1,4 +1,5 @@
 #include "tests/support/SchemeSamples.h"
+#include "tests/support/TestMain.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/files/RampParts_p.h"
 
@@ -84,5 +85,5 @@ void tst_rampParts::componentsAreFiniteAndFrom0To255()
     }
 }
 
-QTEST_APPLESS_MAIN(tst_rampParts)
+VT_TEST_APPLESS_MAIN(tst_rampParts)
 #include "tst_rampParts.moc"

@@ -1,3 +1,4 @@
+#include "tests/support/TestMain.h"
 #include "vomap/VOStringConversion.h"
 #include "vomap/safeFileName.h"
 
@@ -121,5 +122,5 @@ void tst_safeFileName::longNamesFitIntoAFileSystem()
     QVERIFY(safeFileName(toVOString(name + "y")) != safeFileName(toVOString(name)));
 }
 
-QTEST_APPLESS_MAIN(tst_safeFileName)
+VT_TEST_APPLESS_MAIN(tst_safeFileName)
 #include "tst_safeFileName.moc"

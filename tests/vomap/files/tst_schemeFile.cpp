@@ -1,4 +1,5 @@
 #include "tests/support/SchemeSamples.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOEvenColorRamp.h"
@@ -643,5 +644,5 @@ void tst_schemeFile::unusualFileNamesWork()
     QCOMPARE(filesThere(), QStringList({name}));
 }
 
-QTEST_GUILESS_MAIN(tst_schemeFile)
+VT_TEST_GUILESS_MAIN(tst_schemeFile)
 #include "tst_schemeFile.moc"

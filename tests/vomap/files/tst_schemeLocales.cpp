@@ -1,5 +1,6 @@
 #include "tests/support/ChildProcess.h"
 #include "tests/support/SchemeSamples.h"
+#include "tests/support/TestMain.h"
 #include "vomap/files/TeamFile_p.h"
 #include "vomap/files/schemeText_p.h"
 
@@ -147,5 +148,5 @@ void tst_schemeLocales::everyLocaleWritesTheSameBytes()
     QVERIFY(texts[0] == texts[2]);
 }
 
-QTEST_APPLESS_MAIN(tst_schemeLocales)
+VT_TEST_APPLESS_MAIN(tst_schemeLocales)
 #include "tst_schemeLocales.moc"

@@ -1,4 +1,5 @@
 #include "tests/support/SchemeSamples.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/files/TeamFile_p.h"
@@ -408,5 +409,5 @@ void tst_teamFile::aNewerSchemaIsReadAndKnownAsSuch()
     QVERIFY(!isWhole(bytes));
 }
 
-QTEST_APPLESS_MAIN(tst_teamFile)
+VT_TEST_APPLESS_MAIN(tst_teamFile)
 #include "tst_teamFile.moc"

@@ -1,3 +1,4 @@
+#include "tests/support/TestMain.h"
 #include "vomap/files/xxHash64_p.h"
 
 #include <QObject>
@@ -59,5 +60,5 @@ void tst_xxHash64::noticesEverySingleBit()
     QCOMPARE(quint64(xxHash64(bytes)), before);
 }
 
-QTEST_APPLESS_MAIN(tst_xxHash64)
+VT_TEST_APPLESS_MAIN(tst_xxHash64)
 #include "tst_xxHash64.moc"

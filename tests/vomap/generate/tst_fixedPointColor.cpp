@@ -1,6 +1,7 @@
 #include "vomap/generate/fixedPointColor_p.h"
 
 #include "tests/support/ColorJudge.h"
+#include "tests/support/TestMain.h"
 #include "vomap/generate/randomBits_p.h"
 
 #include <QtTest>
@@ -162,5 +163,5 @@ void tst_fixedPointColor::shufflingMeetsEveryNumberOnce()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_fixedPointColor)
+VT_TEST_GUILESS_MAIN(tst_fixedPointColor)
 #include "tst_fixedPointColor.moc"

@@ -1,5 +1,6 @@
 #include "tests/vomap/generate/goldenColors.h"
 
+#include "tests/support/TestMain.h"
 #include "tests/vomap/rampColors.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VORandomColorRampForHsv.h"
@@ -49,5 +50,5 @@ void tst_goldenColors::theRampsGenerateTheGoldenColors()
     QCOMPARE(found, all ? GoldenColors::hashOfAllSeeds : GoldenColors::hashOfFewSeeds);
 }
 
-QTEST_GUILESS_MAIN(tst_goldenColors)
+VT_TEST_GUILESS_MAIN(tst_goldenColors)
 #include "tst_goldenColors.moc"

@@ -1,5 +1,6 @@
 #include "tests/support/ChildProcess.h"
 #include "tests/support/SchemeSamples.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "tests/support/faultShim.h"
 #include "tests/vomap/store/StoreFixture.h"
@@ -425,5 +426,5 @@ void tst_storeDamage::unknownFieldsSurviveLoadEditAndSave()
     QCOMPARE(*manager().customTeam.groups[0].schemes[1].unknownFields, field);
 }
 
-QTEST_GUILESS_MAIN(tst_storeDamage)
+VT_TEST_GUILESS_MAIN(tst_storeDamage)
 #include "tst_storeDamage.moc"

@@ -1,4 +1,5 @@
 #include "tests/support/ChildProcess.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "tests/support/faultShim.h"
 #include "tests/vomap/store/StoreFixture.h"
@@ -328,5 +329,5 @@ void tst_storeFaults::aFailingReadIsNoDamage()
     QCOMPARE(StoreFixture::customAuthor(), QString("3"));
 }
 
-QTEST_GUILESS_MAIN(tst_storeFaults)
+VT_TEST_GUILESS_MAIN(tst_storeFaults)
 #include "tst_storeFaults.moc"

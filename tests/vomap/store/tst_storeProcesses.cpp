@@ -1,4 +1,5 @@
 #include "tests/support/ChildProcess.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "tests/vomap/store/StoreFixture.h"
 #include "vomap/VOColorSchemeManager.h"
@@ -241,5 +242,5 @@ void tst_storeProcesses::theContentOfTheLockFileDoesNotMatter()
     QVERIFY(time.elapsed() < 500);
 }
 
-QTEST_GUILESS_MAIN(tst_storeProcesses)
+VT_TEST_GUILESS_MAIN(tst_storeProcesses)
 #include "tst_storeProcesses.moc"

@@ -1,4 +1,5 @@
 #include "tests/support/SchemeSamples.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOStringConversion.h"
@@ -276,5 +277,5 @@ void tst_teamMerge::anOlderReleaseDoesNotForgetWhatIsNewInANewer()
     QCOMPARE(content(stored.team), QStringList({"a"}));
 }
 
-QTEST_APPLESS_MAIN(tst_teamMerge)
+VT_TEST_APPLESS_MAIN(tst_teamMerge)
 #include "tst_teamMerge.moc"

@@ -1,4 +1,5 @@
 #include "apps/mapviewer/layers/AsciiGridReader.h"
+#include "tests/support/TestMain.h"
 
 #include <QtTest>
 
@@ -202,5 +203,5 @@ void tst_AsciiGridReader::valueAtCoversWholeCells()
     QVERIFY(std::isnan(grid->valueAt({12.0, 19.9})));
 }
 
-QTEST_APPLESS_MAIN(tst_AsciiGridReader)
+VT_TEST_APPLESS_MAIN(tst_AsciiGridReader)
 #include "tst_AsciiGridReader.moc"

@@ -1,4 +1,5 @@
 #include "apps/mapviewer/layers/Classification.h"
+#include "tests/support/TestMain.h"
 
 #include <QtTest>
 
@@ -145,5 +146,5 @@ void tst_Classification::unknownAndInvalidValuesHaveNoClass()
     QCOMPARE(UniqueValues().count(), 0);
 }
 
-QTEST_APPLESS_MAIN(tst_Classification)
+VT_TEST_APPLESS_MAIN(tst_Classification)
 #include "tst_Classification.moc"

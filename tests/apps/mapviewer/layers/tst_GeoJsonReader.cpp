@@ -1,4 +1,5 @@
 #include "apps/mapviewer/layers/GeoJsonReader.h"
+#include "tests/support/TestMain.h"
 
 #include "apps/mapviewer/layers/JsonLocator.h"
 
@@ -230,5 +231,5 @@ void tst_GeoJsonReader::locatorSkipsBracketsInTexts()
     QCOMPARE(JsonLocator(text).lineOf({{"b", -1}}), 3);
 }
 
-QTEST_APPLESS_MAIN(tst_GeoJsonReader)
+VT_TEST_APPLESS_MAIN(tst_GeoJsonReader)
 #include "tst_GeoJsonReader.moc"

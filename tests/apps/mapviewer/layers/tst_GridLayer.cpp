@@ -1,4 +1,5 @@
 #include "tests/apps/mapviewer/layers/mapFixtures.h"
+#include "tests/support/TestMain.h"
 
 #include "apps/mapviewer/layers/GridLayer.h"
 #include "apps/mapviewer/layers/RampColors.h"
@@ -326,5 +327,5 @@ void tst_GridLayer::gapsKeepTheEdgesOfTheirCells()
     QVERIFY(image.pixel(201, 50) != empty);
 }
 
-QTEST_GUILESS_MAIN(tst_GridLayer)
+VT_TEST_GUILESS_MAIN(tst_GridLayer)
 #include "tst_GridLayer.moc"

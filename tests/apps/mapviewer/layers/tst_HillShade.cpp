@@ -1,4 +1,5 @@
 #include "apps/mapviewer/layers/HillShade.h"
+#include "tests/support/TestMain.h"
 
 #include <QtTest>
 
@@ -158,5 +159,5 @@ void tst_HillShade::exaggerationStaysWithinItsLimits()
     QCOMPARE(readableExaggeration(grid3x3({0, 1, 2, 0, 1, 2, 0, 1, 2}), {1e6, 1e6}), 20.0);
 }
 
-QTEST_APPLESS_MAIN(tst_HillShade)
+VT_TEST_APPLESS_MAIN(tst_HillShade)
 #include "tst_HillShade.moc"

@@ -1,4 +1,5 @@
 #include "apps/mapviewer/layers/MapView.h"
+#include "tests/support/TestMain.h"
 
 #include <QtTest>
 
@@ -104,5 +105,5 @@ void tst_MapView::anotherTargetKeepsCenterAndScale()
     QCOMPARE(view.toScreen(QPointF(50, 50)), QPointF(200, 150));
 }
 
-QTEST_APPLESS_MAIN(tst_MapView)
+VT_TEST_APPLESS_MAIN(tst_MapView)
 #include "tst_MapView.moc"

@@ -1,5 +1,7 @@
 #include "apps/mapviewer/layers/NumberText.h"
 
+#include "tests/support/TestMain.h"
+
 #include <QtTest>
 
 #include <algorithm>
@@ -88,5 +90,5 @@ void tst_NumberText::stepsBetweenHugeNumbersEnd()
     QVERIFY(found.first() >= huge && found.last() <= huge + 4.0);
 }
 
-QTEST_APPLESS_MAIN(tst_NumberText)
+VT_TEST_APPLESS_MAIN(tst_NumberText)
 #include "tst_NumberText.moc"

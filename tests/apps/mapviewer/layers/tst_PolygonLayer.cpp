@@ -1,4 +1,5 @@
 #include "tests/apps/mapviewer/layers/mapFixtures.h"
+#include "tests/support/TestMain.h"
 
 #include "apps/mapviewer/layers/PolygonLayer.h"
 #include "apps/mapviewer/layers/RampColors.h"
@@ -192,5 +193,5 @@ void tst_PolygonLayer::aFileWithoutAttributesIsGray()
     QCOMPARE(layer.identify({0.5, 0.5}).text, QString("no value"));
 }
 
-QTEST_GUILESS_MAIN(tst_PolygonLayer)
+VT_TEST_GUILESS_MAIN(tst_PolygonLayer)
 #include "tst_PolygonLayer.moc"

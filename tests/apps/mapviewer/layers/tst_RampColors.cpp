@@ -1,4 +1,5 @@
 #include "tests/apps/mapviewer/layers/mapFixtures.h"
+#include "tests/support/TestMain.h"
 
 #include "apps/mapviewer/layers/RampColors.h"
 
@@ -113,5 +114,5 @@ void tst_RampColors::colorAlongMixesNeighbors()
     QCOMPARE(colorAlong({red}, 0.7), red);
 }
 
-QTEST_APPLESS_MAIN(tst_RampColors)
+VT_TEST_APPLESS_MAIN(tst_RampColors)
 #include "tst_RampColors.moc"

@@ -1,4 +1,5 @@
 #include "apps/mapviewer/map/ColorVision.h"
+#include "tests/support/TestMain.h"
 
 #include <QtTest>
 
@@ -106,5 +107,5 @@ void tst_ColorVision::imagesAreTranslatedPixelByPixel()
     QCOMPARE(seen.pixel(2, 0), qRgb(255, 255, 255));
 }
 
-QTEST_APPLESS_MAIN(tst_ColorVision)
+VT_TEST_APPLESS_MAIN(tst_ColorVision)
 #include "tst_ColorVision.moc"

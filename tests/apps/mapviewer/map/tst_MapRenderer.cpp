@@ -1,4 +1,5 @@
 #include "tests/apps/mapviewer/layers/mapFixtures.h"
+#include "tests/support/TestMain.h"
 
 #include "apps/mapviewer/layers/GridLayer.h"
 #include "apps/mapviewer/layers/PolygonLayer.h"
@@ -295,5 +296,5 @@ void tst_MapRenderer::legendHeightFollowsItsContent()
              drawLegend(nullptr, {}, 200, legend, legendStyle));
 }
 
-QTEST_MAIN(tst_MapRenderer)
+VT_TEST_MAIN(tst_MapRenderer)
 #include "tst_MapRenderer.moc"

@@ -1,3 +1,4 @@
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 
 #include "apps/mapviewer/schemes/SchemeChoice.h"
@@ -131,5 +132,5 @@ void tst_SchemeChoice::theFirstKnownNameIsPreferred()
     QVERIFY(!builtInScheme("Graph", {"x"}));
 }
 
-QTEST_GUILESS_MAIN(tst_SchemeChoice)
+VT_TEST_GUILESS_MAIN(tst_SchemeChoice)
 #include "tst_SchemeChoice.moc"

@@ -1,3 +1,4 @@
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 
 #include "apps/mapviewer/schemes/SchemeCopy.h"
@@ -124,5 +125,5 @@ void tst_SchemeCopy::discardLeavesWhatWasThere()
     QCOMPARE(schemeNames(custom().groups[0]), QStringList({"a"}));
 }
 
-QTEST_GUILESS_MAIN(tst_SchemeCopy)
+VT_TEST_GUILESS_MAIN(tst_SchemeCopy)
 #include "tst_SchemeCopy.moc"

@@ -1,6 +1,7 @@
 #include "tests/apps/mapviewer/window/MapWindowTest.h"
 
 #include "tests/support/ModalDriver.h"
+#include "tests/support/TestMain.h"
 
 #include "apps/mapviewer/layers/GridLayer.h"
 #include "apps/mapviewer/layers/PolygonLayer.h"
@@ -305,5 +306,5 @@ void tst_MapWindow::theHintStaysClosed()
     QVERIFY(!window->findChild<QWidget *>("hint"));
 }
 
-QTEST_MAIN(tst_MapWindow)
+VT_TEST_MAIN(tst_MapWindow)
 #include "tst_MapWindow.moc"

@@ -1,6 +1,7 @@
 #include "tests/apps/mapviewer/window/MapWindowTest.h"
 
 #include "tests/support/ModalDriver.h"
+#include "tests/support/TestMain.h"
 
 #include "apps/mapviewer/layers/RampColors.h"
 #include "apps/mapviewer/window/AppSettings.h"
@@ -273,5 +274,5 @@ void tst_mapWindowSchemes::editingTheUsersOwnSchemeChangesIt()
     QCOMPARE(card("Countries")->currentScheme()->scheme, QString("two"));
 }
 
-QTEST_MAIN(tst_mapWindowSchemes)
+VT_TEST_MAIN(tst_mapWindowSchemes)
 #include "tst_mapWindowSchemes.moc"
