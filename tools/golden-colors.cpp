@@ -1,6 +1,6 @@
 // Prints the golden hash of the colour generators and leaves with 1 where it is another than the
 // tests know. tools/check-golden-colors compiles this with several compilers and flags.
-#include "tests/vomap/generate/goldenColors.h"
+#include "tests/support/goldenColors.h"
 #include "vomap/generate/evenColors_p.h"
 #include "vomap/generate/hsvColors_p.h"
 #include "vomap/generate/randomColors_p.h"

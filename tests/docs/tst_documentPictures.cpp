@@ -1,4 +1,5 @@
 #include "colorscheme/model/colorConversion.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
@@ -101,5 +102,5 @@ void tst_documentPictures::aStripShowsEveryColorOfItsScheme()
     }
 }
 
-QTEST_MAIN(tst_documentPictures)
+VT_TEST_MAIN(tst_documentPictures)
 #include "tst_documentPictures.moc"

@@ -13,14 +13,13 @@
 #include "examples/edit.cpp"
 #undef main
 
+#include "tests/support/ModalDriver.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 
 #include <QPushButton>
-#include <QTimer>
 #include <QtTest>
 
-#include <functional>
 #include <memory>
 
 namespace {
@@ -28,30 +27,27 @@ namespace {
 using Main = int (*)(int, char **);
 
 /// What to do with the first window that an example shows.
-std::function<void(QWidget *)> onWindow;
+ModalDriver::Handler onWindow;
+bool wasSeen = false;
 
-void waitForWindow()
+/// Each example makes an application of its own; the driver goes with that.
+void startDriver()
 {
-    for (QWidget *window : QApplication::topLevelWidgets()) {
-        if (window->isVisible()) {
-            onWindow(window);
-            return;
-        }
-    }
-    QTimer::singleShot(5, qApp, waitForWindow);
+    auto *driver = new ModalDriver(ModalDriver::Unhurried, ModalDriver::AnyWindow, qApp);
+    driver->next([](QWidget *window) {
+        wasSeen = true;
+        onWindow(window);
+    });
 }
 
-void startWaiting()
-{
-    QTimer::singleShot(0, qApp, waitForWindow);
-}
-
-int run(Main example, const std::function<void(QWidget *)> &handler)
+int run(Main example, const ModalDriver::Handler &handler)
 {
     onWindow = handler;
+    wasSeen = false;
     char name[] = "example";
     char *arguments[] = {name, nullptr};
-    return example(1, arguments);
+    const int status = example(1, arguments);
+    return wasSeen ? status : -1;
 }
 
 void press(QWidget *window, const char *button)
@@ -61,7 +57,7 @@ void press(QWidget *window, const char *button)
 
 } // namespace
 
-Q_COREAPP_STARTUP_FUNCTION(startWaiting)
+Q_COREAPP_STARTUP_FUNCTION(startDriver)
 
 class tst_examples : public QObject
 {

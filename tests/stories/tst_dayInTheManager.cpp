@@ -1,8 +1,9 @@
 #include "colorscheme/editor/VTColorSchemeEditor.h"
-#include "tests/stories/ManagerAtWork.h"
+#include "tests/support/ManagerAtWork.h"
 #include "tests/support/SchemeSamples.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
+#include "tests/support/windowsLeft.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 #include "vtgiscore/VTApplication.h"
@@ -81,8 +82,7 @@ void tst_dayInTheManager::init()
 void tst_dayInTheManager::cleanup()
 {
     store.reset();
-    for (const QWidget *widget : QApplication::topLevelWidgets())
-        QVERIFY2(widget->windowType() == Qt::Desktop, widget->metaObject()->className());
+    QCOMPARE(windowsLeft(), QStringList());
 }
 
 QString tst_dayInTheManager::writeFile(const QString &file, const VOColorScheme &scheme)
@@ -183,8 +183,8 @@ void tst_dayInTheManager::savedWorkIsExactlyWhatAnotherProcessFinds()
     const QByteArray expected = dumpOfRecords(defaults, customs, favorites);
     QCOMPARE(dump(VOColorSchemeManager::instance()->customTeam), dump(customs));
     QCOMPARE(dump(VOColorSchemeManager::instance()->favoriteTeam), dump(favorites));
-    QVERIFY(dumpOfRecords() == expected);
-    QVERIFY(dumpByAnotherProcess(store->storeDirectory()) == expected);
+    QCOMPARE(dumpOfRecords(), expected);
+    QCOMPARE(dumpByAnotherProcess(store->storeDirectory()), expected);
 }
 
 void tst_dayInTheManager::discardedWorkLeavesEveryByteAsItWas_data()
@@ -220,12 +220,12 @@ void tst_dayInTheManager::discardedWorkLeavesEveryByteAsItWas()
         QVERIFY(!work.manager.isVisible());
         QCOMPARE(work.manager.result(), int(way == 3 ? QDialog::Accepted : QDialog::Rejected));
     }
-    QVERIFY(dumpOfRecords() == before);
-    QVERIFY(dumpByAnotherProcess(store->storeDirectory()) == before);
+    QCOMPARE(dumpOfRecords(), before);
+    QCOMPARE(dumpByAnotherProcess(store->storeDirectory()), before);
     // What was exported is out of the manager's hands, and the files to import lie beside it.
     expectExportedFiles();
     QVERIFY(QDir(store->path()).removeRecursively());
-    QVERIFY(everything() == filesBefore);
+    QCOMPARE(everything(), filesBefore);
 }
 
 VT_TEST_MAIN(tst_dayInTheManager)

@@ -1,4 +1,4 @@
-#include "tests/stories/ManagerAtWork.h"
+#include "tests/support/ManagerAtWork.h"
 #include "tests/support/SchemeSamples.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
@@ -54,7 +54,7 @@ void tst_namesAsFiles::exportRows(const QVector<int> &rows)
     // Nothing of the manager has changed: OK asks nothing.
     QCOMPARE(dump(work.user.model->group()), shown);
     work.finish(work.user.ok);
-    QVERIFY(dumpOfRecords() == before);
+    QCOMPARE(dumpOfRecords(), before);
 }
 
 void tst_namesAsFiles::filesStayInTheChosenFolderAndKeepTheNamesOfTheirSchemes()

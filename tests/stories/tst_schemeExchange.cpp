@@ -1,4 +1,4 @@
-#include "tests/stories/ManagerAtWork.h"
+#include "tests/support/ManagerAtWork.h"
 #include "tests/support/SchemeSamples.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"

@@ -2,7 +2,7 @@
 #include "colorscheme/editor/VTColorSchemeEditor.h"
 #include "colorscheme/manager/VTLineEditWidget.h"
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
-#include "tests/stories/ManagerAtWork.h"
+#include "tests/support/ManagerAtWork.h"
 #include "tests/support/SchemeSamples.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
@@ -134,14 +134,14 @@ void tst_typicalUse::aSchemeIsMadeInTheEditorSavedAndPicked()
         QCOMPARE(dump(workingCopy(work.manager, 1)), dump(expected));
         // and neither the store nor the disk before OK
         QCOMPARE(dumpOfRecords(), before);
-        QVERIFY(filesBelow(store.storeDirectory()) == filesBefore);
+        QCOMPARE(filesBelow(store.storeDirectory()), filesBefore);
         work.finish(work.user.ok, {pressText(QStringLiteral("Yes"))});
         QCOMPARE(work.manager.result(), int(QDialog::Accepted));
     }
     // Then the store has it, and so has every other process,
     QCOMPARE(dump(records->customTeam), dump(expected));
     const QByteArray after = dumpOfRecords(records->defaultTeam, expected, records->favoriteTeam);
-    QVERIFY(dumpByAnotherProcess(store.storeDirectory()) == after);
+    QCOMPARE(dumpByAnotherProcess(store.storeDirectory()), after);
     // and a picker offers it.
     VTColorSchemeComboBox picker;
     QVERIFY(picker.setDefaultGroup("Custom", "Mine", 2));

@@ -31,6 +31,11 @@ QStringList moving(const QPoint &position)
 
 } // namespace
 
+QPoint RealInput::centerOf(const QWidget *widget)
+{
+    return widget->mapToGlobal(widget->rect().center());
+}
+
 void RealInput::moveTo(const QPoint &position)
 {
     run(moving(position));
@@ -56,7 +61,7 @@ void RealInput::clickWith(const QString &key, const QPoint &position)
 
 void RealInput::click(const QWidget *widget)
 {
-    click(widget->mapToGlobal(widget->rect().center()));
+    click(centerOf(widget));
 }
 
 void RealInput::drag(const QPoint &from, const QPoint &to)

@@ -13,6 +13,7 @@ class QWidget;
 namespace RealInput {
 
 /// Positions are in screen coordinates.
+QPoint centerOf(const QWidget *widget);
 void moveTo(const QPoint &position);
 void click(const QPoint &position);
 void doubleClick(const QPoint &position);

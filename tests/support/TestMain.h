@@ -26,8 +26,8 @@ public:
 
     /// Runs all that the arguments ask for: the number of failures.
     static int run(QObject &test, int argc, char **argv);
-    /// The number of warnings outside of any test function: while the application or the test object
-    /// are made or go.
+    /// The number of warnings outside of any test function: while the application or the test
+    /// object are made or go.
     static int othersCount();
 };
 

@@ -43,13 +43,17 @@ void tst_TestMain::aTestFailsByItsWarnings_data()
     QTest::addColumn<QString>("function");
     QTest::addColumn<QString>("warning");
     QTest::newRow("none") << "saysNothing" << QString();
-    QTest::newRow("a warning") << "warns" << "too hot";
-    QTest::newRow("a critical one") << "isCritical" << "much too hot";
+    QTest::newRow("a warning") << "warns"
+                               << "too hot";
+    QTest::newRow("a critical one") << "isCritical"
+                                    << "much too hot";
     QTest::newRow("no warnings") << "onlyTells" << QString();
     QTest::newRow("a harmless one") << "warnsOfWhatIsHarmless" << QString();
     QTest::newRow("announced") << "announcesItsWarning" << QString();
-    QTest::newRow("announced once") << "announcesOneOfTwo" << "too hot";
-    QTest::newRow("not that one") << "announcesAnother" << "too hot";
+    QTest::newRow("announced once") << "announcesOneOfTwo"
+                                    << "too hot";
+    QTest::newRow("not that one") << "announcesAnother"
+                                  << "too hot";
 }
 
 void tst_TestMain::aTestFailsByItsWarnings()
@@ -59,10 +63,9 @@ void tst_TestMain::aTestFailsByItsWarnings()
     const Outcome outcome = run({function});
     QVERIFY2((outcome.status == 0) == warning.isNull(), qPrintable(outcome.output));
     const QString verdict =
-        warning.isNull()
-            ? QStringLiteral("PASS   : complainer::%1()").arg(function)
-            : QStringLiteral("FAIL!  : complainer::%1() an unexpected warning: %2\n")
-                  .arg(function, warning);
+        warning.isNull() ? QStringLiteral("PASS   : complainer::%1()").arg(function)
+                         : QStringLiteral("FAIL!  : complainer::%1() an unexpected warning: %2\n")
+                               .arg(function, warning);
     QVERIFY2(outcome.output.contains(verdict), qPrintable(outcome.output));
 }
 

@@ -1,4 +1,5 @@
 #include "tests/support/TestMain.h"
+#include "tests/support/toString.h"
 #include "vobase/VOString.h"
 
 #include <QObject>
@@ -42,25 +43,25 @@ void tst_VOString::isEmptyByDefault()
 {
     const VOString text;
     QVERIFY(static_cast<const std::wstring>(text).empty());
-    QVERIFY(text == "");
-    QVERIFY(text == L"");
+    QCOMPARE(text, "");
+    QCOMPARE(text, L"");
 }
 
 void tst_VOString::nullPointersAreTheEmptyString()
 {
     const char *narrow = nullptr;
     const wchar_t *wide = nullptr;
-    QVERIFY(VOString(narrow) == "");
-    QVERIFY(VOString(wide) == "");
+    QCOMPARE(VOString(narrow), "");
+    QCOMPARE(VOString(wide), "");
     VOString text(L"some");
     text += wide;
-    QVERIFY(text == L"some");
+    QCOMPARE(text, L"some");
     QVERIFY(text != narrow);
     QVERIFY(text != wide);
     text = wide;
-    QVERIFY(text == "");
-    QVERIFY(text == wide);
-    QVERIFY(text == narrow);
+    QCOMPARE(text, "");
+    QCOMPARE(text, wide);
+    QCOMPARE(text, narrow);
 }
 
 void tst_VOString::everyWideStringComesBackAsItWas_data()
@@ -80,9 +81,9 @@ void tst_VOString::everyWideStringComesBackAsItWas()
 {
     QFETCH(std::wstring, text);
     const VOString made(text);
-    QVERIFY(static_cast<const std::wstring>(made) == text);
-    QVERIFY(made.text() == text);
-    QVERIFY(VOString(made) == made);
+    QCOMPARE(static_cast<const std::wstring>(made), text);
+    QCOMPARE(made.text(), text);
+    QCOMPARE(VOString(made), made);
 }
 
 void tst_VOString::narrowTextIsReadAsUtf8_data()
@@ -104,9 +105,9 @@ void tst_VOString::narrowTextIsReadAsUtf8()
 {
     QFETCH(QByteArray, narrow);
     QFETCH(std::wstring, wide);
-    QVERIFY(VOString(narrow.constData()) == VOString(wide));
-    QVERIFY(VOString(wide) == narrow.constData());
-    QVERIFY(VOString(L"") + narrow.constData() == wide.c_str());
+    QCOMPARE(VOString(narrow.constData()), VOString(wide));
+    QCOMPARE(VOString(wide), narrow.constData());
+    QCOMPARE(VOString(L"") + narrow.constData(), wide.c_str());
 }
 
 void tst_VOString::copiesAreIndependent()
@@ -114,24 +115,24 @@ void tst_VOString::copiesAreIndependent()
     VOString first(L"one");
     VOString second(first);
     second += L" more";
-    QVERIFY(first == L"one");
+    QCOMPARE(first, L"one");
     VOString third = second;
     third.Replace(L'o', L'0');
-    QVERIFY(second == L"one more");
-    QVERIFY(third == L"0ne m0re");
+    QCOMPARE(second, L"one more");
+    QCOMPARE(third, L"0ne m0re");
     const VOString moved(std::move(third));
-    QVERIFY(moved == L"0ne m0re");
+    QCOMPARE(moved, L"0ne m0re");
 }
 
 void tst_VOString::assignmentTakesEveryKindOfText()
 {
     VOString text;
     QCOMPARE(&(text = L"wide"), &text);
-    QVERIFY(text == "wide");
+    QCOMPARE(text, "wide");
     QCOMPARE(&(text = std::wstring(L"string")), &text);
-    QVERIFY(text == "string");
+    QCOMPARE(text, "string");
     QCOMPARE(&(text = VOString("other")), &text);
-    QVERIFY(text == "other");
+    QCOMPARE(text, "other");
 }
 
 void tst_VOString::appendingChangesTheReceiverAndReturnsIt()
@@ -139,43 +140,43 @@ void tst_VOString::appendingChangesTheReceiverAndReturnsIt()
     VOString name(L"Imported");
     const VOString &result = name += L"_1";
     QCOMPARE(&result, &name);
-    QVERIFY(name == L"Imported_1");
+    QCOMPARE(name, L"Imported_1");
 }
 
 void tst_VOString::addingMakesANewString()
 {
     const VOString left(L"a");
     const VOString right(L"b");
-    QVERIFY(left + right == L"ab");
-    QVERIFY(left + "c" == L"ac");
-    QVERIFY(left == L"a");
+    QCOMPARE(left + right, L"ab");
+    QCOMPARE(left + "c", L"ac");
+    QCOMPARE(left, L"a");
 }
 
 void tst_VOString::anExportPathIsBuiltByAdding()
 {
     const VOString directory(L"D:/maps");
     const VOString name(L"Red");
-    QVERIFY(directory + "/" + name + ".vcs" == L"D:/maps/Red.vcs");
+    QCOMPARE(directory + "/" + name + ".vcs", L"D:/maps/Red.vcs");
 }
 
 void tst_VOString::replaceChangesTheReceiverAndReturnsACopy()
 {
     VOString path(L"C:\\maps\\red.vcs");
     const VOString result = path.replace(L'\\', L'/');
-    QVERIFY(path == L"C:/maps/red.vcs");
-    QVERIFY(result == path);
+    QCOMPARE(path, L"C:/maps/red.vcs");
+    QCOMPARE(result, path);
     path += L"x";
-    QVERIFY(result == L"C:/maps/red.vcs");
+    QCOMPARE(result, L"C:/maps/red.vcs");
 }
 
 void tst_VOString::replaceInPlaceCountsItsReplacements()
 {
     VOString path(L"\\a\\b");
     QCOMPARE(path.Replace(L'\\', L'/'), 2);
-    QVERIFY(path == L"/a/b");
+    QCOMPARE(path, L"/a/b");
     QCOMPARE(path.Replace(L'\\', L'/'), 0);
     QCOMPARE(path.Replace(L'/', L'/'), 2);
-    QVERIFY(path == L"/a/b");
+    QCOMPARE(path, L"/a/b");
 }
 
 void tst_VOString::orderFollowsTheValuesOfTheCharacters_data()
@@ -208,9 +209,9 @@ void tst_VOString::orderFollowsTheValuesOfTheCharacters()
 void tst_VOString::equalityHoldsAgainstEveryKindOfText()
 {
     const VOString text(L"Random");
-    QVERIFY(text == "Random");
-    QVERIFY(text == L"Random");
-    QVERIFY(text == VOString("Random"));
+    QCOMPARE(text, "Random");
+    QCOMPARE(text, L"Random");
+    QCOMPARE(text, VOString("Random"));
     QVERIFY(!(text != "Random"));
     QVERIFY(!(text != L"Random"));
     QVERIFY(!(text != VOString("Random")));
@@ -251,9 +252,9 @@ void tst_VOString::aSubclassReplacesEveryVirtualOperation()
     bool destroyed = false;
     std::unique_ptr<VOString> text = std::make_unique<Marked>(destroyed);
     QCOMPARE(text->compareTo(VOString()), 42);
-    QVERIFY(*text == "x");
-    QVERIFY(*text == L"x");
-    QVERIFY(*text == VOString(L"x"));
+    QCOMPARE(*text, "x");
+    QCOMPARE(*text, L"x");
+    QCOMPARE(*text, VOString(L"x"));
     QVERIFY(*text != VOString());
     QVERIFY(*text != "");
     QVERIFY(*text != L"");
@@ -291,9 +292,9 @@ void tst_VOString::selfAssignmentKeepsTheText()
     VOString text(L"kept");
     VOString &same = text;
     text = same;
-    QVERIFY(text == L"kept");
+    QCOMPARE(text, L"kept");
     text = text.text();
-    QVERIFY(text == L"kept");
+    QCOMPARE(text, L"kept");
 }
 
 VT_TEST_APPLESS_MAIN(tst_VOString)

@@ -1,5 +1,6 @@
 #include "tests/support/TestMain.h"
-#include "tests/vomap/rampColors.h"
+#include "tests/support/rampColors.h"
+#include "tests/support/toString.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VOPredefineColorRamp.h"
 #include "vomap/VORandomColorRampForHsv.h"
@@ -35,8 +36,8 @@ void tst_VOColorRampContainer::colorsAreAppendedAndRead()
     ramp.addColor(Color(1.5F, 2, 3));
     ramp.addColor(Color(4, 5, 6));
     QCOMPARE(ramp.getLevel(), 2U);
-    QVERIFY(ramp.getColor(0) == Color(1.5F, 2, 3));
-    QVERIFY(ramp.getColor(1) == Color(4, 5, 6));
+    QCOMPARE(ramp.getColor(0), Color(1.5F, 2, 3));
+    QCOMPARE(ramp.getColor(1), Color(4, 5, 6));
 }
 
 void tst_VOColorRampContainer::oneColorIsOverwritten()
@@ -44,7 +45,7 @@ void tst_VOColorRampContainer::oneColorIsOverwritten()
     VOEvenColorRamp ramp;
     QVERIFY(ramp.split(3));
     ramp.setColor(1, Color(7, 8, 9));
-    QVERIFY(RampColors::of(ramp) == (std::vector<Color>{{}, {7, 8, 9}, {}}));
+    QCOMPARE(RampColors::of(ramp), (std::vector<Color>{{}, {7, 8, 9}, {}}));
 }
 
 void tst_VOColorRampContainer::oneColorIsRemoved()
@@ -53,7 +54,7 @@ void tst_VOColorRampContainer::oneColorIsRemoved()
     for (int i = 1; i <= 3; ++i)
         ramp.addColor(Color(float(i), 0, 0));
     ramp.deleteColor(1);
-    QVERIFY(RampColors::of(ramp) == (std::vector<Color>{{1, 0, 0}, {3, 0, 0}}));
+    QCOMPARE(RampColors::of(ramp), (std::vector<Color>{{1, 0, 0}, {3, 0, 0}}));
 }
 
 void tst_VOColorRampContainer::allColorsAreRemoved()
@@ -82,10 +83,10 @@ void tst_VOColorRampContainer::whatIsOutOfRangeDoesNothing()
     ramp.addColor(Color(1, 2, 3));
     ramp.addColor(Color(4, 5, 6));
     const std::vector<Color> before = RampColors::of(ramp);
-    QVERIFY(ramp.getColor(index) == Color());
+    QCOMPARE(ramp.getColor(index), Color());
     ramp.setColor(index, Color(9, 9, 9));
     ramp.deleteColor(index);
-    QVERIFY(RampColors::of(ramp) == before);
+    QCOMPARE(RampColors::of(ramp), before);
 }
 
 void tst_VOColorRampContainer::componentsAreClampedAtTheDoor_data()
@@ -113,8 +114,8 @@ void tst_VOColorRampContainer::componentsAreClampedAtTheDoor()
     ramp.addColor(Color(given, 1, 2));
     ramp.addColor(Color());
     ramp.setColor(1, Color(3, given, given));
-    QVERIFY(ramp.getColor(0) == Color(kept, 1, 2));
-    QVERIFY(ramp.getColor(1) == Color(3, kept, kept));
+    QCOMPARE(ramp.getColor(0), Color(kept, 1, 2));
+    QCOMPARE(ramp.getColor(1), Color(3, kept, kept));
     // A negative zero would leave its sign in files.
     QVERIFY(!std::signbit(ramp.getColor(0).red));
     ramp.setColor(0, Color(-0.0F, 0, 0));
@@ -129,7 +130,7 @@ void tst_VOColorRampContainer::aCopyStaysAsItIsWhenTheOriginalIsWritten()
     ramp.setColor(0, Color(9, 9, 9));
     ramp.addColor(Color(8, 8, 8));
     QCOMPARE(copy->getLevel(), 1U);
-    QVERIFY(copy->getColor(0) == Color(1, 2, 3));
+    QCOMPARE(copy->getColor(0), Color(1, 2, 3));
     copy->deleteAll();
     QCOMPARE(ramp.getLevel(), 2U);
 }

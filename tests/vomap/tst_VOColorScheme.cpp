@@ -1,5 +1,6 @@
 #include "tests/support/SchemeSamples.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/toString.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorScheme.h"
 #include "vomap/VOEvenColorRamp.h"
@@ -59,9 +60,9 @@ private:
 void tst_VOColorScheme::startsEmptyAndWithoutARamp()
 {
     const VOColorScheme scheme;
-    QVERIFY(scheme.name == L"");
-    QVERIFY(scheme.author == L"");
-    QVERIFY(scheme.describe == L"");
+    QCOMPARE(scheme.name, L"");
+    QCOMPARE(scheme.author, L"");
+    QCOMPARE(scheme.describe, L"");
     QVERIFY(!scheme.colorRamp);
     QVERIFY(!scheme.unknownFields);
 }
@@ -99,7 +100,7 @@ void tst_VOColorScheme::aCopyOfASchemeWithoutARampHasNone()
     VOColorScheme assigned = SchemeSamples(1).scheme();
     assigned = source;
     QVERIFY(!assigned.colorRamp);
-    QVERIFY(assigned.name == L"bare");
+    QCOMPARE(assigned.name, L"bare");
 }
 
 void tst_VOColorScheme::assignmentReplacesTheRampByAClone()
@@ -156,7 +157,7 @@ void tst_VOColorScheme::aMoveHandsTheRampOver()
         assigned.colorRamp = new CountedRamp(alive);
         assigned = std::move(target);
         QCOMPARE(assigned.colorRamp, ramp);
-        QVERIFY(assigned.name == L"moved");
+        QCOMPARE(assigned.name, L"moved");
     }
     QCOMPARE(alive, 0);
     QVERIFY(std::is_nothrow_move_constructible<VOColorScheme>::value);

@@ -1,6 +1,7 @@
 #include "tests/support/SchemeSamples.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
+#include "tests/support/toString.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
@@ -92,9 +93,9 @@ void tst_VOColorSchemeManager::theFirstStartHasTheBuiltInsAndWritesNothing()
         QVERIFY2(at >= 0, name);
         QVERIFY2(!manager().defaultTeam.groups[std::size_t(at)].schemes.empty(), name);
     }
-    QVERIFY(manager().defaultTeam.name == L"Default");
-    QVERIFY(manager().customTeam.name == L"Custom");
-    QVERIFY(manager().favoriteTeam.name == L"Favorite");
+    QCOMPARE(manager().defaultTeam.name, L"Default");
+    QCOMPARE(manager().customTeam.name, L"Custom");
+    QCOMPARE(manager().favoriteTeam.name, L"Favorite");
     QVERIFY(manager().customTeam.groups.empty());
     QVERIFY(manager().favoriteTeam.groups.empty());
     QVERIFY(!QDir(directory->filePath("a")).exists());

@@ -1,5 +1,6 @@
 #include "tests/support/TestMain.h"
-#include "tests/vomap/rampColors.h"
+#include "tests/support/rampColors.h"
+#include "tests/support/toString.h"
 #include "vomap/VOEvenColorRamp.h"
 
 #include <QtTest>
@@ -132,10 +133,10 @@ void tst_VOEvenColorRamp::sourcesAreCopiedAndKept()
     QVERIFY(ramp.setSourceColor(2, sources.data()));
     sources[0] = Color(9, 9, 9);
     QCOMPARE(ramp.getSourceColorCount(), 2U);
-    QVERIFY(ramp.getSourceColor(0) == Color(1.5F, 2, 3));
-    QVERIFY(ramp.getSourceColor(1) == Color(4, 5, 6));
-    QVERIFY(ramp.getSourceColor(2) == Color());
-    QVERIFY(ramp.getSourceColor(-1) == Color());
+    QCOMPARE(ramp.getSourceColor(0), Color(1.5F, 2, 3));
+    QCOMPARE(ramp.getSourceColor(1), Color(4, 5, 6));
+    QCOMPARE(ramp.getSourceColor(2), Color());
+    QCOMPARE(ramp.getSourceColor(-1), Color());
     QVERIFY(ramp.setSourceColor(0, nullptr));
     QCOMPARE(ramp.getSourceColorCount(), 0U);
 }
@@ -149,7 +150,7 @@ void tst_VOEvenColorRamp::badSourceListsAreRefused()
     QVERIFY(!ramp.setSourceColor(2, nullptr));
     QVERIFY(!ramp.setSourceColor(std::numeric_limits<long>::max(), sources.data()));
     QCOMPARE(ramp.getSourceColorCount(), 1U);
-    QVERIFY(ramp.getSourceColor(0) == Color(1, 2, 3));
+    QCOMPARE(ramp.getSourceColor(0), Color(1, 2, 3));
 }
 
 void tst_VOEvenColorRamp::sourcesAreClampedAtTheDoor()
@@ -159,8 +160,8 @@ void tst_VOEvenColorRamp::sourcesAreClampedAtTheDoor()
     Sources sources = {{-1, 256, none}, {infinite, -infinite, 255.5F}};
     VOEvenColorRamp ramp;
     QVERIFY(ramp.setSourceColor(2, sources.data()));
-    QVERIFY(ramp.getSourceColor(0) == Color(0, 255, 0));
-    QVERIFY(ramp.getSourceColor(1) == Color(255, 0, 255));
+    QCOMPARE(ramp.getSourceColor(0), Color(0, 255, 0));
+    QCOMPARE(ramp.getSourceColor(1), Color(255, 0, 255));
 }
 
 void tst_VOEvenColorRamp::settingSourcesLeavesTheColorsToTheNextSplit()
@@ -172,7 +173,7 @@ void tst_VOEvenColorRamp::settingSourcesLeavesTheColorsToTheNextSplit()
     QVERIFY(ramp.split(2));
     sources[0] = Color(7, 8, 9);
     QVERIFY(ramp.setSourceColor(1, sources.data()));
-    QVERIFY(ramp.getColor(0) == Color(1, 2, 3));
+    QCOMPARE(ramp.getColor(0), Color(1, 2, 3));
 }
 
 void tst_VOEvenColorRamp::splittingLeavesExactlyTheLevel_data()
@@ -193,14 +194,14 @@ void tst_VOEvenColorRamp::splittingLeavesExactlyTheLevel()
 void tst_VOEvenColorRamp::withoutSourcesAllIsBlack()
 {
     for (const Color &color : colorsOf({}, 5))
-        QVERIFY(color == Color());
+        QCOMPARE(color, Color());
 }
 
 void tst_VOEvenColorRamp::oneSourceFillsTheRamp()
 {
     const Color source(12.25F, 200, 0.5F);
     for (const Color &color : colorsOf({source}, 5))
-        QVERIFY(color == source);
+        QCOMPARE(color, source);
 }
 
 void tst_VOEvenColorRamp::theEndsAreTheOuterSources()
@@ -208,10 +209,10 @@ void tst_VOEvenColorRamp::theEndsAreTheOuterSources()
     const Sources sources = {{0.25F, 10.5F, 20}, {100, 3, 77}, {254.75F, 1, 2}};
     for (unsigned int level = 2; level <= 300; ++level) {
         const std::vector<Color> colors = colorsOf(sources, level);
-        QVERIFY(colors.front() == sources.front());
-        QVERIFY(colors.back() == sources.back());
+        QCOMPARE(colors.front(), sources.front());
+        QCOMPARE(colors.back(), sources.back());
     }
-    QVERIFY(colorsOf(sources, 1).front() == sources.front());
+    QCOMPARE(colorsOf(sources, 1).front(), sources.front());
 }
 
 void tst_VOEvenColorRamp::sourcesComeOutExactlyWhereTheyFit()
@@ -236,7 +237,7 @@ void tst_VOEvenColorRamp::fewerColorsThanSourcesPickSources()
 {
     const Sources sources = {{1, 0, 0}, {2, 0, 0}, {3, 0, 0}, {4, 0, 0}, {5, 0, 0}};
     const std::vector<Color> three = colorsOf(sources, 3);
-    QVERIFY(three == (std::vector<Color>{sources[0], sources[2], sources[4]}));
+    QCOMPARE(three, (std::vector<Color>{sources[0], sources[2], sources[4]}));
     // 4 - 1 does not divide 5 - 1: the inner colours lie between sources
     const std::vector<Color> four =
         colorsOf({{0, 0, 0}, {30, 30, 30}, {90, 90, 90}, {150, 150, 150}, {255, 255, 255}}, 4);
@@ -280,7 +281,7 @@ void tst_VOEvenColorRamp::equalNeighborsStayWhatTheyAre()
 {
     for (unsigned int bits = 0; bits < (1U << 24); bits += 4099) {
         const Color color(float(bits >> 16), float(bits >> 8 & 255), float(bits & 255));
-        QVERIFY(colorsOf({color, color}, 3)[1] == color);
+        QCOMPARE(colorsOf({color, color}, 3)[1], color);
     }
 }
 
@@ -353,9 +354,9 @@ void tst_VOEvenColorRamp::aMillionColorsKeepTheEnds()
 {
     const std::vector<Color> colors =
         colorsOf({{0, 0, 0}, {128, 128, 128}, {255, 255, 255}}, 1000001);
-    QVERIFY(colors.front() == Color(0, 0, 0));
-    QVERIFY(colors[500000] == Color(128, 128, 128));
-    QVERIFY(colors.back() == Color(255, 255, 255));
+    QCOMPARE(colors.front(), Color(0, 0, 0));
+    QCOMPARE(colors[500000], Color(128, 128, 128));
+    QCOMPARE(colors.back(), Color(255, 255, 255));
     for (std::size_t i = 1; i < colors.size(); ++i)
         QVERIFY(colors[i].red >= colors[i - 1].red && colors[i].red == colors[i].green &&
                 colors[i].red == colors[i].blue);
@@ -369,7 +370,7 @@ void tst_VOEvenColorRamp::aLevelBeyondAllMemoryLeavesTheRampAsItWas()
     QVERIFY(ramp.split(3));
     QVERIFY(!ramp.split(std::numeric_limits<unsigned int>::max()));
     QCOMPARE(ramp.getLevel(), 3U);
-    QVERIFY(ramp.getColor(2) == Color(1, 2, 3));
+    QCOMPARE(ramp.getColor(2), Color(1, 2, 3));
 }
 
 void tst_VOEvenColorRamp::aCloneIsIndependent()
@@ -384,11 +385,11 @@ void tst_VOEvenColorRamp::aCloneIsIndependent()
     ramp->setColor(0, Color(1, 1, 1));
     ramp.reset();
     QCOMPARE(int(copy->category()), 2);
-    QVERIFY(RampColors::of(*copy) == colors);
+    QCOMPARE(RampColors::of(*copy), colors);
     auto *even = dynamic_cast<VOEvenColorRamp *>(copy.get());
     QVERIFY(even);
     QCOMPARE(even->getSourceColorCount(), 3U);
-    QVERIFY(even->getSourceColor(1) == sources[1]);
+    QCOMPARE(even->getSourceColor(1), sources[1]);
 }
 
 VT_TEST_GUILESS_MAIN(tst_VOEvenColorRamp)

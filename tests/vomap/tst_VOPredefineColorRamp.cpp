@@ -1,5 +1,6 @@
 #include "tests/support/TestMain.h"
-#include "tests/vomap/rampColors.h"
+#include "tests/support/rampColors.h"
+#include "tests/support/toString.h"
 #include "vomap/VOPredefineColorRamp.h"
 
 #include <QtTest>
@@ -39,9 +40,9 @@ void tst_VOPredefineColorRamp::withoutSourcesTheBuiltInListIsTaken()
     QCOMPARE(ramp.getLevel(), 19U);
     QCOMPARE(ramp.getSourceColorCount(), 10U);
     for (int i = 0; i < 10; ++i)
-        QVERIFY(ramp.getColor(static_cast<unsigned int>(2 * i)) == ramp.getSourceColor(i));
-    QVERIFY(ramp.getColor(0) == Color(43, 48, 140));
-    QVERIFY(ramp.getColor(18) == Color(146, 8, 42));
+        QCOMPARE(ramp.getColor(static_cast<unsigned int>(2 * i)), ramp.getSourceColor(i));
+    QCOMPARE(ramp.getColor(0), Color(43, 48, 140));
+    QCOMPARE(ramp.getColor(18), Color(146, 8, 42));
 }
 
 void tst_VOPredefineColorRamp::theBuiltInListReadsAsLowAndHigh()
@@ -65,8 +66,8 @@ void tst_VOPredefineColorRamp::ownSourcesWin()
     QVERIFY(ramp.setSourceColor(2, sources));
     QVERIFY(ramp.split(3));
     QCOMPARE(ramp.getSourceColorCount(), 2U);
-    QVERIFY(ramp.getColor(0) == sources[0]);
-    QVERIFY(ramp.getColor(2) == sources[1]);
+    QCOMPARE(ramp.getColor(0), sources[0]);
+    QCOMPARE(ramp.getColor(2), sources[1]);
 }
 
 void tst_VOPredefineColorRamp::aRefusedSplitLeavesTheSourcesAsTheyWere()
@@ -86,7 +87,7 @@ void tst_VOPredefineColorRamp::aCloneIsIndependent()
     ramp->deleteAll();
     ramp.reset();
     QCOMPARE(int(copy->category()), 3);
-    QVERIFY(RampColors::of(*copy) == colors);
+    QCOMPARE(RampColors::of(*copy), colors);
     auto *predefined = dynamic_cast<VOPredefineColorRamp *>(copy.get());
     QVERIFY(predefined);
     QCOMPARE(predefined->getSourceColorCount(), 10U);

@@ -1,5 +1,6 @@
 #include "tests/support/TestMain.h"
-#include "tests/vomap/rampColors.h"
+#include "tests/support/rampColors.h"
+#include "tests/support/toString.h"
 #include "vomap/VORandomColorRamp.h"
 
 #include <QtTest>
@@ -76,14 +77,14 @@ void tst_VORandomColorRamp::aLevelBeyondAllMemoryLeavesTheRampAsItWas()
     QVERIFY(ramp.split(5));
     const std::vector<Color> before = RampColors::of(ramp);
     QVERIFY(!ramp.split(std::numeric_limits<unsigned int>::max()));
-    QVERIFY(RampColors::of(ramp) == before);
+    QCOMPARE(RampColors::of(ramp), before);
 }
 
 void tst_VORandomColorRamp::theSeedAloneDecides()
 {
     for (const int seed :
          {0, 1, 2, 1000, -1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
-        QVERIFY(colorsOf(seed, 60) == colorsOf(seed, 60));
+        QCOMPARE(colorsOf(seed, 60), colorsOf(seed, 60));
         QVERIFY(colorsOf(seed, 60) != colorsOf(seed ^ 1, 60));
     }
     std::set<std::vector<unsigned int>> kinds;
@@ -213,7 +214,7 @@ void tst_VORandomColorRamp::theLastColorIsFollowedByTheFirst()
         seen[color] = true;
     }
     for (unsigned int i = 0; i < 10; ++i)
-        QVERIFY(ramp.getColor(all + i) == ramp.getColor(i));
+        QCOMPARE(ramp.getColor(all + i), ramp.getColor(i));
 }
 
 void tst_VORandomColorRamp::neighboringSeedsShareNoColor()
@@ -249,7 +250,7 @@ void tst_VORandomColorRamp::aCloneIsIndependent()
     ramp->setColor(0, Color(9.0F, 9.0F, 9.0F));
     ramp.reset();
     QCOMPARE(copy->category(), VOColorRamp::RandomRamp);
-    QVERIFY(RampColors::of(*copy) == colors);
+    QCOMPARE(RampColors::of(*copy), colors);
     auto *random = dynamic_cast<VORandomColorRamp *>(copy.get());
     QVERIFY(random);
     QCOMPARE(random->seed, 42);
@@ -261,10 +262,10 @@ void tst_VORandomColorRamp::overwrittenColorsStayUntilTheNextSplit()
     QVERIFY(ramp.split(4));
     const std::vector<Color> generated = RampColors::of(ramp);
     ramp.setColor(1, Color(0.5F, 0.25F, 254.5F));
-    QVERIFY(ramp.getColor(1) == Color(0.5F, 0.25F, 254.5F));
-    QVERIFY(ramp.getColor(2) == generated[2]);
+    QCOMPARE(ramp.getColor(1), Color(0.5F, 0.25F, 254.5F));
+    QCOMPARE(ramp.getColor(2), generated[2]);
     QVERIFY(ramp.split(4));
-    QVERIFY(RampColors::of(ramp) == generated);
+    QCOMPARE(RampColors::of(ramp), generated);
 }
 
 VT_TEST_GUILESS_MAIN(tst_VORandomColorRamp)

@@ -1,5 +1,6 @@
 #include "tests/support/TestMain.h"
-#include "tests/vomap/rampColors.h"
+#include "tests/support/rampColors.h"
+#include "tests/support/toString.h"
 #include "vomap/VORandomColorRampForHsv.h"
 
 #include <QtTest>
@@ -287,7 +288,7 @@ void tst_VORandomColorRampForHsv::boundsAreBroughtIntoOrder()
 {
     QFETCH(Bounds, given);
     QFETCH(Bounds, same);
-    QVERIFY(colorsOf(4, given, 30) == colorsOf(4, same, 30));
+    QCOMPARE(colorsOf(4, given, 30), colorsOf(4, same, 30));
 }
 
 void tst_VORandomColorRampForHsv::theFieldsKeepWhatWasWritten()
@@ -338,7 +339,7 @@ void tst_VORandomColorRampForHsv::aSmallBoxRepeatsItsColors()
 {
     // One place only
     for (const Color &color : colorsOf(1, {120, 120, 100, 100, 100, 100}, 10))
-        QVERIFY(color == Color(0.0F, 255.0F, 0.0F));
+        QCOMPARE(color, Color(0.0F, 255.0F, 0.0F));
     // Greys: 256 of them
     std::set<unsigned int> grays;
     for (const Color &color : colorsOf(1, {0, 360, 0, 0, 0, 100}, 600)) {
@@ -348,7 +349,7 @@ void tst_VORandomColorRampForHsv::aSmallBoxRepeatsItsColors()
     QCOMPARE(grays.size(), std::size_t(256));
     // Black
     for (const Color &color : colorsOf(1, {0, 360, 0, 100, 0, 0}, 5))
-        QVERIFY(color == Color());
+        QCOMPARE(color, Color());
 }
 
 void tst_VORandomColorRampForHsv::aMillionColorsComeOut()
@@ -367,7 +368,7 @@ void tst_VORandomColorRampForHsv::aLevelBeyondAllMemoryLeavesTheRampAsItWas()
     QVERIFY(ramp.split(5));
     const std::vector<Color> before = RampColors::of(ramp);
     QVERIFY(!ramp.split(std::numeric_limits<unsigned int>::max()));
-    QVERIFY(RampColors::of(ramp) == before);
+    QCOMPARE(RampColors::of(ramp), before);
 }
 
 void tst_VORandomColorRampForHsv::aCloneIsIndependent()
@@ -382,7 +383,7 @@ void tst_VORandomColorRampForHsv::aCloneIsIndependent()
     const std::unique_ptr<VOColorRamp> copy(ramp->clone());
     ramp.reset();
     QCOMPARE(int(copy->category()), 1);
-    QVERIFY(RampColors::of(*copy) == colors);
+    QCOMPARE(RampColors::of(*copy), colors);
     auto *hsv = dynamic_cast<VORandomColorRampForHsv *>(copy.get());
     QVERIFY(hsv);
     QCOMPARE(hsv->seed, 8);

@@ -1,3 +1,4 @@
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOTeamKind.h"
@@ -69,5 +70,5 @@ void tst_VOTeamKind::theStoreGivesTheTeamOfAKind()
     QCOMPARE(&constStore->team(FavoriteTeam), &constStore->favoriteTeam);
 }
 
-QTEST_GUILESS_MAIN(tst_VOTeamKind)
+VT_TEST_GUILESS_MAIN(tst_VOTeamKind)
 #include "tst_VOTeamKind.moc"

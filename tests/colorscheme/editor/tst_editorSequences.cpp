@@ -1,4 +1,4 @@
-#include "tests/colorscheme/editor/EditorUnderTest.h"
+#include "tests/support/EditorUnderTest.h"
 #include "tests/support/ModalDriver.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"

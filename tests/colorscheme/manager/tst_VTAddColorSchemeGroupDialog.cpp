@@ -1,6 +1,7 @@
 #include "colorscheme/manager/VTAddColorSchemeGroupDialog.h"
 #include "colorscheme/manager/VTLineEditWidget.h"
 #include "tests/support/ModalDriver.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 
@@ -245,5 +246,5 @@ void tst_VTAddColorSchemeGroupDialog::closingTheWindowKeepsTheProposedName()
     QCOMPARE(dialog.groupName(), QStringLiteral("Custom group1"));
 }
 
-QTEST_MAIN(tst_VTAddColorSchemeGroupDialog)
+VT_TEST_MAIN(tst_VTAddColorSchemeGroupDialog)
 #include "tst_VTAddColorSchemeGroupDialog.moc"

@@ -1,5 +1,6 @@
 #include "colorscheme/manager/VTColorSchemeModel.h"
 #include "colorscheme/model/colorRampPreviewPixmap.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOStringConversion.h"
@@ -252,5 +253,5 @@ void tst_VTColorSchemeModel::aRemovedSchemeIsGoneBeforeTheNotice()
     QCOMPARE(removed[0][2].toInt(), 1);
 }
 
-QTEST_MAIN(tst_VTColorSchemeModel)
+VT_TEST_MAIN(tst_VTColorSchemeModel)
 #include "tst_VTColorSchemeModel.moc"

@@ -3,16 +3,15 @@
 #include "colorscheme/manager/VTColorSchemeView.h"
 #include "colorscheme/manager/VTLineEditWidget.h"
 #include "colorscheme/manager/VtColorSchemeNameDelegate.h"
-#include "tests/colorscheme/manager/ManagerUser.h"
+#include "tests/support/ManagerUser.h"
 #include "tests/support/ModalDriver.h"
+#include "tests/support/Tagger.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
-#include "vomap/VOColorSchemeManager.h"
+#include "tests/support/ViewTest.h"
 #include "vomap/VOEvenColorRamp.h"
-#include "vomap/VOStringConversion.h"
 
 #include <QAccessible>
-#include <QDir>
-#include <QFileDialog>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -20,71 +19,16 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QSignalSpy>
-#include <QTranslator>
 #include <QtTest>
-
-#include <memory>
 
 using vtcontrolcolorscheme::describeColorRamp;
 using VTObjects::rgb_color;
-using VTObjects::toVOString;
 using VTObjects::VOColorRamp;
 using VTObjects::VOColorScheme;
 using VTObjects::VOColorSchemeGroup;
-using VTObjects::VOColorSchemeManager;
 using VTObjects::VOEvenColorRamp;
 
-class tst_VTColorSchemeView : public QObject
-{
-    Q_OBJECT
-private Q_SLOTS:
-    void init();
-    void cleanup();
-
-    void itStartsWithoutAGroup();
-    void itsColumnsAndRowsAreOfFixedMeasure();
-    void wholeRowsAreSelectedInAnyNumber();
-    void namesAloneHaveAnEditorOfTheirOwn();
-    void settingAGroupCopiesIt();
-    void selectedRowsAreReadAscendingAndOnce();
-    void rowsSelectedInPartDoNotCount();
-    void aDoubleClickOpensTheEditorOnNumberAndPreviewOnly_data();
-    void aDoubleClickOpensTheEditorOnNumberAndPreviewOnly();
-    void anAcceptedEditorRepaintsTheWholeTable();
-    void aCanceledEditorChangesNothing();
-    void withoutAManagerThereIsNoMenu();
-    void exportWithoutSelectionIsRefused();
-    void exportStartsAtTheLastPath();
-    void exportWritesEverySelectedScheme();
-    void exportCanBeCanceled();
-    void exportTurnsBackslashes();
-    void exportGoesOnAfterAFailure();
-    void exportOfTwoEqualNamesKeepsTheLater();
-    void exportKeepsInsideTheChosenFolder_data();
-    void exportKeepsInsideTheChosenFolder();
-    void theDelegateEditsByTheEditRole();
-    void onlyVisibleRowsRenderTheirPreviews();
-    void assistiveToolsHearOfTheCurrentRow();
-    void exportPassesOverRowsThatAreGone();
-    void aRowThatIsGoneIsNotEdited();
-    void theDelegateBearsMissingPartners();
-    void itsTextsAreTranslatedUnderTheirClass();
-    void aNameIsJudgedByTheRowThatItsEditorKeeps_data();
-    void aNameIsJudgedByTheRowThatItsEditorKeeps();
-
-private:
-    std::unique_ptr<TestStore> store;
-    std::unique_ptr<VTColorSchemeView> view;
-};
-
 namespace {
-
-void selectRows(VTColorSchemeView &view, const QVector<int> &rows)
-{
-    for (const int row : rows)
-        view.selectionModel()->select(view.schemeModel()->index(row, 0),
-                                      QItemSelectionModel::Select | QItemSelectionModel::Rows);
-}
 
 /// Remembers which ramps were asked for colours.
 class AskedRamp : public VOEvenColorRamp
@@ -107,50 +51,36 @@ public:
 
 QSet<const AskedRamp *> AskedRamp::asked;
 
-/// Sees a message box with one button, and closes it.
-ModalDriver::Handler expectBox(const QString &title, const QString &text,
-                               QMessageBox::StandardButton button)
-{
-    return [=](QWidget *window) {
-        auto *box = qobject_cast<QMessageBox *>(window);
-        QVERIFY(box);
-        QCOMPARE(box->windowTitle(), title);
-        QCOMPARE(box->text(), text);
-        QCOMPARE(box->icon(), QMessageBox::Information);
-        QCOMPARE(box->standardButtons(), QMessageBox::StandardButtons(button));
-        QTest::mouseClick(box->button(button), Qt::LeftButton);
-    };
-}
-
-/// Answers with the context and the source text.
-class EchoTranslator : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char *context, const char *source, const char * /*disambiguation*/,
-                      int /*n*/) const override
-    {
-        return QLatin1String(context) + QLatin1Char('/') + QLatin1String(source);
-    }
-};
-
-const QString exportTitle = QStringLiteral("Export color scheme");
-const QString exported = QStringLiteral("Export color scheme successfully!");
-const QString notExported = QStringLiteral("Failed to export color scheme!");
-
 } // namespace
 
-void tst_VTColorSchemeView::init()
+class tst_VTColorSchemeView : public ViewTest
 {
-    store = std::make_unique<TestStore>();
-    view = std::make_unique<VTColorSchemeView>(nullptr);
-}
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
-void tst_VTColorSchemeView::cleanup()
-{
-    view.reset();
-    store.reset();
-}
+    void itStartsWithoutAGroup();
+    void itsColumnsAndRowsAreOfFixedMeasure();
+    void wholeRowsAreSelectedInAnyNumber();
+    void namesAloneHaveAnEditorOfTheirOwn();
+    void settingAGroupCopiesIt();
+    void selectedRowsAreReadAscendingAndOnce();
+    void rowsSelectedInPartDoNotCount();
+    void aDoubleClickOpensTheEditorOnNumberAndPreviewOnly_data();
+    void aDoubleClickOpensTheEditorOnNumberAndPreviewOnly();
+    void anAcceptedEditorRepaintsTheWholeTable();
+    void aCanceledEditorChangesNothing();
+    void withoutAManagerThereIsNoMenu();
+    void theDelegateEditsByTheEditRole();
+    void onlyVisibleRowsRenderTheirPreviews();
+    void assistiveToolsHearOfTheCurrentRow();
+    void aRowThatIsGoneIsNotEdited();
+    void theDelegateBearsMissingPartners();
+    void itsTextsAreTranslatedUnderTheirClass();
+    void aNameIsJudgedByTheRowThatItsEditorKeeps_data();
+    void aNameIsJudgedByTheRowThatItsEditorKeeps();
+};
 
 void tst_VTColorSchemeView::itStartsWithoutAGroup()
 {
@@ -296,144 +226,6 @@ void tst_VTColorSchemeView::withoutAManagerThereIsNoMenu()
     QCOMPARE(view->schemeModel()->rowCount(), 1);
 }
 
-void tst_VTColorSchemeView::exportWithoutSelectionIsRefused()
-{
-    view->setGroup(1, 0, makeGroup("g", {"a"}));
-    ModalDriver driver;
-    driver.next(
-        expectBox(exportTitle, QStringLiteral("No color scheme selected!"), QMessageBox::Close));
-    view->onExportScheme();
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-}
-
-void tst_VTColorSchemeView::exportStartsAtTheLastPath()
-{
-    store->setLastOpenFilePath(store->path());
-    view->setGroup(1, 0, makeGroup("g", {"a"}));
-    view->selectRow(0);
-    ModalDriver driver;
-    driver.next([&](QWidget *window) {
-        auto *dialog = qobject_cast<QFileDialog *>(window);
-        QVERIFY(dialog);
-        QCOMPARE(dialog->windowTitle(), exportTitle);
-        QCOMPARE(dialog->directory().canonicalPath(), QDir(store->path()).canonicalPath());
-        QVERIFY(dialog->testOption(QFileDialog::ShowDirsOnly));
-        QVERIFY(dialog->testOption(QFileDialog::DontUseNativeDialog));
-        dialog->close();
-    });
-    view->onExportScheme();
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-}
-
-void tst_VTColorSchemeView::exportWritesEverySelectedScheme()
-{
-    view->setGroup(1, 0, makeGroup("g", {"a", "b", "c"}));
-    selectRows(*view, {0, 2});
-    ModalDriver driver;
-    driver.next(choose({store->path()}));
-    driver.next(expectBox(exportTitle, exported, QMessageBox::Ok));
-    view->onExportScheme();
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QCOMPARE(QDir(store->path()).entryList(QDir::Files), (QStringList{"a.vcs", "c.vcs"}));
-    VOColorScheme read;
-    QVERIFY(VOColorSchemeManager::readFile(read, toVOString(store->path("c.vcs"))));
-    QCOMPARE(toQString(read.name), QStringLiteral("c"));
-}
-
-void tst_VTColorSchemeView::exportCanBeCanceled()
-{
-    view->setGroup(1, 0, makeGroup("g", {"a"}));
-    view->selectRow(0);
-    ModalDriver driver;
-    driver.next([](QWidget *dialog) { dialog->close(); });
-    view->onExportScheme();
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QVERIFY(QDir(store->path()).isEmpty());
-}
-
-void tst_VTColorSchemeView::exportTurnsBackslashes()
-{
-    // Here a folder's name may hold a backslash; as a path it means the folder below.
-    QVERIFY(QDir(store->path()).mkdir(QStringLiteral("x\\y")));
-    QVERIFY(QDir(store->path()).mkpath(QStringLiteral("x/y")));
-    view->setGroup(1, 0, makeGroup("g", {"a"}));
-    view->selectRow(0);
-    ModalDriver driver;
-    driver.next(choose({store->path(QStringLiteral("x\\y"))}));
-    driver.next(expectBox(exportTitle, exported, QMessageBox::Ok));
-    view->onExportScheme();
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QVERIFY(QFile::exists(store->path(QStringLiteral("x/y/a.vcs"))));
-}
-
-void tst_VTColorSchemeView::exportGoesOnAfterAFailure()
-{
-    auto group = makeGroup("g", {"a", "without ramp", "c"});
-    delete group.schemes[1].colorRamp;
-    group.schemes[1].colorRamp = nullptr;
-    view->setGroup(1, 0, group);
-    view->selectAll();
-    ModalDriver driver;
-    driver.next(choose({store->path()}));
-    driver.next(expectBox(exportTitle, notExported, QMessageBox::Close));
-    view->onExportScheme();
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QCOMPARE(QDir(store->path()).entryList(QDir::Files), (QStringList{"a.vcs", "c.vcs"}));
-}
-
-void tst_VTColorSchemeView::exportOfTwoEqualNamesKeepsTheLater()
-{
-    auto group = makeGroup("g", {"a", "a"});
-    group.schemes[1].describe = L"the later";
-    view->setGroup(1, 0, group);
-    view->selectAll();
-    ModalDriver driver;
-    driver.next(choose({store->path()}));
-    driver.next(expectBox(exportTitle, exported, QMessageBox::Ok));
-    view->onExportScheme();
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    VOColorScheme read;
-    QVERIFY(VOColorSchemeManager::readFile(read, toVOString(store->path("a.vcs"))));
-    QCOMPARE(toQString(read.describe), QStringLiteral("the later"));
-}
-
-void tst_VTColorSchemeView::exportKeepsInsideTheChosenFolder_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("upwards") << QString("../up");
-    QTest::newRow("absolute") << QString("/etc/scheme");
-    QTest::newRow("below") << QString("sub/scheme");
-    QTest::newRow("backslashes") << QString("..\\up");
-    QTest::newRow("only dots") << QString("..");
-    QTest::newRow("empty") << QString();
-    QTest::newRow("line feed") << QString("a\nb");
-    QTest::newRow("very long") << QString(400, QLatin1Char('x'));
-}
-
-void tst_VTColorSchemeView::exportKeepsInsideTheChosenFolder()
-{
-    QFETCH(QString, name);
-    QVERIFY(QDir(store->path()).mkdir(QStringLiteral("chosen")));
-    QVERIFY(QDir(store->path()).mkdir(QStringLiteral("chosen/sub")));
-    view->setGroup(1, 0, makeGroup("g", {name}));
-    view->selectRow(0);
-    ModalDriver driver;
-    driver.next(choose({store->path(QStringLiteral("chosen"))}));
-    driver.next(expectBox(exportTitle, exported, QMessageBox::Ok));
-    view->onExportScheme();
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    const QDir chosen(store->path(QStringLiteral("chosen")));
-    const QStringList files = chosen.entryList(QDir::Files | QDir::Hidden);
-    QCOMPARE(files.size(), 1);
-    QVERIFY(files.first().endsWith(QLatin1String(".vcs")));
-    QVERIFY(QDir(store->path()).entryList(QDir::Files | QDir::Hidden).isEmpty());
-    QVERIFY(QDir(chosen.filePath(QStringLiteral("sub"))).isEmpty());
-    // The name itself is in the file.
-    VOColorScheme read;
-    QVERIFY(VOColorSchemeManager::readFile(read, toVOString(chosen.filePath(files.first()))));
-    QCOMPARE(toQString(read.name), name);
-}
-
 void tst_VTColorSchemeView::theDelegateEditsByTheEditRole()
 {
     view->setGroup(1, 0, makeGroup("g", {"a", "b"}));
@@ -516,23 +308,6 @@ void tst_VTColorSchemeView::assistiveToolsHearOfTheCurrentRow()
     QCOMPARE(interface->text(QAccessible::Description), QString());
 }
 
-void tst_VTColorSchemeView::exportPassesOverRowsThatAreGone()
-{
-    view->setGroup(1, 0, makeGroup("g", {"a", "b"}));
-    view->selectAll();
-    ModalDriver driver;
-    driver.next([&](QWidget *window) {
-        auto &schemes = view->schemeModel()->group().schemes;
-        schemes.erase(schemes.begin() + 1);
-        schemes.shrink_to_fit();
-        choose({store->path()})(window);
-    });
-    driver.next(expectBox(exportTitle, exported, QMessageBox::Ok));
-    view->onExportScheme();
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QCOMPARE(QDir(store->path()).entryList(QDir::Files), QStringList{"a.vcs"});
-}
-
 void tst_VTColorSchemeView::aRowThatIsGoneIsNotEdited()
 {
     view->setGroup(1, 0, makeGroup("g", {"a", "b"}));
@@ -568,11 +343,10 @@ void tst_VTColorSchemeView::theDelegateBearsMissingPartners()
 
 void tst_VTColorSchemeView::itsTextsAreTranslatedUnderTheirClass()
 {
-    EchoTranslator translator;
-    QVERIFY(QCoreApplication::installTranslator(&translator));
+    const Tagger tagger;
     VTColorSchemeView other(nullptr);
-    const QStringList titles{QString(), "VTColorSchemeModel/ColorRamp", "VTColorSchemeModel/Name",
-                             "VTColorSchemeModel/Author", "VTColorSchemeModel/Describe"};
+    const QStringList titles{QString(), "VTColorSchemeModel:ColorRamp", "VTColorSchemeModel:Name",
+                             "VTColorSchemeModel:Author", "VTColorSchemeModel:Describe"};
     for (int column = 0; column < titles.size(); ++column)
         QCOMPARE(other.schemeModel()->headerData(column, Qt::Horizontal).toString(),
                  titles[column]);
@@ -584,17 +358,16 @@ void tst_VTColorSchemeView::itsTextsAreTranslatedUnderTheirClass()
         for (const QAction *below : action->menu() ? action->menu()->actions() : QList<QAction *>())
             texts.append(below->text());
     }
-    QCOMPARE(texts, (QStringList{"VTColorSchemeView/Copy to", "VTColorSchemeView/Default",
-                                 "VTColorSchemeView/Custom", "VTColorSchemeView/Export",
-                                 "VTColorSchemeView/Favorite"}));
+    QCOMPARE(texts, (QStringList{"VTColorSchemeView:Copy to", "VTColorSchemeView:Default",
+                                 "VTColorSchemeView:Custom", "VTColorSchemeView:Export",
+                                 "VTColorSchemeView:Favorite"}));
     QCOMPARE(menu->actions().first()->menu()->parent(), menu);
     ModalDriver driver;
-    driver.next(expectBox(QStringLiteral("VTColorSchemeView/Export color scheme"),
-                          QStringLiteral("VTColorSchemeView/No color scheme selected!"),
+    driver.next(expectBox(QStringLiteral("VTColorSchemeView:Export color scheme"),
+                          QStringLiteral("VTColorSchemeView:No color scheme selected!"),
                           QMessageBox::Close));
     other.onExportScheme();
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QCoreApplication::removeTranslator(&translator);
 }
 
 void tst_VTColorSchemeView::aNameIsJudgedByTheRowThatItsEditorKeeps_data()
@@ -629,5 +402,5 @@ void tst_VTColorSchemeView::aNameIsJudgedByTheRowThatItsEditorKeeps()
     QCOMPARE(field.findChild<QLabel *>(QStringLiteral("label"))->isHidden(), ok);
 }
 
-QTEST_MAIN(tst_VTColorSchemeView)
+VT_TEST_MAIN(tst_VTColorSchemeView)
 #include "tst_VTColorSchemeView.moc"

@@ -1,5 +1,7 @@
 #include "colorscheme/manager/VTLineEditWidget.h"
 
+#include "tests/support/TestMain.h"
+
 #include <QFile>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -196,5 +198,5 @@ void tst_VTLineEditWidget::withoutTheAnimationTheIconStaysBlank()
     QVERIFY2(process.exitCode() == 0, process.readAllStandardOutput().constData());
 }
 
-QTEST_MAIN(tst_VTLineEditWidget)
+VT_TEST_MAIN(tst_VTLineEditWidget)
 #include "tst_VTLineEditWidget.moc"

@@ -1,4 +1,5 @@
 #include "colorscheme/manager/WorkingCopies_p.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
@@ -294,5 +295,5 @@ void tst_WorkingCopies::whatIsWrittenReplacesTheGroup()
     QCOMPARE(names({CustomTeam, 2}), QStringList{"x"});
 }
 
-QTEST_MAIN(tst_WorkingCopies)
+VT_TEST_MAIN(tst_WorkingCopies)
 #include "tst_WorkingCopies.moc"

@@ -1,5 +1,6 @@
 #include "colorscheme/manager/WorkingCopies_p.h"
-#include "tests/colorscheme/manager/ManagerUser.h"
+#include "tests/support/ManagerUser.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 
@@ -126,5 +127,5 @@ void tst_appendedSchemes::aGroupsOwnSchemesCanBeAppendedToIt()
     QCOMPARE(schemeNames(*copies.group({0, 0})), expected);
 }
 
-QTEST_MAIN(tst_appendedSchemes)
+VT_TEST_MAIN(tst_appendedSchemes)
 #include "tst_appendedSchemes.moc"

@@ -1,4 +1,6 @@
-#include "tests/colorscheme/manager/ManagerUser.h"
+#include "tests/support/ManagerUser.h"
+#include "tests/support/Tagger.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 
@@ -7,7 +9,6 @@
 #include <QMessageBox>
 #include <QStandardItemModel>
 #include <QToolBar>
-#include <QTranslator>
 #include <QtTest>
 
 #include <memory>
@@ -53,20 +54,6 @@ QImage imageOf(const char *file, int size)
 {
     return imageOf(QIcon(QLatin1String(file)), size);
 }
-
-/// Answers every text with its context before it.
-class Tagger : public QTranslator
-{
-public:
-    Tagger() { QCoreApplication::installTranslator(this); }
-    ~Tagger() override { QCoreApplication::removeTranslator(this); }
-    QString translate(const char *context, const char *text, const char * /*hint*/,
-                      int /*n*/) const override
-    {
-        return QLatin1String(context) + QLatin1Char(':') + QLatin1String(text);
-    }
-    bool isEmpty() const override { return false; }
-};
 
 QString ofForm(const char *text)
 {
@@ -262,5 +249,5 @@ void tst_managerForm::slotsArePrivate()
     QCOMPARE(meta.methodCount() - meta.methodOffset(), 15);
 }
 
-QTEST_MAIN(tst_managerForm)
+VT_TEST_MAIN(tst_managerForm)
 #include "tst_managerForm.moc"

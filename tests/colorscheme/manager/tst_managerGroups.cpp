@@ -1,30 +1,26 @@
-#include "colorscheme/manager/ColorSchemeNodeInfo.h"
 #include "colorscheme/manager/VTLineEditWidget.h"
-#include "tests/colorscheme/manager/ManagerUser.h"
+#include "tests/support/ManagerTest.h"
+#include "tests/support/ManagerUser.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 
-#include <QAction>
 #include <QLineEdit>
-#include <QMenu>
 #include <QMessageBox>
 #include <QStandardItemModel>
 #include <QtTest>
 
-#include <memory>
-
 using VTObjects::toQString;
-using VTObjects::VOColorSchemeGroup;
 using VTObjects::VOColorSchemeManager;
 
 /// The manager's commands on groups: add, delete, copy into.
-class tst_managerGroups : public QObject
+class tst_managerGroups : public ManagerGroupsTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void aNewGroupIsProposedByNumber_data();
     void aNewGroupIsProposedByNumber();
@@ -39,69 +35,8 @@ private Q_SLOTS:
     void deletingAGroupAboveTheShownOneMovesItsPosition();
     void deletingAGroupBelowTheShownOneKeepsItsPosition();
     void deletingTheLastGroupLeavesAnEmptyTeam();
-    void copiesGoIntoABuiltInGroupUnderFreeNames();
-    void copiesIntoACustomGroupShareTheirNewName();
-    void theNewNameInACustomGroupComesFromTheBuiltInOneAtItsPlace_data();
-    void theNewNameInACustomGroupComesFromTheBuiltInOneAtItsPlace();
-    void copiesTakeUnsavedEditsAlong();
-    void copyingNothingStillAsksToSave();
-    void copiesIntoAnotherGroupOfTheShownNameAreKept();
-    void aDeletedTargetIsIgnored();
-    void anUnknownBuiltInTargetMeansTheFirstGroup();
     void aNodeWithoutItsGroupIsJustRemoved();
-
-private:
-    void open();
-    void copyTo(int team, const QString &group);
-    QStringList copyNames(int team, int group) const;
-
-    std::unique_ptr<TestStore> store;
-    std::unique_ptr<VTColorSchemeManager> manager;
-    std::unique_ptr<ManagerUser> user;
 };
-
-void tst_managerGroups::init()
-{
-    store = std::make_unique<TestStore>();
-    auto *records = VOColorSchemeManager::instance();
-    records->defaultTeam.groups = {makeGroup("DEM", {"a", "b"}), makeGroup("Unique", {"u"})};
-    records->customTeam.groups = {makeGroup("First", {"a", "b", "c"}), makeGroup("Second", {"s"}),
-                                  makeGroup("Third", {"t1", "t2"})};
-    records->favoriteTeam.groups = {makeGroup("DEM", {"f"})};
-}
-
-void tst_managerGroups::cleanup()
-{
-    user.reset();
-    manager.reset();
-    store.reset();
-}
-
-void tst_managerGroups::open()
-{
-    manager = std::make_unique<VTColorSchemeManager>();
-    user = std::make_unique<ManagerUser>(*manager);
-    manager->show();
-    manager->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(manager.get()));
-}
-
-void tst_managerGroups::copyTo(int team, const QString &group)
-{
-    const std::unique_ptr<QMenu> menu(team == 0 ? manager->defaultMenu() : manager->customMenu());
-    for (QAction *action : menu->actions()) {
-        if (action->text() == group) {
-            action->trigger();
-            return;
-        }
-    }
-    QFAIL("no such group in the menu");
-}
-
-QStringList tst_managerGroups::copyNames(int team, int group) const
-{
-    return schemeNames(workingCopy(*manager, team).groups.at(std::size_t(group)));
-}
 
 void tst_managerGroups::aNewGroupIsProposedByNumber_data()
 {
@@ -339,142 +274,6 @@ void tst_managerGroups::deletingTheLastGroupLeavesAnEmptyTeam()
     QVERIFY(user->table->teamKind != 1 || user->table->groupIndex == -1);
 }
 
-void tst_managerGroups::copiesGoIntoABuiltInGroupUnderFreeNames()
-{
-    open();
-    user->click(1, 0);
-    user->select({0, 1, 2});
-    copyTo(0, QStringLiteral("For DEM"));
-    QCOMPARE(copyNames(0, 0), (QStringList{"a", "b", "add_scheme1", "add_scheme2", "c"}));
-    copyTo(0, QStringLiteral("For DEM"));
-    QCOMPARE(copyNames(0, 0), (QStringList{"a", "b", "add_scheme1", "add_scheme2", "c",
-                                           "add_scheme3", "add_scheme4", "add_scheme5"}));
-    // Neither table nor tree are touched, nor the store.
-    QCOMPARE(user->names(), (QStringList{"a", "b", "c"}));
-    QCOMPARE(user->table->selectedRowNumbers(), (QVector<int>{0, 1, 2}));
-    QCOMPARE(VOColorSchemeManager::instance()->defaultTeam.groups[0].schemes.size(),
-             std::size_t(2));
-    const auto &copied = workingCopy(*manager, 0).groups[0].schemes[2];
-    QVERIFY(copied.colorRamp);
-    QVERIFY(copied.colorRamp != user->model->group().schemes[0].colorRamp);
-}
-
-void tst_managerGroups::copiesIntoACustomGroupShareTheirNewName()
-{
-    open();
-    user->click(0, 0);
-    user->select({0, 1});
-    copyTo(1, QStringLiteral("First"));
-    QCOMPARE(copyNames(1, 0), (QStringList{"a", "b", "c", "add_scheme1", "add_scheme1"}));
-    copyTo(1, QStringLiteral("Second"));
-    QCOMPARE(copyNames(1, 1), (QStringList{"s", "a", "b"}));
-}
-
-void tst_managerGroups::theNewNameInACustomGroupComesFromTheBuiltInOneAtItsPlace_data()
-{
-    QTest::addColumn<QStringList>("builtIn");
-    QTest::addColumn<int>("position");
-    QTest::addColumn<QString>("newName");
-    QTest::newRow("numbered there") << QStringList{"add_scheme4"} << 1 << QString("add_scheme5");
-    QTest::newRow("numbered elsewhere")
-        << QStringList{"add_scheme4"} << 0 << QString("add_scheme1");
-    QTest::newRow("no such built-in group")
-        << QStringList{"add_scheme4"} << 2 << QString("add_scheme1");
-}
-
-void tst_managerGroups::theNewNameInACustomGroupComesFromTheBuiltInOneAtItsPlace()
-{
-    QFETCH(QStringList, builtIn);
-    QFETCH(int, position);
-    QFETCH(QString, newName);
-    auto *records = VOColorSchemeManager::instance();
-    records->defaultTeam.groups[1] = makeGroup("Unique", builtIn);
-    for (VOColorSchemeGroup &group : records->customTeam.groups)
-        group.schemes = makeGroup("", {"a", "add_scheme1", "add_scheme9"}).schemes;
-    open();
-    user->click(0, 0);
-    user->select({0});
-    copyTo(1, user->groups(1).at(position));
-    QCOMPARE(copyNames(1, position), (QStringList{"a", "add_scheme1", "add_scheme9", newName}));
-}
-
-void tst_managerGroups::copiesTakeUnsavedEditsAlong()
-{
-    open();
-    user->click(1, 0);
-    user->model->setData(user->model->index(1, 2), QStringLiteral("edited"));
-    user->select({1});
-    copyTo(0, QStringLiteral("For unique"));
-    QCOMPARE(copyNames(0, 1), (QStringList{"u", "edited"}));
-}
-
-void tst_managerGroups::copyingNothingStillAsksToSave()
-{
-    for (const int team : {0, 1}) {
-        open();
-        user->table->clearSelection();
-        copyTo(team, team == 0 ? QStringLiteral("For unique") : QStringLiteral("Second"));
-        QCOMPARE(copyNames(team, 1).size(), 1);
-        ModalDriver driver;
-        driver.next(pressText(QStringLiteral("Cancel")));
-        QTest::mouseClick(user->ok, Qt::LeftButton);
-        QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-        user.reset();
-        manager.reset();
-    }
-}
-
-void tst_managerGroups::copiesIntoAnotherGroupOfTheShownNameAreKept()
-{
-    // Two groups of one name: the name stands for the first, which is the shown one.
-    auto &groups = VOColorSchemeManager::instance()->customTeam.groups;
-    groups = {makeGroup("Twin", {"a"}), makeGroup("Twin", {"b"})};
-    open();
-    user->click(1, 0);
-    user->select({0});
-    copyTo(1, QStringLiteral("Twin"));
-    ModalDriver driver;
-    driver.next(pressText(QStringLiteral("Yes")));
-    QTest::mouseClick(user->ok, Qt::LeftButton);
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QCOMPARE(schemeNames(groups[0]), (QStringList{"a", "add_scheme1"}));
-    QCOMPARE(schemeNames(groups[1]), QStringList{"b"});
-}
-
-void tst_managerGroups::aDeletedTargetIsIgnored()
-{
-    open();
-    user->click(0, 0);
-    const std::unique_ptr<QMenu> menu(manager->customMenu());
-    QAction *target = menu->actions().first();
-    user->click(1, 0);
-    ModalDriver driver;
-    driver.next(pressText(QStringLiteral("Delete")));
-    user->command("actionDelete_group");
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    target->trigger();
-    QCOMPARE(copyNames(1, 0), QStringList{"s"});
-    QCOMPARE(copyNames(1, 1), (QStringList{"t1", "t2"}));
-    // Without an action to say where, nothing is copied either.
-    QVERIFY(QMetaObject::invokeMethod(manager.get(), "onCopyCustomGroup", Q_ARG(bool, false)));
-    QVERIFY(QMetaObject::invokeMethod(manager.get(), "onCopyDefaultGroup", Q_ARG(bool, false)));
-    QCOMPARE(copyNames(0, 0), (QStringList{"a", "b"}));
-}
-
-void tst_managerGroups::anUnknownBuiltInTargetMeansTheFirstGroup()
-{
-    open();
-    user->click(1, 2);
-    user->select({1});
-    QAction action;
-    action.setData(QVariant::fromValue(ColorSchemeNodeInfo("Nowhere", GroupNode)));
-    QVERIFY(
-        connect(&action, SIGNAL(triggered(bool)), manager.get(), SLOT(onCopyDefaultGroup(bool))));
-    action.trigger();
-    QCOMPARE(copyNames(0, 0), (QStringList{"a", "b", "t2"}));
-    QCOMPARE(copyNames(0, 1), QStringList{"u"});
-}
-
 void tst_managerGroups::aNodeWithoutItsGroupIsJustRemoved()
 {
     // The tree's model can be reached from outside.
@@ -492,5 +291,5 @@ void tst_managerGroups::aNodeWithoutItsGroupIsJustRemoved()
     QCOMPARE(workingCopy(*manager, 1).groups.size(), std::size_t(3));
 }
 
-QTEST_MAIN(tst_managerGroups)
+VT_TEST_MAIN(tst_managerGroups)
 #include "tst_managerGroups.moc"

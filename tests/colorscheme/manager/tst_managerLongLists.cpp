@@ -1,4 +1,5 @@
-#include "tests/colorscheme/manager/ManagerUser.h"
+#include "tests/support/ManagerUser.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 
@@ -205,5 +206,5 @@ void tst_managerLongLists::tenThousandCopiesGetNumbersOfTheirOwn()
         QCOMPARE(names[many + i], QStringLiteral("add_scheme%1").arg(i + 1));
 }
 
-QTEST_MAIN(tst_managerLongLists)
+VT_TEST_MAIN(tst_managerLongLists)
 #include "tst_managerLongLists.moc"

@@ -1,45 +1,27 @@
-#include "colorscheme/manager/VTLineEditWidget.h"
-#include "tests/colorscheme/manager/ManagerUser.h"
+#include "tests/support/ManagerUser.h"
+#include "tests/support/RenamingTest.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMessageBox>
 #include <QSignalSpy>
 #include <QToolBar>
 #include <QToolButton>
-#include <QWindow>
 #include <QtTest>
-
-#include <memory>
 
 using VTObjects::VOColorSchemeManager;
 
-namespace {
-
-// The toolkit's table complains when it is told of an editor that it no longer has.
-int complaints = 0;
-
-void countComplaints(QtMsgType /*type*/, const QMessageLogContext & /*context*/,
-                     const QString &message)
-{
-    if (message.startsWith(QLatin1String("QAbstractItemView")))
-        ++complaints;
-}
-
-} // namespace
-
 /// Names edited in the table of a manager, by mouse and keyboard through the window system.
-class tst_renamingInPlace : public QObject
+class tst_renamingInPlace : public RenamingTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void aDoubleClickPutsTheKeyboardIntoTheSelectedName();
     void returnCommitsWhatWasTyped();
@@ -54,108 +36,12 @@ private Q_SLOTS:
     void leavingTheWindowCommits();
     void escapeRestoresTheNameAndLeavesOkEnabled();
     void escapeClosesTheFieldAndNotTheManager();
-    void theIconTellsWhyANameCannotBeTaken_data();
-    void theIconTellsWhyANameCannotBeTaken();
-    void aBadNameBecomesAGeneratedOne_data();
-    void aBadNameBecomesAGeneratedOne();
-    void theOwnNameIsNoClash();
-    void blanksAroundANameAreKeptButDoNotCount();
-    void theCellBehindTheFieldDoesNotShine();
-    void authorAndDescriptionTakeAnyText();
-    void aResetUnderTheFieldIsSurvived();
-    void aRemovedRowUnderTheFieldIsSurvived();
-    void theTreeUnderTheFieldCanLoseItsGroup();
-    void theManagerUnderTheFieldCanGo();
-    void theTableUnderTheFieldCanGo();
     void theClearButtonIsTypingToo();
     void theKeypadsEnterCommits();
     void aDoubleClickOnTheNextNameCommitsAndEditsThat();
     void theFieldsOwnMenuDoesNotEndTheEditing();
     void aRightClickOnAnotherRowCommits();
-
-private:
-    QPoint cell(int row, int column) const;
-    void clickAt(QWidget *widget, const QPoint &place);
-    void edit(int row, int column = 2);
-    void type(const QString &text);
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    VTLineEditWidget *editor() const;
-    QString warning() const;
-
-    std::unique_ptr<TestStore> store;
-    std::unique_ptr<VTColorSchemeManager> manager;
-    std::unique_ptr<ManagerUser> user;
-    QWindow *window = nullptr;
 };
-
-void tst_renamingInPlace::init()
-{
-    complaints = 0;
-    qInstallMessageHandler(countComplaints);
-    store = std::make_unique<TestStore>();
-    auto &groups = VOColorSchemeManager::instance()->customTeam.groups;
-    groups.push_back(makeGroup("Mine", {"a", "b", "c", "rename_4"}));
-    groups.push_back(makeGroup("Other", {"x"}));
-    manager = std::make_unique<VTColorSchemeManager>();
-    user = std::make_unique<ManagerUser>(*manager);
-    manager->show();
-    manager->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(manager.get()));
-    window = manager->windowHandle();
-    user->click(1, 0);
-    QCOMPARE(user->names(), (QStringList{"a", "b", "c", "rename_4"}));
-}
-
-void tst_renamingInPlace::cleanup()
-{
-    user.reset();
-    manager.reset();
-    store.reset();
-    qInstallMessageHandler(nullptr);
-    QCOMPARE(complaints, 0);
-}
-
-QPoint tst_renamingInPlace::cell(int row, int column) const
-{
-    return user->table->visualRect(user->model->index(row, column)).center();
-}
-
-void tst_renamingInPlace::clickAt(QWidget *widget, const QPoint &place)
-{
-    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, widget->mapTo(manager.get(), place));
-}
-
-void tst_renamingInPlace::edit(int row, int column)
-{
-    QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier,
-                       user->table->viewport()->mapTo(manager.get(), cell(row, column)));
-    QTRY_VERIFY(qobject_cast<QLineEdit *>(QApplication::focusWidget()));
-}
-
-void tst_renamingInPlace::type(const QString &text)
-{
-    for (const QChar &character : text)
-        QTest::keyClick(window, character.toLatin1());
-}
-
-void tst_renamingInPlace::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
-{
-    QTest::keyClick(window, key, modifiers);
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
-VTLineEditWidget *tst_renamingInPlace::editor() const
-{
-    auto *widget = user->table->viewport()->findChild<VTLineEditWidget *>();
-    return widget && !widget->isHidden() ? widget : nullptr;
-}
-
-QString tst_renamingInPlace::warning() const
-{
-    auto *icon = editor()->findChild<QLabel *>(QStringLiteral("label"));
-    return icon->isHidden() ? QString() : icon->toolTip();
-}
 
 void tst_renamingInPlace::aDoubleClickPutsTheKeyboardIntoTheSelectedName()
 {
@@ -337,177 +223,6 @@ void tst_renamingInPlace::escapeClosesTheFieldAndNotTheManager()
     QTRY_VERIFY(!manager->isVisible());
 }
 
-void tst_renamingInPlace::theIconTellsWhyANameCannotBeTaken_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("empty") << QString() << QString("The name cannot be empty!");
-    QTest::newRow("taken") << QString("c") << QString("The name already exists!");
-    QTest::newRow("taken but for blanks") << QString(" c ") << QString("The name already exists!");
-    QTest::newRow("blanks only") << QString("  ") << QString();
-    QTest::newRow("its own") << QString("b") << QString();
-    QTest::newRow("free") << QString("new") << QString();
-}
-
-void tst_renamingInPlace::theIconTellsWhyANameCannotBeTaken()
-{
-    QFETCH(QString, typed);
-    QFETCH(QString, reason);
-    edit(1);
-    type(QStringLiteral("zz"));
-    QCOMPARE(warning(), QString());
-    QVERIFY(user->ok->isEnabled());
-    press(Qt::Key_Backspace);
-    press(Qt::Key_Backspace);
-    QCOMPARE(warning(), QStringLiteral("The name cannot be empty!"));
-    QVERIFY(!user->ok->isEnabled());
-    type(typed);
-    QCOMPARE(warning(), reason);
-    QCOMPARE(user->ok->isEnabled(), reason.isEmpty());
-    QCOMPARE(user->names().at(1), QStringLiteral("b"));
-}
-
-void tst_renamingInPlace::aBadNameBecomesAGeneratedOne_data()
-{
-    QTest::addColumn<QString>("typed");
-    QTest::newRow("nothing") << QString();
-    QTest::newRow("taken") << QString("a");
-    QTest::newRow("blanks") << QString("   ");
-    QTest::newRow("taken but for blanks") << QString("  c");
-}
-
-void tst_renamingInPlace::aBadNameBecomesAGeneratedOne()
-{
-    QFETCH(QString, typed);
-    edit(1);
-    press(Qt::Key_Backspace);
-    type(typed);
-    press(Qt::Key_Return);
-    QCOMPARE(user->names(), (QStringList{"a", "rename_5", "c", "rename_4"}));
-    QVERIFY(user->ok->isEnabled());
-    // The row's own name does not count among the taken ones.
-    edit(3);
-    type(QStringLiteral("a"));
-    press(Qt::Key_Return);
-    QCOMPARE(user->names().at(3), QStringLiteral("rename_6"));
-    edit(1);
-    type(QStringLiteral("plain"));
-    press(Qt::Key_Return);
-    edit(3);
-    type(QStringLiteral("a"));
-    press(Qt::Key_Return);
-    QCOMPARE(user->names().at(3), QStringLiteral("rename_1"));
-}
-
-void tst_renamingInPlace::theOwnNameIsNoClash()
-{
-    edit(1);
-    type(QStringLiteral("b"));
-    QVERIFY(user->ok->isEnabled());
-    press(Qt::Key_Return);
-    QCOMPARE(user->names().at(1), QStringLiteral("b"));
-}
-
-void tst_renamingInPlace::blanksAroundANameAreKeptButDoNotCount()
-{
-    edit(1);
-    type(QStringLiteral(" new "));
-    press(Qt::Key_Return);
-    QCOMPARE(user->names().at(1), QStringLiteral(" new "));
-}
-
-void tst_renamingInPlace::theCellBehindTheFieldDoesNotShine()
-{
-    edit(1);
-    type(QStringLiteral("c"));
-    const QImage picture = editor()->grab().toImage();
-    QVERIFY(editor()->autoFillBackground());
-    // Beside the icon lies the field's own ground and not the selected row.
-    QCOMPARE(picture.pixelColor(picture.width() - 1, 1), editor()->palette().color(QPalette::Base));
-}
-
-void tst_renamingInPlace::authorAndDescriptionTakeAnyText()
-{
-    edit(1, 3);
-    QVERIFY(!editor());
-    press(Qt::Key_Delete);
-    press(Qt::Key_Return);
-    edit(1, 4);
-    type(QStringLiteral(" text "));
-    press(Qt::Key_Return);
-    QCOMPARE(user->model->index(1, 3).data().toString(), QString());
-    QCOMPARE(user->model->index(1, 4).data().toString(), QStringLiteral(" text "));
-}
-
-void tst_renamingInPlace::aResetUnderTheFieldIsSurvived()
-{
-    edit(3);
-    type(QStringLiteral("c"));
-    QVERIFY(!user->ok->isEnabled());
-    user->table->setGroup(1, 1, makeGroup("Other", {"x"}));
-    QCoreApplication::processEvents();
-    QVERIFY(!editor());
-    QCOMPARE(user->names(), QStringList{"x"});
-    QVERIFY(user->ok->isEnabled());
-}
-
-void tst_renamingInPlace::aRemovedRowUnderTheFieldIsSurvived()
-{
-    edit(3);
-    type(QStringLiteral("c"));
-    user->model->removeScheme(3, QModelIndex());
-    QCoreApplication::processEvents();
-    QVERIFY(!editor());
-    QCOMPARE(user->names(), (QStringList{"a", "b", "c"}));
-    QVERIFY(user->ok->isEnabled());
-}
-
-void tst_renamingInPlace::theTreeUnderTheFieldCanLoseItsGroup()
-{
-    edit(3);
-    type(QStringLiteral("c"));
-    ModalDriver driver;
-    driver.next(pressText(QStringLiteral("Delete")));
-    user->command("actionDelete_group");
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QVERIFY(!editor());
-    QCOMPARE(user->groups(1), QStringList{"Other"});
-    QVERIFY(user->ok->isEnabled());
-}
-
-void tst_renamingInPlace::theManagerUnderTheFieldCanGo()
-{
-    edit(1);
-    type(QStringLiteral("c"));
-    user.reset();
-    manager.reset();
-    QCOMPARE(schemeNames(VOColorSchemeManager::instance()->customTeam.groups[0]),
-             (QStringList{"a", "b", "c", "rename_4"}));
-    // The next manager starts without changes.
-    VTColorSchemeManager next;
-    ModalDriver driver;
-    QMetaObject::invokeMethod(&next, "onOk");
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QCOMPARE(next.result(), int(QDialog::Accepted));
-}
-
-void tst_renamingInPlace::theTableUnderTheFieldCanGo()
-{
-    auto table = std::make_unique<VTColorSchemeView>(nullptr);
-    table->setGroup(1, 0, makeGroup("g", {"a", "b"}));
-    table->show();
-    table->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(table.get()));
-    table->edit(table->schemeModel()->index(0, 2));
-    auto *field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
-    QVERIFY(field);
-    QTest::keyClicks(field, QStringLiteral("b"));
-    QSignalSpy information(table.get(), &VTColorSchemeView::information);
-    table.reset();
-    QVERIFY(information.isEmpty());
-    QVERIFY(!QApplication::focusWidget());
-}
-
 void tst_renamingInPlace::theClearButtonIsTypingToo()
 {
     edit(1);
@@ -584,5 +299,5 @@ void tst_renamingInPlace::aRightClickOnAnotherRowCommits()
         menu->close();
 }
 
-QTEST_MAIN(tst_renamingInPlace)
+VT_TEST_MAIN(tst_renamingInPlace)
 #include "tst_renamingInPlace.moc"

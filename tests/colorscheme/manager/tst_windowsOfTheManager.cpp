@@ -1,4 +1,5 @@
-#include "tests/colorscheme/manager/ManagerUser.h"
+#include "tests/support/ManagerUser.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 
@@ -98,5 +99,5 @@ void tst_windowsOfTheManager::whatTheTableOpensBelongsToTheTable()
     checkWindow(open, user->table);
 }
 
-QTEST_MAIN(tst_windowsOfTheManager)
+VT_TEST_MAIN(tst_windowsOfTheManager)
 #include "tst_windowsOfTheManager.moc"

@@ -1,4 +1,5 @@
-#include "tests/colorscheme/manager/ManagerUser.h"
+#include "tests/support/ManagerUser.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"
 
@@ -90,5 +91,5 @@ void tst_writingBackTheTable::deletingAGroupMarksOnlyAfterTheNextOneIsShown()
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
 }
 
-QTEST_MAIN(tst_writingBackTheTable)
+VT_TEST_MAIN(tst_writingBackTheTable)
 #include "tst_writingBackTheTable.moc"

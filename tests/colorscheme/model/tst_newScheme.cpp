@@ -1,5 +1,6 @@
 #include "colorscheme/model/defaultColorRamp_p.h"
 #include "colorscheme/model/newScheme_p.h"
+#include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOStringConversion.h"
@@ -46,5 +47,5 @@ void tst_newScheme::aNewSchemeIsNumberedInItsGroupAndNotInItYet()
     QCOMPARE(group.schemes.size(), std::size_t(2));
 }
 
-QTEST_MAIN(tst_newScheme)
+VT_TEST_MAIN(tst_newScheme)
 #include "tst_newScheme.moc"

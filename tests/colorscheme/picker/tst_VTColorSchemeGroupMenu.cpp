@@ -2,9 +2,11 @@
 #include "colorscheme/picker/VTColorSchemeGroupButton.h"
 #include "colorscheme/picker/VTColorSchemeGroupMenu.h"
 #include "colorscheme/picker/defaultGroupCaptions_p.h"
+#include "tests/support/DropDown.h"
 #include "tests/support/ModalDriver.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
+#include "tests/support/windowsLeft.h"
 #include "vomap/VOColorSchemeManager.h"
 
 #include <QApplication>
@@ -45,15 +47,6 @@ QStringList rows(const QWidget &chooser)
             result.append(button->text());
     }
     return result;
-}
-
-QPushButton *groupOf(const QWidget *chooser, const QString &text)
-{
-    for (QPushButton *button : chooser->findChildren<QPushButton *>()) {
-        if (button->text() == text)
-            return button;
-    }
-    return nullptr;
 }
 
 const QStringList defaultRows{QStringLiteral("[Default]"),    QStringLiteral("For DEM"),
@@ -121,7 +114,7 @@ void tst_VTColorSchemeGroupMenu::cleanup()
 {
     window.reset();
     store.reset();
-    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
+    QCOMPARE(windowsLeft(), QStringList());
 }
 
 void tst_VTColorSchemeGroupMenu::groupsStandBelowTheirTeams()

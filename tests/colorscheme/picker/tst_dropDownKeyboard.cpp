@@ -1,9 +1,10 @@
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "colorscheme/picker/VTColorSchemeGroupMenu.h"
-#include "tests/colorscheme/picker/DropDown.h"
+#include "tests/support/DropDown.h"
 #include "tests/support/ModalDriver.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
+#include "tests/support/windowsLeft.h"
 #include "vomap/VOColorSchemeManager.h"
 
 #include <QApplication>
@@ -80,7 +81,7 @@ void tst_dropDownKeyboard::cleanup()
     QApplication::setKeyboardInputInterval(inputInterval);
     host.reset();
     store.reset();
-    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
+    QCOMPARE(windowsLeft(), QStringList());
 }
 
 void tst_dropDownKeyboard::open(const ModalDriver::Handler &handler)

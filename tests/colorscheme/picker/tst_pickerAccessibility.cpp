@@ -1,6 +1,6 @@
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "colorscheme/picker/VTColorSchemeGroupMenu.h"
-#include "tests/colorscheme/picker/DropDown.h"
+#include "tests/support/DropDown.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorRamp.h"

@@ -1,71 +1,29 @@
-#include "colorscheme/editor/VTColorSchemeEditor.h"
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
-#include "colorscheme/picker/VTColorSchemeGroupMenu.h"
-#include "tests/colorscheme/picker/DropDown.h"
+#include "tests/support/DropDown.h"
 #include "tests/support/ModalDriver.h"
+#include "tests/support/PickerWindowTest.h"
 #include "tests/support/RealInput.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TestStore.h"
 #include "vomap/VOColorRamp.h"
-#include "vomap/VOColorSchemeManager.h"
-#include "vomap/VOEvenColorRamp.h"
-#include "vomap/VOStringConversion.h"
 
 #include <QApplication>
 #include <QDialog>
-#include <QLineEdit>
 #include <QScreen>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QtTest>
 
-#include <memory>
+using RealInput::centerOf;
 
 using namespace VTObjects;
 
-namespace {
-
-QPoint centerOf(const QWidget *widget)
-{
-    return widget->mapToGlobal(widget->rect().center());
-}
-
-QPushButton *groupOf(const QWidget *chooser, const QString &text)
-{
-    for (QPushButton *button : chooser->findChildren<QPushButton *>()) {
-        if (button->text() == text)
-            return button;
-    }
-    return nullptr;
-}
-
-/// Schemes that are told apart by their number of colours: scheme i has i % 50 + 1.
-VOColorSchemeGroup manySchemes(const QString &name, int count)
-{
-    VOColorSchemeGroup group;
-    group.name = toVOString(name);
-    for (int i = 0; i < count; ++i) {
-        VOColorScheme scheme;
-        scheme.name = toVOString(QStringLiteral("scheme %1").arg(i));
-        auto *ramp = new VOEvenColorRamp;
-        rgb_color<float> ends[] = {{200, 30, 30}, {20, 60, 220}};
-        ramp->setSourceColor(2, ends);
-        ramp->split(static_cast<unsigned int>(i % 50 + 1));
-        scheme.colorRamp = ramp;
-        group.schemes.push_back(scheme);
-    }
-    return group;
-}
-
-} // namespace
-
 /// The picker in real windows, driven through the window system.
-class tst_pickerWindows : public QObject
+class tst_pickerWindows : public PickerWindowTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void hoveredEntryIsBlueAndAClickChoosesItOnce();
     void wheelScrollsAndTheEntryBelowThePointerLightsUp();
@@ -74,72 +32,13 @@ private Q_SLOTS:
     void pressReleasedElsewhereChoosesNothing();
     void clickBesideTheDropDownClosesIt();
     void clickOnThePickerClosesIt();
-    void groupOfEachTeamIsPicked_data();
-    void groupOfEachTeamIsPicked();
-    void userDefineIsAnswered_data();
-    void userDefineIsAnswered();
     void keyboardAloneChooses_data();
     void keyboardAloneChooses();
     void pickerAtTheEdgeOfTheScreen_data();
     void pickerAtTheEdgeOfTheScreen();
     void pickerInAScrolledDialog();
     void pickerWithoutAParent();
-
-private:
-    void open(const ModalDriver::Handler &handler);
-
-    std::unique_ptr<TestStore> store;
-    std::unique_ptr<QDialog> dialog;
-    std::unique_ptr<QSignalSpy> changed;
-    QLineEdit *before = nullptr;
-    VTColorSchemeComboBox *picker = nullptr;
-    VOColorSchemeManager *records = nullptr;
 };
-
-void tst_pickerWindows::init()
-{
-    store = std::make_unique<TestStore>();
-    records = VOColorSchemeManager::instance();
-    records->customTeam.groups = {manySchemes(QStringLiteral("Mine"), 30),
-                                  manySchemes(QStringLiteral("Yours"), 3)};
-    records->favoriteTeam.groups = {manySchemes(QStringLiteral("Best"), 2)};
-    dialog = std::make_unique<QDialog>();
-    dialog->setGeometry(400, 200, 400, 300);
-    before = new QLineEdit(dialog.get());
-    picker = new VTColorSchemeComboBox(dialog.get());
-    picker->setGeometry(60, 60, 200, 26);
-    QVERIFY(picker->setDefaultGroup(QStringLiteral("Custom"), 0, 0));
-    changed = std::make_unique<QSignalSpy>(picker, &VTColorSchemeComboBox::currentRampChanged);
-    RealInput::moveTo(QPoint(5, 5));
-    dialog->show();
-    dialog->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
-}
-
-void tst_pickerWindows::cleanup()
-{
-    RealInput::releaseButton();
-    changed.reset();
-    dialog.reset();
-    store.reset();
-    for (const QWidget *widget : QApplication::topLevelWidgets())
-        QVERIFY2(widget->windowType() == Qt::Desktop, widget->metaObject()->className());
-}
-
-/// Clicks on the picker and leaves the drop-down to the handler.
-void tst_pickerWindows::open(const ModalDriver::Handler &handler)
-{
-    ModalDriver driver;
-    driver.next([&handler](QWidget *opened) {
-        QVERIFY(qobject_cast<VTColorSchemeMenu *>(opened));
-        QVERIFY(QTest::qWaitForWindowExposed(opened));
-        handler(opened);
-    });
-    RealInput::click(picker);
-    QTRY_VERIFY2_WITH_TIMEOUT(driver.allSeen(), qPrintable(driver.problem()), 30000);
-    QTRY_VERIFY(!QApplication::activePopupWidget());
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-}
 
 void tst_pickerWindows::hoveredEntryIsBlueAndAClickChoosesItOnce()
 {
@@ -260,117 +159,6 @@ void tst_pickerWindows::clickOnThePickerClosesIt()
     });
     QCOMPARE(opened, 1);
     QCOMPARE(changed->count(), 0);
-}
-
-void tst_pickerWindows::groupOfEachTeamIsPicked_data()
-{
-    QTest::addColumn<QString>("group");
-    QTest::addColumn<QString>("team");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("favorite") << QStringLiteral("Best") << QStringLiteral("Favorite")
-                              << QStringLiteral("Best");
-    QTest::newRow("default") << QStringLiteral("For graph") << QStringLiteral("Default")
-                             << QStringLiteral("Graph");
-    QTest::newRow("custom") << QStringLiteral("Yours") << QStringLiteral("Custom")
-                            << QStringLiteral("Yours");
-}
-
-void tst_pickerWindows::groupOfEachTeamIsPicked()
-{
-    QFETCH(QString, group);
-    QFETCH(QString, team);
-    QFETCH(QString, name);
-    const VOColorSchemeTeam &expected = team == QLatin1String("Default")  ? records->defaultTeam
-                                        : team == QLatin1String("Custom") ? records->customTeam
-                                                                          : records->favoriteTeam;
-    const int index = expected.index(toVOString(name));
-    QVERIFY(index >= 0);
-    const QStringList schemes = schemeNames(expected.groups[static_cast<std::size_t>(index)]);
-    VOColorRamp *const ramp = picker->currentColorRamp();
-
-    QPointer<QWidget> dropDown;
-    ModalDriver driver;
-    driver.next([&dropDown](QWidget *opened) {
-        dropDown = opened;
-        QVERIFY(QTest::qWaitForWindowExposed(opened));
-        RealInput::click(centerOf(DropDown(opened).bar));
-    });
-    driver.next([&group, &dropDown](QWidget *chooser) {
-        QVERIFY(qobject_cast<VTColorSchemeGroupMenu *>(chooser));
-        QVERIFY(QTest::qWaitForWindowExposed(chooser));
-        const DropDown parts(dropDown);
-        QCOMPARE(chooser->geometry().right(), parts.bar->mapToGlobal(QPoint(0, 0)).x() - 3);
-        QCOMPARE(chooser->y(), parts.bar->mapToGlobal(QPoint(0, parts.bar->height() - 1)).y());
-        QPushButton *const button = groupOf(chooser, group);
-        QVERIFY(button);
-        // Once it is gone, the drop-down lists the group, and a click chooses of it
-        auto *const bar = parts.bar;
-        connect(bar, &VTColorSchemeGroupButton::textChanged, bar, [&dropDown] {
-            QTimer::singleShot(0, dropDown, [&dropDown] {
-                RealInput::click(centerOf(DropDown(dropDown).strip(1)));
-            });
-        });
-        RealInput::click(button);
-    });
-    // Between the two the picker still shows its old scheme.
-    connect(picker, &VTColorSchemeComboBox::currentRampChanged, picker, [&] {
-        QCOMPARE(DropDown(dropDown).names(), schemes);
-        QCOMPARE(DropDown(dropDown).bar->text(), group);
-    });
-    RealInput::click(picker);
-    QTRY_COMPARE_WITH_TIMEOUT(changed->count(), 1, 30000);
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QVERIFY(picker->currentColorRamp() != ramp);
-    const VOColorScheme &scheme = expected.groups[static_cast<std::size_t>(index)].schemes[1];
-    QCOMPARE(picker->currentColorRamp()->getLevel(), scheme.colorRamp->getLevel());
-}
-
-void tst_pickerWindows::userDefineIsAnswered_data()
-{
-    QTest::addColumn<QString>("button"); // nothing: Escape
-    QTest::addColumn<bool>("existed");
-    QTest::addColumn<int>("signalCount");
-    QTest::addColumn<int>("groupCount");
-    QTest::newRow("OK") << QStringLiteral("pushButton_ok") << false << 1 << 3;
-    QTest::newRow("Cancel") << QStringLiteral("pushButton_cancel") << false << 0 << 2;
-    QTest::newRow("Escape") << QString() << false << 0 << 2;
-    QTest::newRow("OK, old group") << QStringLiteral("pushButton_ok") << true << 1 << 3;
-    QTest::newRow("Escape, old group") << QString() << true << 0 << 3;
-}
-
-void tst_pickerWindows::userDefineIsAnswered()
-{
-    QFETCH(QString, button);
-    QFETCH(bool, existed);
-    QFETCH(int, signalCount);
-    QFETCH(int, groupCount);
-    if (existed)
-        records->customTeam.groups.push_back(makeGroup(QStringLiteral("User define"), {}));
-    ModalDriver driver;
-    driver.next([](QWidget *opened) {
-        QVERIFY(QTest::qWaitForWindowExposed(opened));
-        RealInput::click(centerOf(DropDown(opened).userDefine));
-    });
-    driver.next([&button](QWidget *editor) {
-        QVERIFY(qobject_cast<VTColorSchemeEditor *>(editor));
-        QVERIFY(QTest::qWaitForWindowActive(editor));
-        QVERIFY(!QApplication::activePopupWidget()); // the drop-down is out of the way
-        if (button.isEmpty())
-            RealInput::press(QStringLiteral("Escape"));
-        else
-            RealInput::click(centerOf(editor->findChild<QPushButton *>(button)));
-    });
-    RealInput::click(picker);
-    QTRY_VERIFY2_WITH_TIMEOUT(driver.allSeen(), qPrintable(driver.problem()), 30000);
-    QTRY_VERIFY(!QApplication::activeModalWidget() ||
-                QApplication::activeModalWidget() == dialog.get());
-    QTRY_COMPARE(changed->count(), signalCount);
-    QCOMPARE(records->customTeam.groups.size(), static_cast<std::size_t>(groupCount));
-    if (groupCount == 3) {
-        QCOMPARE(schemeNames(records->customTeam.groups[2]),
-                 QStringList(QStringLiteral("add_scheme1")));
-    }
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
 }
 
 void tst_pickerWindows::keyboardAloneChooses_data()

@@ -1,10 +1,11 @@
 #include "colorscheme/editor/VTColorSchemeEditor.h"
 #include "colorscheme/model/colorConversion.h"
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
-#include "tests/colorscheme/picker/DropDown.h"
+#include "tests/support/DropDown.h"
 #include "tests/support/ModalDriver.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
+#include "tests/support/windowsLeft.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOEvenColorRamp.h"
@@ -93,8 +94,7 @@ void tst_userDefine::cleanup()
 {
     host.reset();
     store.reset();
-    for (const QWidget *widget : QApplication::topLevelWidgets())
-        QVERIFY2(widget->windowType() == Qt::Desktop, widget->metaObject()->className());
+    QCOMPARE(windowsLeft(), QStringList());
 }
 
 /// Opens the drop-down and presses its button; the editor is left to `edit`.

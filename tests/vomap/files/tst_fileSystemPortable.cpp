@@ -62,7 +62,7 @@ void tst_fileSystemPortable::filesAreWrittenReadAndCompared()
     QVERIFY(writeSynced(path("file"), text, std::string()));
     ByteBuffer bytes;
     QVERIFY(readWholeFile(path("file"), 3, bytes) == ReadState::Read);
-    QVERIFY(bytes.view() == text);
+    QCOMPARE(bytes.view(), text);
     QVERIFY(fileHolds(path("file"), text));
     QVERIFY(!fileHolds(path("file"), "a"));
     QVERIFY(!fileHolds(path("file"), "abc"));

@@ -1,5 +1,6 @@
 #include "tests/support/SchemeSamples.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/toString.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/files/RampParts_p.h"
 
@@ -53,9 +54,9 @@ void tst_rampParts::wholeListsAreClampedLikeSingleColors()
     ramp.setColorList(list);
     ramp.setSourceColorList(list);
     for (const rgb_color<float> color : {ramp.getColor(1), ramp.getSourceColor(1)})
-        QVERIFY(color == rgb_color<float>(0, 255, 0));
-    QVERIFY(ramp.getColor(0) == list[0]);
-    QVERIFY(ramp.getSourceColor(2) == list[2]);
+        QCOMPARE(color, rgb_color<float>(0, 255, 0));
+    QCOMPARE(ramp.getColor(0), list[0]);
+    QCOMPARE(ramp.getSourceColor(2), list[2]);
     QCOMPARE(ramp.getLevel(), 3U);
     QCOMPARE(ramp.getSourceColorCount(), 3U);
 }
@@ -67,8 +68,8 @@ void tst_rampParts::listsAreSharedUntilOneIsWritten()
     ramp.setColorList(list);
     QCOMPARE(ramp.colorList().constData(), list.constData());
     ramp.setColor(0, {7, 8, 9});
-    QVERIFY(list[0] == rgb_color<float>(1, 2, 3));
-    QVERIFY(ramp.getColor(0) == rgb_color<float>(7, 8, 9));
+    QCOMPARE(list[0], rgb_color<float>(1, 2, 3));
+    QCOMPARE(ramp.getColor(0), rgb_color<float>(7, 8, 9));
 }
 
 void tst_rampParts::componentsAreFiniteAndFrom0To255()

@@ -144,8 +144,8 @@ void tst_schemeLocales::everyLocaleWritesTheSameBytes()
             texts[i] += text;
         }
     }
-    QVERIFY(texts[0] == texts[1]);
-    QVERIFY(texts[0] == texts[2]);
+    QCOMPARE(texts[0], texts[1]);
+    QCOMPARE(texts[0], texts[2]);
 }
 
 VT_TEST_APPLESS_MAIN(tst_schemeLocales)

@@ -1,6 +1,7 @@
 #include "tests/support/SchemeSamples.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
+#include "tests/support/toString.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/files/TeamFile_p.h"
 #include "vomap/files/xxHash64_p.h"
@@ -155,8 +156,8 @@ void tst_teamFile::everyFieldComesBackBitForBit()
     QCOMPARE(int(decoded(encoded(team, extras), content)), int(TeamFileState::Whole));
     QCOMPARE(dump(content.team), dump(team));
     QCOMPARE(content.extras.builtIns.size(), std::size_t(2));
-    QVERIFY(content.extras.builtIns[1].group == extras.builtIns[1].group);
-    QVERIFY(content.extras.builtIns[1].scheme == extras.builtIns[1].scheme);
+    QCOMPARE(content.extras.builtIns[1].group, extras.builtIns[1].group);
+    QCOMPARE(content.extras.builtIns[1].scheme, extras.builtIns[1].scheme);
     QCOMPARE(content.extras.builtIns[1].checksum, extras.builtIns[1].checksum);
 }
 
@@ -186,10 +187,10 @@ void tst_teamFile::theBytesAreTheDocumentedOnes()
 void tst_teamFile::equalTeamsGiveEqualBytes()
 {
     const VOColorSchemeTeam team = sampleTeam();
-    QVERIFY(encoded(team) == encoded(team));
+    QCOMPARE(encoded(team), encoded(team));
     TeamContent content;
     decoded(encoded(team), content);
-    QVERIFY(encoded(content.team, content.extras) == encoded(team));
+    QCOMPARE(encoded(content.team, content.extras), encoded(team));
 }
 
 void tst_teamFile::everySingleBitIsNoticed()
@@ -352,7 +353,7 @@ void tst_teamFile::unknownFieldsRecordsAndKindsAreKept()
     QCOMPARE(int(decoded(bytes, content)), int(TeamFileState::Whole));
     const VOColorScheme &unknown = content.team.groups[2].schemes.back();
     QVERIFY(!unknown.colorRamp);
-    QVERIFY(encoded(content.team, content.extras) == bytes);
+    QCOMPARE(encoded(content.team, content.extras), bytes);
 
     // They go with their schemes, wherever these go and whatever they are called.
     VOColorScheme renamed = unknown;

@@ -1,7 +1,7 @@
-#include "tests/vomap/generate/goldenColors.h"
+#include "tests/support/goldenColors.h"
 
 #include "tests/support/TestMain.h"
-#include "tests/vomap/rampColors.h"
+#include "tests/support/rampColors.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VORandomColorRampForHsv.h"
 

@@ -1,3 +1,5 @@
+#include "tests/support/TestMain.h"
+#include "tests/support/toString.h"
 #include "tests/vomap/store/SchemeFaults.h"
 #include "tests/vomap/store/SchemeFigures.h"
 #include "vomap/VOColorRamp.h"
@@ -76,7 +78,7 @@ void tst_builtInFiles::theStoreStartsWithThem()
         const VOColorSchemeGroup &builtIn = team.groups[i];
         const VOColorSchemeGroup &stored = store->defaultTeam.groups[i];
         QCOMPARE(stored.schemes.size(), builtIn.schemes.size());
-        QVERIFY(stored.schemes.front().name == builtIn.schemes.front().name);
+        QCOMPARE(stored.schemes.front().name, builtIn.schemes.front().name);
     }
 }
 
@@ -171,5 +173,5 @@ void tst_builtInFiles::storedColorsAreThoseOfTheirParameters()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_builtInFiles)
+VT_TEST_GUILESS_MAIN(tst_builtInFiles)
 #include "tst_builtInFiles.moc"

@@ -1,3 +1,4 @@
+#include "tests/support/TestMain.h"
 #include "tests/vomap/store/SchemeFaults.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOEvenColorRamp.h"
@@ -180,5 +181,5 @@ void tst_builtInGroup::whatABuiltInSchemeMayNotHoldIsFound()
 
 Q_DECLARE_METATYPE(Damage)
 
-QTEST_GUILESS_MAIN(tst_builtInGroup)
+VT_TEST_GUILESS_MAIN(tst_builtInGroup)
 #include "tst_builtInGroup.moc"

@@ -1,3 +1,4 @@
+#include "tests/support/TestMain.h"
 #include "tests/vomap/store/SchemeFigures.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VOStringConversion.h"
@@ -384,5 +385,5 @@ void tst_builtInSchemes::aDescriptionOffThePatternHasNoClaims()
     QCOMPARE(claims->distance, 1.9);
 }
 
-QTEST_GUILESS_MAIN(tst_builtInSchemes)
+VT_TEST_GUILESS_MAIN(tst_builtInSchemes)
 #include "tst_builtInSchemes.moc"

@@ -1,3 +1,4 @@
+#include "tests/support/TestMain.h"
 #include "tests/vomap/store/HueClaims.h"
 #include "vomap/VOColorSchemeTeam.h"
 #include "vomap/VOEvenColorRamp.h"
@@ -123,5 +124,5 @@ void tst_hueClaims::aWrongClaimIsFound()
 
 Q_DECLARE_METATYPE(VTObjects::VOColorScheme)
 
-QTEST_GUILESS_MAIN(tst_hueClaims)
+VT_TEST_GUILESS_MAIN(tst_hueClaims)
 #include "tst_hueClaims.moc"

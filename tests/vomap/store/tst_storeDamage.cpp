@@ -1,9 +1,10 @@
 #include "tests/support/ChildProcess.h"
 #include "tests/support/SchemeSamples.h"
+#include "tests/support/StoreFixture.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "tests/support/faultShim.h"
-#include "tests/vomap/store/StoreFixture.h"
+#include "tests/support/toString.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 #include "vomap/files/TeamFile_p.h"
@@ -244,14 +245,14 @@ void tst_storeDamage::aTeamThatLostItsNameHasItsFirstOne()
     bytes[bytes.indexOf("mine")] = 'M';
     damage(bytes);
     QVERIFY(!manager().load());
-    QVERIFY(manager().customTeam.name == L"Custom");
+    QCOMPARE(manager().customTeam.name, L"Custom");
     QCOMPARE(manager().customTeam.groups[0].schemes.size(), std::size_t(6));
     // What else is lost does not cost the name.
     bytes = customBytes(good);
     bytes[bytes.indexOf("scheme3")] = 'S';
     damage(bytes);
     QVERIFY(!manager().load());
-    QVERIFY(manager().customTeam.name == L"mine");
+    QCOMPARE(manager().customTeam.name, L"mine");
     QCOMPARE(manager().customTeam.groups[0].schemes.size(), std::size_t(5));
 }
 
@@ -409,9 +410,9 @@ void tst_storeDamage::unknownFieldsSurviveLoadEditAndSave()
     QVERIFY(manager().save());
     QVERIFY(manager().load());
     const std::vector<VOColorScheme> &schemes = manager().customTeam.groups[0].schemes;
-    QVERIFY(schemes[1].name == L"renamed");
+    QCOMPARE(schemes[1].name, L"renamed");
     QCOMPARE(*schemes[1].unknownFields, field);
-    QVERIFY(schemes.back().name == L"renamed too");
+    QCOMPARE(schemes.back().name, L"renamed too");
     QCOMPARE(*schemes.back().unknownFields, *later.unknownFields);
     // And a merge, too.
     ChildProcess other([] {

@@ -1,7 +1,7 @@
 #include "tests/support/ChildProcess.h"
+#include "tests/support/StoreFixture.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
-#include "tests/vomap/store/StoreFixture.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 #include "vomap/files/fileSystem_p.h"

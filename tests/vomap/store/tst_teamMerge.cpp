@@ -1,6 +1,7 @@
 #include "tests/support/SchemeSamples.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
+#include "tests/support/toString.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOStringConversion.h"
 #include "vomap/store/teamMerge_p.h"
@@ -154,8 +155,8 @@ void tst_teamMerge::whatBothChangedIsKeptTwice()
     theirs.groups[0].schemes[0].colorRamp->setColor(3, {4, 5, 6});
     const VOColorSchemeTeam merged = mergedTeam(team({"a"}), mine, theirs);
     QCOMPARE(content(merged), QStringList({"a", "a_1"}));
-    QVERIFY(merged.groups[0].schemes[0].colorRamp->getColor(3) == rgb_color<float>(1, 2, 3));
-    QVERIFY(merged.groups[0].schemes[1].colorRamp->getColor(3) == rgb_color<float>(4, 5, 6));
+    QCOMPARE(merged.groups[0].schemes[0].colorRamp->getColor(3), rgb_color<float>(1, 2, 3));
+    QCOMPARE(merged.groups[0].schemes[1].colorRamp->getColor(3), rgb_color<float>(4, 5, 6));
 }
 
 void tst_teamMerge::bothKeepAFreeName()

@@ -1,5 +1,5 @@
-#include "tests/apps/mapviewer/layers/mapFixtures.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/mapFixtures.h"
 
 #include "apps/mapviewer/layers/PolygonLayer.h"
 #include "apps/mapviewer/layers/RampColors.h"

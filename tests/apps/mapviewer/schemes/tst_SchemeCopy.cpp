@@ -1,5 +1,6 @@
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
+#include "tests/support/toString.h"
 
 #include "apps/mapviewer/schemes/SchemeCopy.h"
 
@@ -61,7 +62,7 @@ void tst_SchemeCopy::ofABuiltInSchemeACopyIsMade()
     const SchemeCopy copy(builtIn, &ramp);
     QVERIFY(copy.isNew());
     QCOMPARE(custom().groups.size(), std::size_t(1));
-    QVERIFY(custom().groups[0].name == "My schemes");
+    QCOMPARE(custom().groups[0].name, "My schemes");
     QCOMPARE(schemeNames(custom().groups[0]), QStringList({"b"}));
     QCOMPARE(copy.keep().team, QString("Custom"));
     QCOMPARE(copy.keep().schemeIndex(), 0);

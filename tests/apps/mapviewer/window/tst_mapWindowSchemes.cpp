@@ -1,4 +1,4 @@
-#include "tests/apps/mapviewer/window/MapWindowTest.h"
+#include "tests/support/MapWindowTest.h"
 
 #include "tests/support/ModalDriver.h"
 #include "tests/support/TestMain.h"

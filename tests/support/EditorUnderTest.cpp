@@ -1,4 +1,4 @@
-#include "tests/colorscheme/editor/EditorUnderTest.h"
+#include "tests/support/EditorUnderTest.h"
 
 #include "colorscheme/model/colorConversion.h"
 #include "colorscheme/model/colorRampPreviewPixmap.h"
@@ -62,6 +62,30 @@ RampPointer hsvRamp(int seed, const HsvBounds &bounds, unsigned int level)
     return ramp;
 }
 
+RampPointer rampOf(VOColorRamp::ColorRampType kind)
+{
+    switch (kind) {
+    case VOColorRamp::RandomRamp:
+        return randomRamp(7, 12);
+    case VOColorRamp::RandomHsvRamp:
+        return hsvRamp(7, EditorColors::someBounds, 12);
+    case VOColorRamp::EvenRamp:
+        return evenRamp(EditorColors::defaultSources, 12);
+    case VOColorRamp::PredefineRamp:
+        return predefinedRamp({Qt::red, Qt::green, Qt::blue, Qt::black}, 12);
+    }
+    return nullptr;
+}
+
+void addKinds()
+{
+    QTest::addColumn<VOColorRamp::ColorRampType>("kind");
+    QTest::newRow("random") << VOColorRamp::RandomRamp;
+    QTest::newRow("HSV random") << VOColorRamp::RandomHsvRamp;
+    QTest::newRow("even") << VOColorRamp::EvenRamp;
+    QTest::newRow("predefined") << VOColorRamp::PredefineRamp;
+}
+
 QVector<QColor> outputColors(VOColorRamp *ramp)
 {
     QVector<QColor> colors;
@@ -104,6 +128,15 @@ const VOColorScheme &EditorUnderTest::scheme() const
 VTColorModel *EditorUnderTest::model() const
 {
     return qobject_cast<VTColorModel *>(view()->model());
+}
+
+QVector<int> EditorUnderTest::hsvValues() const
+{
+    QVector<int> values;
+    for (const char *name : {"spinBox_minh", "spinBox_maxh", "spinBox_mins", "spinBox_maxs",
+                             "spinBox_minv", "spinBox_maxv"})
+        values.append(box(name)->value());
+    return values;
 }
 
 QImage EditorUnderTest::preview() const

@@ -1,4 +1,4 @@
-#include "tests/vomap/store/StoreFixture.h"
+#include "tests/support/StoreFixture.h"
 
 #include "tests/support/TestStore.h"
 #include "vomap/VOColorSchemeManager.h"

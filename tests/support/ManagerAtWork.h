@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/colorscheme/manager/ManagerUser.h"
+#include "tests/support/ManagerUser.h"
 #include "tests/support/ModalDriver.h"
 #include "vomap/VOColorSchemeTeam.h"
 

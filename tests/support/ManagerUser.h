@@ -5,6 +5,7 @@
 #include "colorscheme/manager/VTColorSchemeView.h"
 #include "tests/support/ModalDriver.h"
 
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTreeView>
 
@@ -39,6 +40,9 @@ private:
     VTColorSchemeManager &manager;
 };
 
+/// Adds these rows of a table to its selection.
+void selectRows(VTColorSchemeView &view, const QVector<int> &rows);
+
 /// The manager's own copy of a team, which nothing outside sees before OK.
 const VTObjects::VOColorSchemeTeam &workingCopy(const VTColorSchemeManager &manager, int team);
 
@@ -46,5 +50,10 @@ const VTObjects::VOColorSchemeTeam &workingCopy(const VTColorSchemeManager &mana
 ModalDriver::Handler pressNamed(const QString &name);
 /// For ModalDriver: presses the button of this text in a message box.
 ModalDriver::Handler pressText(const QString &text);
+/// For ModalDriver: presses this button of a message box.
+ModalDriver::Handler pressStandard(QMessageBox::StandardButton button);
+/// For ModalDriver: sees a message box with one button, and closes it.
+ModalDriver::Handler expectBox(const QString &title, const QString &text,
+                               QMessageBox::StandardButton button);
 /// For ModalDriver: chooses these files, or the folder, in a file dialog.
 ModalDriver::Handler choose(const QStringList &paths);

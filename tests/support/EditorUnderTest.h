@@ -22,12 +22,33 @@ struct HsvBounds
     int minH, maxH, minS, maxS, minV, maxV;
 };
 
+/// Colours and bounds that tests use where any would do.
+namespace EditorColors {
+
+const QVector<QColor> defaultSources{{196, 69, 57}, {255, 255, 191}, {48, 95, 207}};
+const QVector<QColor> someColors{QColor(10, 20, 30), QColor(40, 50, 60), QColor(70, 80, 90),
+                                 QColor(100, 110, 120)};
+const QColor r(Qt::red);
+const QColor g(Qt::green);
+const QColor b(Qt::blue);
+const QColor c(Qt::cyan);
+const QColor k(Qt::black);
+const QVector<QColor> fiveColors{r, g, b, c, k};
+constexpr HsvBounds someBounds{10, 120, 20, 80, 30, 90};
+
+} // namespace EditorColors
+
 using RampPointer = std::unique_ptr<VTObjects::VOColorRamp>;
 
 RampPointer evenRamp(const QVector<QColor> &sources, unsigned int level);
 RampPointer predefinedRamp(const QVector<QColor> &sources, unsigned int level);
 RampPointer randomRamp(int seed, unsigned int level);
 RampPointer hsvRamp(int seed, const HsvBounds &bounds, unsigned int level);
+
+/// A ramp of that kind over some of the EditorColors.
+RampPointer rampOf(VTObjects::VOColorRamp::ColorRampType kind);
+/// For a data function: the column "kind" and a row for each.
+void addKinds();
 
 /// The colours of a ramp as the toolkit's.
 QVector<QColor> outputColors(VTObjects::VOColorRamp *ramp);
@@ -63,6 +84,8 @@ public:
     QPushButton *ok() const { return part<QPushButton>("pushButton_ok"); }
     QSpinBox *box(const char *name) const { return part<QSpinBox>(name); }
 
+    /// What stands in the boxes of the six bounds, in the order of HsvBounds.
+    QVector<int> hsvValues() const;
     QVector<QColor> colors() const { return model()->colors; }
     void setColors(const QVector<QColor> &colors) { model()->setColors(colors); }
     /// The preview as it is shown.
@@ -87,3 +110,5 @@ private:
     int index = 0;
     std::unique_ptr<VTColorSchemeEditor> dialog;
 };
+
+Q_DECLARE_METATYPE(VTObjects::VOColorRamp::ColorRampType)

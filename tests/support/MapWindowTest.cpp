@@ -1,4 +1,4 @@
-#include "tests/apps/mapviewer/window/MapWindowTest.h"
+#include "tests/support/MapWindowTest.h"
 
 #include "apps/mapviewer/map/MapWidget.h"
 

@@ -61,3 +61,13 @@ public:
     QPushButton *userDefine;
     QScrollArea *area;
 };
+
+/// The button of a group in the chooser; null if there is none of that text.
+inline QPushButton *groupOf(const QWidget *chooser, const QString &text)
+{
+    for (QPushButton *button : chooser->findChildren<QPushButton *>()) {
+        if (button->text() == text)
+            return button;
+    }
+    return nullptr;
+}

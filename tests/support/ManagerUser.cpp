@@ -1,4 +1,4 @@
-#include "tests/colorscheme/manager/ManagerUser.h"
+#include "tests/support/ManagerUser.h"
 
 #include "colorscheme/manager/WorkingCopies_p.h"
 #include "tests/support/TestStore.h"
@@ -53,9 +53,7 @@ void ManagerUser::command(const char *action)
 void ManagerUser::select(const QVector<int> &rows)
 {
     table->clearSelection();
-    for (const int row : rows)
-        table->selectionModel()->select(model->index(row, 0),
-                                        QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    selectRows(*table, rows);
 }
 
 QMenu *ManagerUser::contextMenu(int row)
@@ -69,6 +67,13 @@ QMenu *ManagerUser::contextMenu(int row)
 QStringList ManagerUser::names() const
 {
     return schemeNames(model->group());
+}
+
+void selectRows(VTColorSchemeView &view, const QVector<int> &rows)
+{
+    for (const int row : rows)
+        view.selectionModel()->select(view.schemeModel()->index(row, 0),
+                                      QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
 const VTObjects::VOColorSchemeTeam &workingCopy(const VTColorSchemeManager &manager, int team)
@@ -97,6 +102,29 @@ ModalDriver::Handler pressText(const QString &text)
             }
         }
         QFAIL("no such button");
+    };
+}
+
+ModalDriver::Handler pressStandard(QMessageBox::StandardButton button)
+{
+    return [button](QWidget *window) {
+        auto *box = qobject_cast<QMessageBox *>(window);
+        QVERIFY2(box, window->metaObject()->className());
+        box->button(button)->click();
+    };
+}
+
+ModalDriver::Handler expectBox(const QString &title, const QString &text,
+                               QMessageBox::StandardButton button)
+{
+    return [=](QWidget *window) {
+        auto *box = qobject_cast<QMessageBox *>(window);
+        QVERIFY(box);
+        QCOMPARE(box->windowTitle(), title);
+        QCOMPARE(box->text(), text);
+        QCOMPARE(box->icon(), QMessageBox::Information);
+        QCOMPARE(box->standardButtons(), QMessageBox::StandardButtons(button));
+        QTest::mouseClick(box->button(button), Qt::LeftButton);
     };
 }
 

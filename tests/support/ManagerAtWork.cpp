@@ -1,4 +1,4 @@
-#include "tests/stories/ManagerAtWork.h"
+#include "tests/support/ManagerAtWork.h"
 
 #include "colorscheme/manager/VTLineEditWidget.h"
 #include "tests/support/SchemeSamples.h"

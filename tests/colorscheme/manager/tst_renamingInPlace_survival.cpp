@@ -1,0 +1,101 @@
+#include "tests/support/ManagerUser.h"
+#include "tests/support/RenamingTest.h"
+#include "tests/support/TestMain.h"
+#include "tests/support/TestStore.h"
+#include "vomap/VOColorSchemeManager.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QtTest>
+
+#include <memory>
+
+using VTObjects::VOColorSchemeManager;
+
+/// Names edited in the table of a manager, by mouse and keyboard through the window system.
+class tst_renamingInPlace_survival : public RenamingTest
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
+
+    void aResetUnderTheFieldIsSurvived();
+    void aRemovedRowUnderTheFieldIsSurvived();
+    void theTreeUnderTheFieldCanLoseItsGroup();
+    void theManagerUnderTheFieldCanGo();
+    void theTableUnderTheFieldCanGo();
+};
+
+void tst_renamingInPlace_survival::aResetUnderTheFieldIsSurvived()
+{
+    edit(3);
+    type(QStringLiteral("c"));
+    QVERIFY(!user->ok->isEnabled());
+    user->table->setGroup(1, 1, makeGroup("Other", {"x"}));
+    QCoreApplication::processEvents();
+    QVERIFY(!editor());
+    QCOMPARE(user->names(), QStringList{"x"});
+    QVERIFY(user->ok->isEnabled());
+}
+
+void tst_renamingInPlace_survival::aRemovedRowUnderTheFieldIsSurvived()
+{
+    edit(3);
+    type(QStringLiteral("c"));
+    user->model->removeScheme(3, QModelIndex());
+    QCoreApplication::processEvents();
+    QVERIFY(!editor());
+    QCOMPARE(user->names(), (QStringList{"a", "b", "c"}));
+    QVERIFY(user->ok->isEnabled());
+}
+
+void tst_renamingInPlace_survival::theTreeUnderTheFieldCanLoseItsGroup()
+{
+    edit(3);
+    type(QStringLiteral("c"));
+    ModalDriver driver;
+    driver.next(pressText(QStringLiteral("Delete")));
+    user->command("actionDelete_group");
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QVERIFY(!editor());
+    QCOMPARE(user->groups(1), QStringList{"Other"});
+    QVERIFY(user->ok->isEnabled());
+}
+
+void tst_renamingInPlace_survival::theManagerUnderTheFieldCanGo()
+{
+    edit(1);
+    type(QStringLiteral("c"));
+    user.reset();
+    manager.reset();
+    QCOMPARE(schemeNames(VOColorSchemeManager::instance()->customTeam.groups[0]),
+             (QStringList{"a", "b", "c", "rename_4"}));
+    // The next manager starts without changes.
+    VTColorSchemeManager next;
+    ModalDriver driver;
+    QMetaObject::invokeMethod(&next, "onOk");
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(next.result(), int(QDialog::Accepted));
+}
+
+void tst_renamingInPlace_survival::theTableUnderTheFieldCanGo()
+{
+    auto table = std::make_unique<VTColorSchemeView>(nullptr);
+    table->setGroup(1, 0, makeGroup("g", {"a", "b"}));
+    table->show();
+    table->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(table.get()));
+    table->edit(table->schemeModel()->index(0, 2));
+    auto *field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+    QVERIFY(field);
+    QTest::keyClicks(field, QStringLiteral("b"));
+    QSignalSpy information(table.get(), &VTColorSchemeView::information);
+    table.reset();
+    QVERIFY(information.isEmpty());
+    QVERIFY(!QApplication::focusWidget());
+}
+
+VT_TEST_MAIN(tst_renamingInPlace_survival)
+#include "tst_renamingInPlace_survival.moc"
