@@ -54,7 +54,7 @@ HexColorField::HexColorField(QWidget *parent)
     , swatch(new QLabel(this))
     , problem(new QLabel(this))
 {
-    lineEdit->setAccessibleName(tr("Hexadecimal color"));
+    lineEdit->setAccessibleName(QCoreApplication::translate("VTColorMenu", "Hexadecimal color"));
     lineEdit->setPlaceholderText(QStringLiteral("#rrggbb"));
     problem->setTextFormat(Qt::PlainText);
     // Always one line, so that the menu keeps its size when a message comes or goes.

@@ -2,6 +2,7 @@
 
 #include "tests/support/ColorMenuParts.h"
 #include "tests/support/ModalDriver.h"
+#include "tests/support/Tagger.h"
 #include "tests/support/TestMain.h"
 
 #include <QColorDialog>
@@ -49,6 +50,7 @@ private Q_SLOTS:
     void theHexFieldTakesAColor();
     void theHexFieldSaysWhatIsWrong_data();
     void theHexFieldSaysWhatIsWrong();
+    void allTextsAreTranslatedAsTheMenus();
     void noMessageIsWiderThanTheMenu();
     void recentColorsAreSharedByAllMenus();
     void theLatestRecentColorComesFirstAndOnlyOnce();
@@ -146,6 +148,21 @@ void tst_VTColorMenu_otherColors::theHexFieldSaysWhatIsWrong()
     menu.exec(QPoint(100, 100));
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     QCOMPARE(menu.getColor(), foreign.rgb());
+}
+
+void tst_VTColorMenu_otherColors::allTextsAreTranslatedAsTheMenus()
+{
+    const Tagger tagger;
+    VTColorMenu menu(nullptr);
+    QStringList texts = {moreColors(&menu)->text(), part(&menu, "palette")->accessibleName(),
+                         part(&menu, "recent")->accessibleName(), hexEdit(&menu)->accessibleName()};
+    for (const char *typed : {"", "x", "12"}) {
+        hexEdit(&menu)->setText(QLatin1String(typed));
+        texts << hexMessage(&menu)->text();
+    }
+    // Translators know no class but the menu.
+    for (const QString &text : qAsConst(texts))
+        QVERIFY2(text.startsWith(QLatin1String("VTColorMenu:")), qPrintable(text));
 }
 
 void tst_VTColorMenu_otherColors::noMessageIsWiderThanTheMenu()
