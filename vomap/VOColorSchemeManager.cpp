@@ -1,6 +1,7 @@
 #include "vomap/VOColorSchemeManager.h"
 
 #include "vomap/VOStringConversion.h"
+#include "vomap/VOTeamKind.h"
 #include "vomap/files/fileSystem_p.h"
 #include "vomap/files/schemeText_p.h"
 #include "vomap/store/SchemeStore_p.h"

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "vomap/VOColorSchemeTeam.h"
-#include "vomap/VOTeamKind.h"
 
 #include <memory>
 
 namespace VTObjects {
 
 class SchemeStore;
+enum VOTeamKind : int; // its values, which a host may have names for itself, are not brought along
 
 /// The store: every scheme that the application knows, in three teams. One for the whole process;
 /// its teams are edited in place and reach the disk with save() or saveCustomTeam() only.

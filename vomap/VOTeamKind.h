@@ -10,7 +10,7 @@ namespace VTObjects {
 
 /// The three teams of the store. The numbers never change: nodes of the manager's tree and buttons
 /// of the group chooser carry them.
-enum VOTeamKind {
+enum VOTeamKind : int {
     DefaultTeam = 0, ///< the built-in groups
     CustomTeam = 1,  ///< the user's own groups
     FavoriteTeam = 2 ///< groups of schemes marked as favourites

@@ -10,6 +10,7 @@
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
+#include "vomap/VOTeamKind.h"
 
 #include <QKeyEvent>
 #include <QPainter>

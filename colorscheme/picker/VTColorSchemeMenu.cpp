@@ -12,6 +12,7 @@
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
+#include "vomap/VOTeamKind.h"
 
 #include <QApplication>
 #include <QDesktopWidget>

@@ -12,6 +12,8 @@
 extern bool dataModified;
 extern QMap<QString, int> defaultGroupCaptions;
 
+enum Team { DefaultTeam = 1, CustomTeam, FavoriteTeam };
+
 QVector<QColor> defaultColorRamp();
 QString lastOpenFilePath();
 QString safeFileName(const QString &name);

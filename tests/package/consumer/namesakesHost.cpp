@@ -31,6 +31,14 @@ void expect(bool fulfilled, const char *what)
     ++failures;
 }
 
+/// Nothing of the store's header is in the way of who takes all names of its namespace.
+void useOwnTeams()
+{
+    using namespace VTObjects;
+    const VOColorSchemeTeam &favorites = VOColorSchemeManager::instance()->favoriteTeam;
+    expect(favorites.groups.empty() && FavoriteTeam == 3, "the host's teams");
+}
+
 /// Each of these comes by a name that the host has as well.
 void useLibrary()
 {
@@ -75,6 +83,7 @@ int main(int argc, char *argv[])
     expect(QFile::exists(QStringLiteral(":/icon/AddGroup.png")), "the library's icons");
     useOwn();
     useLibrary();
+    useOwnTeams();
     useOwn();
     return failures;
 }
