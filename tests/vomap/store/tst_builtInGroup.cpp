@@ -1,5 +1,5 @@
+#include "tests/support/SchemeFaults.h"
 #include "tests/support/TestMain.h"
-#include "tests/vomap/store/SchemeFaults.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VORandomColorRampForHsv.h"

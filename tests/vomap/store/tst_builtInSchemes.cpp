@@ -1,5 +1,5 @@
+#include "tests/support/SchemeFigures.h"
 #include "tests/support/TestMain.h"
-#include "tests/vomap/store/SchemeFigures.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VOStringConversion.h"
 #include "vomap/store/builtInSchemes_p.h"

@@ -1,5 +1,5 @@
+#include "tests/support/HueClaims.h"
 #include "tests/support/TestMain.h"
-#include "tests/vomap/store/HueClaims.h"
 #include "vomap/VOColorSchemeTeam.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VORandomColorRampForHsv.h"

@@ -1,4 +1,4 @@
-#include "tests/vomap/store/SchemeFigures.h"
+#include "tests/support/SchemeFigures.h"
 
 #include "vomap/VOColorRamp.h"
 

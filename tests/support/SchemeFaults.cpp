@@ -1,4 +1,4 @@
-#include "tests/vomap/store/SchemeFaults.h"
+#include "tests/support/SchemeFaults.h"
 
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VORandomColorRampForHsv.h"

@@ -1,6 +1,6 @@
-#include "tests/vomap/store/HueClaims.h"
+#include "tests/support/HueClaims.h"
 
-#include "tests/vomap/store/SchemeFigures.h"
+#include "tests/support/SchemeFigures.h"
 #include "vomap/VORandomColorRampForHsv.h"
 #include "vomap/VOStringConversion.h"
 
