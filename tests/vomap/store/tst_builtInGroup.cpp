@@ -62,6 +62,8 @@ std::string textOf(const VOColorScheme &scheme)
 
 } // namespace
 
+Q_DECLARE_METATYPE(Damage)
+
 class tst_builtInGroup : public QObject
 {
     Q_OBJECT
@@ -178,8 +180,6 @@ void tst_builtInGroup::whatABuiltInSchemeMayNotHoldIsFound()
     damage(scheme);
     QCOMPARE(faultOf(scheme), fault);
 }
-
-Q_DECLARE_METATYPE(Damage)
 
 VT_TEST_GUILESS_MAIN(tst_builtInGroup)
 #include "tst_builtInGroup.moc"
