@@ -49,6 +49,8 @@ VOColorScheme random(int minH, int maxH, const wchar_t *text)
 
 } // namespace
 
+Q_DECLARE_METATYPE(VTObjects::VOColorScheme)
+
 class tst_hueClaims : public QObject
 {
     Q_OBJECT
@@ -121,8 +123,6 @@ void tst_hueClaims::aWrongClaimIsFound()
     const QString found = HueClaims::wrongHue(scheme);
     QVERIFY2(wrong.isEmpty() ? found.isEmpty() : found.startsWith(wrong), qPrintable(found));
 }
-
-Q_DECLARE_METATYPE(VTObjects::VOColorScheme)
 
 VT_TEST_GUILESS_MAIN(tst_hueClaims)
 #include "tst_hueClaims.moc"
