@@ -51,6 +51,7 @@ void tst_toString::textsAreComparedWithLiterals()
 {
     const VOString text(L"Two");
     QCOMPARE(text, L"Two");
+    // That a comparison fails is what is tested: one that passed would be reported.
     QEXPECT_FAIL("", "the letter case counts", Continue);
     QCOMPARE(text, L"two");
 }
@@ -76,6 +77,7 @@ void tst_toString::listsOfColorsAreCompared()
     others.resize(colors.size() + std::size_t(added));
     if (changed >= 0)
         others[std::size_t(changed)].blue += 0.5F;
+    // As above: unequal lists must fail.
     if (!equal)
         QEXPECT_FAIL("", "they differ", Continue);
     QCOMPARE(others, colors);
