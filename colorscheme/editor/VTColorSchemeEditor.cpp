@@ -5,6 +5,7 @@
 #include "colorscheme/editor/ColorRowDelegate_p.h"
 #include "colorscheme/editor/VTColorModel.h"
 #include "colorscheme/editor/editorControls_p.h"
+#include "colorscheme/model/DialogMemory_p.h"
 #include "colorscheme/model/colorRampPreviewPixmap.h"
 #include "colorscheme/model/defaultColorRamp_p.h"
 #include "colorscheme/model/filePath_p.h"
@@ -24,6 +25,7 @@ using vtcontrolcolorscheme::defaultColorRamp;
 using vtcontrolcolorscheme::describeCells;
 using vtcontrolcolorscheme::describeColor;
 using vtcontrolcolorscheme::describeColorRamp;
+using vtcontrolcolorscheme::DialogMemory;
 using vtcontrolcolorscheme::HsvBound;
 using vtcontrolcolorscheme::hsvBounds;
 using vtcontrolcolorscheme::lastOpenFilePath;
@@ -112,6 +114,7 @@ void VTColorSchemeEditor::initUi()
     const VOColorScheme &scheme = stored ? *stored : empty;
     typeChangeUi(scheme.colorRamp ? scheme.colorRamp->category() : VOColorRamp::EvenRamp);
     viewScheme(scheme);
+    memory = new DialogMemory(this, QStringLiteral("editor"));
 }
 
 void VTColorSchemeEditor::describeParts()
@@ -179,6 +182,8 @@ void VTColorSchemeEditor::typeChangeUi(VOColorRamp::ColorRampType type)
     ui->gridLayout->activate();
     layout()->activate();
     resize(dialogWidth, hsv ? hsvHeight : plainHeight);
+    if (memory)
+        memory->takeDefaultSize();
 }
 
 void VTColorSchemeEditor::onTypeChanged(int index)

@@ -19,6 +19,10 @@ namespace Ui {
 class VTColorSchemeEditorBase;
 }
 
+namespace vtcontrolcolorscheme {
+class DialogMemory;
+}
+
 /// The modal dialog in which one scheme of a group is created or edited: its name, author,
 /// description, and the ramp with its kind, level, seed, bounds and colours. Run it with exec():
 ///
@@ -88,4 +92,5 @@ private:
     int schemeIndex = -1;
     VTObjects::VOColorSchemeGroup *schemeGroup = nullptr; // not owned
     VTColorModel *colorModel = nullptr;
+    vtcontrolcolorscheme::DialogMemory *memory = nullptr; // once it is set up
 };

@@ -1,10 +1,12 @@
 #include "colorscheme/manager/VTAddColorSchemeGroupDialog.h"
 
+#include "colorscheme/model/DialogMemory_p.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 
 #include "ui_VTAddColorSchemeGroupDialog.h"
 
+using vtcontrolcolorscheme::DialogMemory;
 using VTObjects::toVOString;
 using VTObjects::VOColorSchemeManager;
 using VTObjects::VOColorSchemeTeam;
@@ -26,6 +28,7 @@ VTAddColorSchemeGroupDialog::VTAddColorSchemeGroupDialog(const QString &name, QW
     connect(ui->pushButton_ok, &QPushButton::clicked, this, &VTAddColorSchemeGroupDialog::onOk);
     connect(ui->widget_group_name, &VTLineEditWidget::textEdited, this,
             &VTAddColorSchemeGroupDialog::onGroupNameChanged);
+    new DialogMemory(this, QStringLiteral("addGroup"));
 }
 
 VTAddColorSchemeGroupDialog::~VTAddColorSchemeGroupDialog() = default;

@@ -3,14 +3,20 @@
 #include "colorscheme/manager/VTColorSchemeModel.h"
 #include "colorscheme/manager/WorkingCopies_p.h"
 #include "colorscheme/manager/nodeInfo_p.h"
+#include "colorscheme/manager/tableColumns_p.h"
+#include "colorscheme/model/DialogMemory_p.h"
 #include "vomap/VOStringConversion.h"
 
 #include "ui_VTColorSchemeManagerBase.h"
 
+#include <QHeaderView>
 #include <QMenu>
 #include <QStandardItemModel>
 
+using vtcontrolcolorscheme::AuthorColumn;
+using vtcontrolcolorscheme::DialogMemory;
 using vtcontrolcolorscheme::GroupPlace;
+using vtcontrolcolorscheme::NameColumn;
 using vtcontrolcolorscheme::nodeInfo;
 using vtcontrolcolorscheme::nodeInfoRole;
 using vtcontrolcolorscheme::WorkingCopies;
@@ -90,6 +96,11 @@ void VTColorSchemeManager::initUi()
             appendGroup(team, toQString(group.name), group.name);
     }
     ui->teamView->expandAll();
+
+    auto *memory = new DialogMemory(this, QStringLiteral("manager"));
+    QHeaderView *const header = ui->schemeView->horizontalHeader();
+    memory->addColumn(header, NameColumn, QStringLiteral("nameWidth"));
+    memory->addColumn(header, AuthorColumn, QStringLiteral("authorWidth"));
 }
 
 QStandardItem *VTColorSchemeManager::appendTeam(const QString &icon, const QString &text,

@@ -13,6 +13,7 @@ set(expected
     colorscheme/manager/VTColorSchemeView.h
     colorscheme/manager/VTLineEditWidget.h
     colorscheme/manager/VtColorSchemeNameDelegate.h
+    colorscheme/model/VTDialogLayout.h
     colorscheme/model/colorConversion.h
     colorscheme/model/colorRampPreviewPixmap.h
     colorscheme/picker/VTColorSchemeComboBox.h

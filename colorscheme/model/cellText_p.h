@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QStyleOptionViewItem>
+
+class QAbstractItemView;
+class QHelpEvent;
+
+namespace vtcontrolcolorscheme {
+
+/// The width that the style leaves for the text of a cell, in pixels; the option is complete.
+qreal textRoom(const QStyleOptionViewItem &option);
+
+/// Makes the font of a cell smaller until its text stands there whole, in points or in pixels,
+/// whichever the font is given in. For numbers in narrow columns: a text can become tiny.
+void shrinkToFit(QStyleOptionViewItem &option);
+
+/// The text with a blank for every line break and tab, so that a cell shows its beginning.
+QString oneLine(const QString &text);
+
+/// Shows the whole text of a cell as a tool-tip where the cell cannot show it; the option is
+/// complete but for its text. False if there is nothing to add to what the cell shows.
+bool showWholeText(const QHelpEvent *event, const QAbstractItemView *view,
+                   const QStyleOptionViewItem &option, const QString &text);
+
+} // namespace vtcontrolcolorscheme
