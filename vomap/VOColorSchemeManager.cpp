@@ -2,6 +2,7 @@
 
 #include "vomap/VOStringConversion.h"
 #include "vomap/VOTeamKind.h"
+#include "vomap/files/fileProblem_p.h"
 #include "vomap/files/fileSystem_p.h"
 #include "vomap/files/schemeText_p.h"
 #include "vomap/store/SchemeStore_p.h"
@@ -104,19 +105,44 @@ void VOColorSchemeManager::resetDefaultTeam()
 
 bool VOColorSchemeManager::readFile(VOColorScheme &scheme, const VOString &path)
 {
-    return succeeds([&scheme, &path] {
-        ByteBuffer bytes;
-        return readWholeFile(nativePath(path), maxSchemeText, bytes) == ReadState::Read &&
-               readSchemeText(bytes.view(), scheme);
-    });
+    QString problem;
+    return readFile(scheme, path, problem);
 }
 
 bool VOColorSchemeManager::saveFile(const VOColorScheme &scheme, const VOString &path)
 {
-    return succeeds([&scheme, &path] {
-        std::string text;
+    QString problem;
+    return saveFile(scheme, path, problem);
+}
+
+bool VOColorSchemeManager::readFile(VOColorScheme &scheme, const VOString &path, QString &problem)
+{
+    return succeeds([&] {
+        problem = memoryProblem(); // unless it gets to its end
+        ByteBuffer bytes;
+        QString found = readingProblem(readWholeFile(nativePath(path), maxSchemeText, bytes));
+        SchemeFault fault;
+        if (found.isEmpty() && !readSchemeText(bytes.view(), scheme, &fault))
+            found = textProblem(fault);
+        problem = found;
+        return found.isEmpty();
+    });
+}
+
+bool VOColorSchemeManager::saveFile(const VOColorScheme &scheme, const VOString &path,
+                                    QString &problem)
+{
+    return succeeds([&] {
+        problem = memoryProblem(); // unless it gets to its end
         const std::string file = nativePath(path);
-        return !file.empty() && writeSchemeText(scheme, text) && replaceFile(file, text);
+        std::string text;
+        QString found;
+        if (!writeSchemeText(scheme, text))
+            found = schemeProblem(scheme);
+        else if (file.empty() || !replaceFile(file, text))
+            found = writingProblem(toQString(path));
+        problem = found;
+        return found.isEmpty();
     });
 }
 

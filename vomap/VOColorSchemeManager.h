@@ -2,6 +2,8 @@
 
 #include "vomap/VOColorSchemeTeam.h"
 
+#include <QString>
+
 #include <memory>
 
 namespace VTObjects {
@@ -54,6 +56,9 @@ public:
     /// Writes one scheme to a file, in place of any older one. False on failure, and for a scheme
     /// without a ramp.
     static bool saveFile(const VOColorScheme &scheme, const VOString &path);
+    /// The same, telling why they failed: one sentence for the user, empty after a success.
+    static bool readFile(VOColorScheme &scheme, const VOString &path, QString &problem);
+    static bool saveFile(const VOColorScheme &scheme, const VOString &path, QString &problem);
 
 private:
     VOColorSchemeManager();

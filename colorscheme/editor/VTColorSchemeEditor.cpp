@@ -26,6 +26,7 @@ using vtcontrolcolorscheme::describeCells;
 using vtcontrolcolorscheme::describeColor;
 using vtcontrolcolorscheme::describeColorRamp;
 using vtcontrolcolorscheme::DialogMemory;
+using vtcontrolcolorscheme::fileProblem;
 using vtcontrolcolorscheme::HsvBound;
 using vtcontrolcolorscheme::hsvBounds;
 using vtcontrolcolorscheme::lastOpenFilePath;
@@ -313,8 +314,9 @@ void VTColorSchemeEditor::onLoadScheme()
     if (file.isEmpty())
         return;
     VOColorScheme scheme;
-    if (!VOColorSchemeManager::readFile(scheme, toFilePath(file))) {
-        tellFailure(this, title, tr("Failed to open file!"));
+    QString problem;
+    if (!VOColorSchemeManager::readFile(scheme, toFilePath(file), problem)) {
+        tellFailure(this, title, tr("Failed to open file!"), fileProblem(file, problem));
         return;
     }
     viewScheme(scheme);

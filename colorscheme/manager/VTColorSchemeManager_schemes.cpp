@@ -17,6 +17,7 @@
 
 #include <algorithm>
 
+using vtcontrolcolorscheme::fileProblem;
 using vtcontrolcolorscheme::GroupPlace;
 using vtcontrolcolorscheme::isConfirmed;
 using vtcontrolcolorscheme::lastOpenFilePath;
@@ -147,8 +148,10 @@ void VTColorSchemeManager::onImportScheme()
     VTColorSchemeModel *model = ui->schemeView->schemeModel();
     for (const QString &path : paths) {
         VOColorScheme scheme;
-        if (!VOColorSchemeManager::readFile(scheme, toFilePath(path))) {
-            tellFailure(this, tr("Open color scheme file"), tr("Failed to open file!"));
+        QString problem;
+        if (!VOColorSchemeManager::readFile(scheme, toFilePath(path), problem)) {
+            tellFailure(this, tr("Open color scheme file"), tr("Failed to open file!"),
+                        fileProblem(path, problem));
             continue;
         }
         // Deliberate: once, without asking whether that name is free.

@@ -8,14 +8,12 @@
 #include "colorscheme/manager/VTLineEditWidget.h"
 #include "colorscheme/manager/VtColorSchemeNameDelegate.h"
 #include "colorscheme/manager/WorkingCopies_p.h"
+#include "colorscheme/manager/exportSchemes_p.h"
 #include "colorscheme/manager/tableColumns_p.h"
 #include "colorscheme/model/GeneratedName_p.h"
-#include "colorscheme/model/filePath_p.h"
 #include "colorscheme/model/lastOpenFilePath_p.h"
 #include "colorscheme/model/messageBoxes_p.h"
-#include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
-#include "vomap/safeFileName.h"
 
 #include <QContextMenuEvent>
 #include <QFileDialog>
@@ -27,6 +25,7 @@
 
 using vtcontrolcolorscheme::AuthorColumn;
 using vtcontrolcolorscheme::describeColorRamp;
+using vtcontrolcolorscheme::exportSchemes;
 using vtcontrolcolorscheme::GeneratedName;
 using vtcontrolcolorscheme::lastOpenFilePath;
 using vtcontrolcolorscheme::NameColumn;
@@ -35,15 +34,17 @@ using vtcontrolcolorscheme::RampColumn;
 using vtcontrolcolorscheme::tablePreviewSize;
 using vtcontrolcolorscheme::tellFailure;
 using vtcontrolcolorscheme::tellSuccess;
-using vtcontrolcolorscheme::toFilePath;
 using vtcontrolcolorscheme::WorkingCopies;
-using VTObjects::safeFileName;
 using VTObjects::toQString;
 using VTObjects::toVOString;
 using VTObjects::VOColorScheme;
 using VTObjects::VOColorSchemeGroup;
-using VTObjects::VOColorSchemeManager;
-using VTObjects::VOString;
+
+namespace {
+
+constexpr int mostProblems = 10; // lines in a message box
+
+} // namespace
 
 VTColorSchemeView::VTColorSchemeView(QWidget *parent)
     : QTableView(parent)
@@ -165,22 +166,16 @@ void VTColorSchemeView::onExportScheme()
         QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog);
     if (chosen.isEmpty())
         return;
-    const VOString directory = toFilePath(chosen);
-    bool ok = true;
-    const std::vector<VOColorScheme> &schemes = tableModel->group().schemes;
-    for (const int row : rows) {
-        // Whoever holds the working copy can have shortened it while the user chose.
-        if (static_cast<std::size_t>(row) >= schemes.size())
-            continue;
-        const VOColorScheme &scheme = schemes[static_cast<std::size_t>(row)];
-        // A name can be any text; its file stays inside the folder.
-        const VOString path = directory + "/" + safeFileName(scheme.name) + ".vcs";
-        ok = VOColorSchemeManager::saveFile(scheme, path) && ok;
-    }
-    if (ok)
+    const QStringList problems = exportSchemes(tableModel->group().schemes, rows, chosen);
+    if (problems.isEmpty()) {
         tellSuccess(this, tr("Export color scheme"), tr("Export color scheme successfully!"));
-    else
-        tellFailure(this, tr("Export color scheme"), tr("Failed to export color scheme!"));
+        return;
+    }
+    QStringList shown = problems.mid(0, mostProblems);
+    if (problems.size() > shown.size())
+        shown.append(tr("And %1 more.").arg(problems.size() - shown.size()));
+    tellFailure(this, tr("Export color scheme"), tr("Failed to export color scheme!"),
+                shown.join(QLatin1Char('\n')));
 }
 
 void VTColorSchemeView::onFavorite()

@@ -1,12 +1,18 @@
 #include "colorscheme/model/messageBoxes_p.h"
 
 #include <QAbstractButton>
+#include <QLabel>
 
 namespace vtcontrolcolorscheme {
 
-void tellFailure(QWidget *parent, const QString &title, const QString &text)
+void tellFailure(QWidget *parent, const QString &title, const QString &text, const QString &below)
 {
-    QMessageBox::information(parent, title, text, QMessageBox::Close);
+    QMessageBox box(QMessageBox::Information, title, text, QMessageBox::Close, parent);
+    box.setInformativeText(below);
+    // The box has no format of its own for this label, which would take a name for rich text.
+    if (auto *label = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel")))
+        label->setTextFormat(Qt::PlainText);
+    box.exec();
 }
 
 void tellSuccess(QWidget *parent, const QString &title, const QString &text)

@@ -4,8 +4,10 @@
 
 namespace vtcontrolcolorscheme {
 
-/// Says that something failed, in a box with one Close button.
-void tellFailure(QWidget *parent, const QString &title, const QString &text);
+/// Says that something failed, in a box with one Close button. What stands below the text, if
+/// anything, is plain text: it may name files.
+void tellFailure(QWidget *parent, const QString &title, const QString &text,
+                 const QString &below = QString());
 /// Says that something succeeded, in a box with one Ok button.
 void tellSuccess(QWidget *parent, const QString &title, const QString &text);
 

@@ -23,6 +23,7 @@ constexpr bool isPlain(char character)
 
 JsonReader::JsonReader(std::string_view text)
     : rest(text)
+    , length(text.size())
 {
     constexpr std::size_t usualDepth = 4; // of a scheme file
     levels.reserve(usualDepth);
@@ -30,6 +31,7 @@ JsonReader::JsonReader(std::string_view text)
 
 bool JsonReader::fail()
 {
+    failedAt = position();
     good = false;
     rest = std::string_view();
     return false;

@@ -21,6 +21,8 @@ public:
 
     bool isGood() const { return good; }
     bool fail();
+    /// How many bytes were read; after a failure, before it.
+    std::size_t position() const { return good ? length - rest.size() : failedAt; }
 
     /// True if the next value begins with this character: '{', '[', '"', 't', ...
     bool nextIs(char character);
@@ -59,6 +61,8 @@ private:
     std::size_t takeDigits(std::size_t at) const;
 
     std::string_view rest;
+    std::size_t length = 0; // of the whole text
+    std::size_t failedAt = 0;
     std::vector<Level> levels;
     bool good = true;
 };

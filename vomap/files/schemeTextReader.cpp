@@ -185,38 +185,59 @@ bool takeRamp(JsonReader &json, std::unique_ptr<VOColorRamp> &ramp)
     return true;
 }
 
-bool takeHead(JsonReader &json)
+SchemeFault::Kind takeHead(JsonReader &json)
 {
     std::wstring name;
     std::wstring format;
+    const bool ours =
+        json.enterObject() && json.nextMember(name) && name == L"format" &&
+        json.takeString(format) &&
+        std::equal(schemeFormat.begin(), schemeFormat.end(), format.begin(), format.end());
+    if (!ours)
+        return SchemeFault::Foreign;
     std::int64_t schema = 0;
-    return json.enterObject() && json.nextMember(name) && name == L"format" &&
-           json.takeString(format) &&
-           std::equal(schemeFormat.begin(), schemeFormat.end(), format.begin(), format.end()) &&
-           json.nextMember(name) && name == L"schema" &&
-           takeWhole(json, schemeSchema, schemeSchema, schema);
+    const bool numbered = json.nextMember(name) && name == L"schema" &&
+                          takeWhole(json, schemeSchema, std::numeric_limits<int>::max(), schema);
+    if (!numbered)
+        return SchemeFault::Damaged;
+    return schema == schemeSchema ? SchemeFault::None : SchemeFault::Newer;
 }
 
-} // namespace
+bool isBlank(std::string_view text)
+{
+    return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+}
 
-bool readSchemeText(std::string_view text, VOColorScheme &scheme)
+SchemeFault readScheme(std::string_view text, VOColorScheme &scheme)
 {
     if (text.size() > maxSchemeText)
-        return false;
+        return {SchemeFault::TooLong};
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (text.substr(0, byteOrderMark.size()) == byteOrderMark)
         text.remove_prefix(byteOrderMark.size());
+    if (isBlank(text))
+        return {SchemeFault::Empty};
 
     JsonReader json(text);
-    if (!takeHead(json))
-        return false;
+    const auto damaged = [&json, text] {
+        const std::string_view before = text.substr(0, json.position());
+        return SchemeFault{SchemeFault::Damaged,
+                           static_cast<int>(std::count(before.begin(), before.end(), '\n')) + 1};
+    };
+    const SchemeFault::Kind head = takeHead(json);
+    if (head != SchemeFault::None)
+        return head == SchemeFault::Damaged ? damaged() : SchemeFault{head};
     std::wstring member;
     std::wstring texts[3];
     bool has[3] = {};
     std::unique_ptr<VOColorRamp> ramp;
-    constexpr std::wstring_view textNames[] = {L"name", L"author", L"description"};
+    constexpr std::string_view textNames[] = {"name", "author", "description"};
+    const auto isMember = [&member](std::string_view known) {
+        return std::equal(known.begin(), known.end(), member.begin(), member.end());
+    };
     while (json.nextMember(member)) {
-        const auto *const known = std::find(std::begin(textNames), std::end(textNames), member);
+        const auto *const known =
+            std::find_if(std::begin(textNames), std::end(textNames), isMember);
         const auto which = static_cast<std::size_t>(known - std::begin(textNames));
         if (known != std::end(textNames))
             has[which] = takeText(json, texts[which]);
@@ -225,15 +246,31 @@ bool readSchemeText(std::string_view text, VOColorScheme &scheme)
         else
             json.skipValue();
     }
-    if (!json.atEnd() || !ramp || !has[0] || !has[1] || !has[2])
-        return false;
+    if (!json.atEnd())
+        return damaged();
+    for (std::size_t i = 0; i < std::size(textNames); ++i) {
+        if (!has[i])
+            return {SchemeFault::Incomplete, 0, textNames[i]};
+    }
+    if (!ramp)
+        return {SchemeFault::Incomplete, 0, "ramp"};
     scheme.name = texts[0];
     scheme.author = texts[1];
     scheme.describe = texts[2];
     scheme.unknownFields.reset();
     delete scheme.colorRamp;
     scheme.colorRamp = ramp.release();
-    return true;
+    return {};
+}
+
+} // namespace
+
+bool readSchemeText(std::string_view text, VOColorScheme &scheme, SchemeFault *fault)
+{
+    const SchemeFault found = readScheme(text, scheme);
+    if (fault)
+        *fault = found;
+    return found.kind == SchemeFault::None;
 }
 
 } // namespace VTObjects

@@ -221,12 +221,15 @@ void tst_VTColorSchemeEditor_load::anUnreadableFileIsReported()
         field->setText(path);
         QTest::keyClick(field, Qt::Key_Return);
     });
-    driver.next([&test](QWidget *window) {
+    driver.next([&test, &path](QWidget *window) {
         auto *box = qobject_cast<QMessageBox *>(window);
         QVERIFY(box);
         QCOMPARE(box->parentWidget(), &test.editor());
         QCOMPARE(box->windowTitle(), QStringLiteral("Open color scheme file"));
         QCOMPARE(box->text(), QStringLiteral("Failed to open file!"));
+        QVERIFY2(
+            box->informativeText().startsWith(QFileInfo(path).fileName() + QLatin1String(": ")),
+            qPrintable(box->informativeText()));
         QCOMPARE(box->icon(), QMessageBox::Information);
         QCOMPARE(box->standardButtons(), QMessageBox::Close);
         QTest::mouseClick(box->button(QMessageBox::Close), Qt::LeftButton);

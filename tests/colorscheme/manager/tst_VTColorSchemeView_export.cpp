@@ -6,12 +6,18 @@
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
+#include "vomap/safeFileName.h"
 
 #include <QDir>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QtTest>
 
+#include <utility>
+
+using VTObjects::safeFileName;
+using VTObjects::toQString;
 using VTObjects::toVOString;
 using VTObjects::VOColorScheme;
 using VTObjects::VOColorSchemeManager;
@@ -23,6 +29,17 @@ const QString exportTitle = QStringLiteral("Export color scheme");
 const QString exported = QStringLiteral("Export color scheme successfully!");
 
 const QString notExported = QStringLiteral("Failed to export color scheme!");
+
+/// Sees the box of a failed export, and keeps what stands below its text.
+ModalDriver::Handler expectFailure(QString &below)
+{
+    return [&below](QWidget *window) {
+        auto *box = qobject_cast<QMessageBox *>(window);
+        QVERIFY(box);
+        below = box->informativeText();
+        expectBox(exportTitle, notExported, QMessageBox::Close)(box);
+    };
+}
 
 } // namespace
 
@@ -39,7 +56,13 @@ private Q_SLOTS:
     void exportCanBeCanceled();
     void exportTurnsBackslashes();
     void exportGoesOnAfterAFailure();
+    void exportSaysWhichFilesFailedAndWhy();
+    void exportOfManyFailuresStaysASmallBox();
+    void exportShowsNamesAsTheyAreWritten();
     void exportOfTwoEqualNamesKeepsTheLater();
+    void exportKeepsHarmlessNames();
+    void exportGivesDifferentNamesDifferentFiles();
+    void exportReplacesAnOlderFile();
     void exportKeepsInsideTheChosenFolder_data();
     void exportKeepsInsideTheChosenFolder();
     void exportPassesOverRowsThatAreGone();
@@ -128,6 +151,116 @@ void tst_VTColorSchemeView_export::exportGoesOnAfterAFailure()
     view->onExportScheme();
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     QCOMPARE(QDir(store->path()).entryList(QDir::Files), (QStringList{"a.vcs", "c.vcs"}));
+}
+
+void tst_VTColorSchemeView_export::exportSaysWhichFilesFailedAndWhy()
+{
+    auto group = makeGroup("g", {"a", "without ramp", "in the way"});
+    delete group.schemes[1].colorRamp;
+    group.schemes[1].colorRamp = nullptr;
+    QVERIFY(QDir(store->path()).mkdir(QStringLiteral("in the way.vcs")));
+    view->setGroup(1, 0, group);
+    view->selectAll();
+    QString below;
+    ModalDriver driver;
+    driver.next(choose({store->path()}));
+    driver.next(expectFailure(below));
+    view->onExportScheme();
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(below, QStringLiteral("without ramp.vcs: The scheme has no colors.\n"
+                                   "in the way.vcs: There is a folder of this name."));
+    QCOMPARE(QDir(store->path()).entryList(QDir::Files), QStringList{"a.vcs"});
+}
+
+void tst_VTColorSchemeView_export::exportOfManyFailuresStaysASmallBox()
+{
+    QStringList names;
+    for (int i = 0; i < 300; ++i)
+        names.append(QStringLiteral("scheme %1").arg(i));
+    view->setGroup(1, 0, makeGroup("g", names));
+    for (auto &scheme : view->schemeModel()->group().schemes)
+        delete std::exchange(scheme.colorRamp, nullptr);
+    view->selectAll();
+    QString below;
+    ModalDriver driver;
+    driver.next(choose({store->path()}));
+    driver.next(expectFailure(below));
+    view->onExportScheme();
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    const QStringList lines = below.split(QLatin1Char('\n'));
+    QCOMPARE(lines.size(), 11);
+    QVERIFY(lines.first().startsWith(QLatin1String("scheme 0.vcs: ")));
+    QCOMPARE(lines.last(), QStringLiteral("And 290 more."));
+}
+
+void tst_VTColorSchemeView_export::exportShowsNamesAsTheyAreWritten()
+{
+    auto group = makeGroup("g", {"<b>bold</b>"});
+    delete std::exchange(group.schemes[0].colorRamp, nullptr);
+    view->setGroup(1, 0, group);
+    view->selectAll();
+    ModalDriver driver;
+    driver.next(choose({store->path()}));
+    driver.next([](QWidget *window) {
+        auto *label = window->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"));
+        QVERIFY(label);
+        QCOMPARE(label->textFormat(), Qt::PlainText);
+        QVERIFY(label->text().startsWith(toQString(safeFileName("<b>bold</b>"))));
+        window->close();
+    });
+    view->onExportScheme();
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+}
+
+void tst_VTColorSchemeView_export::exportKeepsHarmlessNames()
+{
+    const QStringList names{"0..100 m", "con", "nul.old", "wait...", "what?"};
+    view->setGroup(1, 0, makeGroup("g", names));
+    view->selectAll();
+    ModalDriver driver;
+    driver.next(choose({store->path()}));
+    driver.next(expectBox(exportTitle, exported, QMessageBox::Ok));
+    view->onExportScheme();
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    for (const QString &name : names)
+        QVERIFY2(QFile::exists(store->path(name + ".vcs")), qPrintable(name));
+}
+
+void tst_VTColorSchemeView_export::exportGivesDifferentNamesDifferentFiles()
+{
+    const QStringList names{"a/b", "a_b", "Red", "red"};
+    view->setGroup(1, 0, makeGroup("g", names));
+    view->selectAll();
+    ModalDriver driver;
+    driver.next(choose({store->path()}));
+    driver.next(expectBox(exportTitle, exported, QMessageBox::Ok));
+    view->onExportScheme();
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    const QStringList files{"a_b (2).vcs", "a_b.vcs", "Red.vcs", "red (2).vcs"};
+    for (int i = 0; i < names.size(); ++i) {
+        VOColorScheme read;
+        QVERIFY(VOColorSchemeManager::readFile(read, toVOString(store->path(files[i]))));
+        QCOMPARE(toQString(read.name), names[i]);
+    }
+    QCOMPARE(QDir(store->path()).entryList(QDir::Files).size(), files.size());
+}
+
+void tst_VTColorSchemeView_export::exportReplacesAnOlderFile()
+{
+    QFile older(store->path(QStringLiteral("a.vcs")));
+    QVERIFY(older.open(QIODevice::WriteOnly));
+    older.write("older");
+    older.close();
+    view->setGroup(1, 0, makeGroup("g", {"a"}));
+    view->selectAll();
+    ModalDriver driver;
+    driver.next(choose({store->path()}));
+    driver.next(expectBox(exportTitle, exported, QMessageBox::Ok));
+    view->onExportScheme();
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(QDir(store->path()).entryList(QDir::Files), QStringList{"a.vcs"});
+    VOColorScheme read;
+    QVERIFY(VOColorSchemeManager::readFile(read, toVOString(older.fileName())));
 }
 
 void tst_VTColorSchemeView_export::exportOfTwoEqualNamesKeepsTheLater()

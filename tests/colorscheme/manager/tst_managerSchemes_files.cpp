@@ -20,6 +20,7 @@ private Q_SLOTS:
     void cleanup() { tearDown(); }
 
     void importReadsManyFilesPastABadOne();
+    void eachBadFileIsNamedWithWhatIsWrong();
     void importedNamesAreSuffixedOnce();
     void importTurnsBackslashes();
     void importStartsAtTheLastPath();
@@ -69,6 +70,45 @@ void tst_managerSchemes_files::importReadsManyFilesPastABadOne()
     QCOMPARE(inserted.count(), 2);
     user->click(0, 0);
     QCOMPARE(copyNames(1, 1), (QStringList{"x", "y"}));
+}
+
+void tst_managerSchemes_files::eachBadFileIsNamedWithWhatIsWrong()
+{
+    const QStringList paths{writeFile(QStringLiteral("cut.vcs"), QStringLiteral("x")),
+                            store->path(QStringLiteral("picture.vcs")),
+                            store->path(QStringLiteral("empty.vcs")),
+                            writeFile(QStringLiteral("good.vcs"), QStringLiteral("y"))};
+    QFile cut(paths[0]);
+    QVERIFY(cut.resize(cut.size() - 20));
+    QFile picture(paths[1]);
+    QVERIFY(picture.open(QIODevice::WriteOnly));
+    picture.write("GIF89a");
+    picture.close();
+    QFile empty(paths[2]);
+    QVERIFY(empty.open(QIODevice::WriteOnly));
+    empty.close();
+    open();
+    user->click(1, 1);
+    QStringList below;
+    ModalDriver driver;
+    driver.next(choose(paths));
+    for (int i = 0; i < 3; ++i) {
+        driver.next([&below](QWidget *window) {
+            auto *box = qobject_cast<QMessageBox *>(window);
+            QVERIFY(box);
+            QCOMPARE(box->text(), QStringLiteral("Failed to open file!"));
+            below.append(box->informativeText());
+            box->close();
+        });
+    }
+    user->command("actionImport_scheme");
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(below.size(), 3);
+    QVERIFY2(below[0].startsWith(QLatin1String("cut.vcs: The text is damaged in line ")),
+             qPrintable(below[0]));
+    QCOMPARE(below[1], QStringLiteral("picture.vcs: It is no color scheme file."));
+    QCOMPARE(below[2], QStringLiteral("empty.vcs: The file is empty."));
+    QCOMPARE(user->names(), QStringList{"y"});
 }
 
 void tst_managerSchemes_files::importedNamesAreSuffixedOnce()

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void aLinkStaysALink();
     void permissionsOfTheOldFileStay();
     void aScratchFileOfAKilledSaveIsUsedAgain();
+    void whatCannotBeSavedIsTold();
     void unusualFileNamesWork_data();
     void unusualFileNamesWork();
 };
@@ -38,18 +39,26 @@ void tst_schemeFile_saving::savingReplacesTheOldFileAndLeavesNothingBesideIt()
 void tst_schemeFile_saving::aFailedSaveLeavesTheOldFileAndNothingBesideIt_data()
 {
     QTest::addColumn<QString>("target");
-    QTest::newRow("no such folder") << "missing/scheme.vcs";
-    QTest::newRow("a file for a folder") << "old.vcs/scheme.vcs";
-    QTest::newRow("a folder for a file") << "folder.vcs";
-    QTest::newRow("name too long") << QString(300, QLatin1Char('x'));
+    QTest::addColumn<QString>("problem");
+    QTest::newRow("no such folder") << "missing/scheme.vcs"
+                                    << "The folder does not exist.";
+    QTest::newRow("a file for a folder") << "old.vcs/scheme.vcs"
+                                         << "The folder does not exist.";
+    QTest::newRow("a folder for a file") << "folder.vcs"
+                                         << "There is a folder of this name.";
+    QTest::newRow("name too long")
+        << QString(300, QLatin1Char('x')) << "The name of the file is too long.";
 }
 
 void tst_schemeFile_saving::aFailedSaveLeavesTheOldFileAndNothingBesideIt()
 {
     QFETCH(QString, target);
+    QFETCH(QString, problem);
     QVERIFY(QDir(store->path()).mkdir("folder.vcs"));
     QVERIFY(VOColorSchemeManager::saveFile(goodScheme(), file("old.vcs")));
-    QVERIFY(!VOColorSchemeManager::saveFile(SchemeSamples(1).scheme(), file(target)));
+    QString told;
+    QVERIFY(!VOColorSchemeManager::saveFile(SchemeSamples(1).scheme(), file(target), told));
+    QCOMPARE(told, problem);
     QCOMPARE(filesThere(), QStringList({"folder.vcs", "old.vcs"}));
     QCOMPARE(content("old.vcs"), QByteArray(goodText));
 }
@@ -62,7 +71,9 @@ void tst_schemeFile_saving::aLinkStaysALink()
     QVERIFY(QFileInfo(store->path("link.vcs")).isSymLink());
     QCOMPARE(content(), QByteArray(goodText));
     QVERIFY(QFile::link(store->path("nowhere"), store->path("dangling.vcs")));
-    QVERIFY(!VOColorSchemeManager::saveFile(goodScheme(), file("dangling.vcs")));
+    QString told;
+    QVERIFY(!VOColorSchemeManager::saveFile(goodScheme(), file("dangling.vcs"), told));
+    QCOMPARE(told, QStringLiteral("There is a link of this name that leads nowhere."));
     QCOMPARE(filesThere(), QStringList({"dangling.vcs", "link.vcs", "scheme.vcs"}));
 }
 
@@ -87,6 +98,17 @@ void tst_schemeFile_saving::aScratchFileOfAKilledSaveIsUsedAgain()
     QVERIFY(VOColorSchemeManager::saveFile(goodScheme(), file()));
     QCOMPARE(content(), QByteArray(goodText));
     QCOMPARE(filesThere(), QStringList({"scheme.vcs"}));
+}
+
+void tst_schemeFile_saving::whatCannotBeSavedIsTold()
+{
+    QString told;
+    QVERIFY(!VOColorSchemeManager::saveFile(VOColorScheme(), file(), told));
+    QCOMPARE(told, QStringLiteral("The scheme has no colors."));
+    QVERIFY(!VOColorSchemeManager::saveFile(goodScheme(), VOString(), told));
+    QCOMPARE(told, QStringLiteral("This is no name of a file."));
+    QVERIFY(VOColorSchemeManager::saveFile(goodScheme(), file(), told));
+    QCOMPARE(told, QString());
 }
 
 void tst_schemeFile_saving::unusualFileNamesWork_data()

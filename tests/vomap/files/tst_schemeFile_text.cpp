@@ -19,6 +19,9 @@ private Q_SLOTS:
 
     void damagedTextIsRefused_data();
     void damagedTextIsRefused();
+    void whatIsWrongIsTold_data();
+    void whatIsWrongIsTold();
+    void whatIsNotReadIsToldToo();
     void whatEditorsDoIsAccepted_data();
     void whatEditorsDoIsAccepted();
     void everyCutIsRefused();
@@ -136,6 +139,62 @@ void tst_schemeFile_text::damagedTextIsRefused()
     QFETCH(QByteArray, text);
     QVERIFY(read(goodText)); // so that it is the difference that counts
     QVERIFY(!read(text));
+    VOColorScheme scheme;
+    QString problem;
+    QVERIFY(!VOColorSchemeManager::readFile(scheme, file(), problem));
+    QVERIFY(!problem.isEmpty());
+}
+
+void tst_schemeFile_text::whatIsWrongIsTold_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("problem");
+    QTest::newRow("nothing") << QByteArray(goodText) << QString();
+    QTest::newRow("empty") << QByteArray() << QString("The file is empty.");
+    QTest::newRow("only blanks") << QByteArray("  \n") << QString("The file is empty.");
+    QTest::newRow("a picture") << QByteArray("GIF89a") << QString("It is no color scheme file.");
+    QTest::newRow("another format") << replaced("vtcontrolcolorscheme.scheme", "other")
+                                    << QString("It is no color scheme file.");
+    QTest::newRow("newer") << replaced("\"schema\": 1", "\"schema\": 2")
+                           << QString("It was written by a newer release of this program.");
+    QTest::newRow("no schema") << replaced("\"schema\": 1", "\"schema\": 0")
+                               << QString("The text is damaged in line 3.");
+    QTest::newRow("missing comma")
+        << replaced("\"Two\",", "\"Two\"") << QString("The text is damaged in line 5.");
+    QTest::newRow("behind the end")
+        << QByteArray(goodText) + "\n\nx"
+        << QString("The text is damaged in line %1.").arg(QByteArray(goodText).count('\n') + 3);
+    QTest::newRow("no name") << replaced("\"name\": \"Two\",", "")
+                             << QString("The text is not complete: \"name\" is missing.");
+    QTest::newRow("no ramp") << QByteArray("{\"format\": \"vtcontrolcolorscheme.scheme\", "
+                                           "\"schema\": 1, \"name\": \"\", \"author\": \"\", "
+                                           "\"description\": \"\"}")
+                             << QString("The text is not complete: \"ramp\" is missing.");
+    QTest::newRow("past 4 MiB") << QByteArray(goodText) + QByteArray(4 * 1024 * 1024, ' ')
+                                << QString("The file is too long for a color scheme.");
+}
+
+void tst_schemeFile_text::whatIsWrongIsTold()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, problem);
+    write(text);
+    VOColorScheme scheme;
+    QString told = QStringLiteral("of another call");
+    QCOMPARE(VOColorSchemeManager::readFile(scheme, file(), told), problem.isEmpty());
+    QCOMPARE(told, problem);
+}
+
+void tst_schemeFile_text::whatIsNotReadIsToldToo()
+{
+    VOColorScheme scheme;
+    QString told;
+    QVERIFY(!VOColorSchemeManager::readFile(scheme, file("missing.vcs"), told));
+    QCOMPARE(told, QStringLiteral("There is no such file."));
+    QVERIFY(!VOColorSchemeManager::readFile(scheme, toVOString(store->path()), told));
+    QCOMPARE(told, QStringLiteral("It is no file."));
+    QVERIFY(!VOColorSchemeManager::readFile(scheme, VOString(), told));
+    QCOMPARE(told, QStringLiteral("There is no such file."));
 }
 
 void tst_schemeFile_text::whatEditorsDoIsAccepted_data()

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "vomap/VOColorScheme.h"
+
+#include <QStringList>
+#include <QVector>
+
+#include <vector>
+
+namespace vtcontrolcolorscheme {
+
+/// Writes the schemes at these rows into the folder, each into a file of its name; rows that do not
+/// exist are passed over. Goes on after a failure, and answers with a line for each: the file, and
+/// what is wrong with it.
+QStringList exportSchemes(const std::vector<VTObjects::VOColorScheme> &schemes,
+                          const QVector<int> &rows, const QString &folder);
+
+} // namespace vtcontrolcolorscheme
