@@ -44,6 +44,10 @@ namespace {
 
 constexpr int mostProblems = 10; // lines in a message box
 
+// Of a name's editor: whether the last word of it was told, and whether it is being closed.
+constexpr char toldProperty[] = "told";
+constexpr char endedProperty[] = "ended";
+
 } // namespace
 
 VTColorSchemeView::VTColorSchemeView(QWidget *parent)
@@ -105,12 +109,12 @@ void VTColorSchemeView::setGroup(int teamKind, const int &groupIndex,
 
 void VTColorSchemeView::reset()
 {
-    const bool wasNamed = viewport()->findChild<VTLineEditWidget *>() != nullptr;
+    // The base drops an open editor without telling its delegate.
+    const auto editors = viewport()->findChildren<VTLineEditWidget *>();
+    for (VTLineEditWidget *editor : editors)
+        endNaming(editor);
     QTableView::reset();
     describeCurrentRow();
-    // The base drops an open editor without telling its delegate.
-    if (wasNamed)
-        Q_EMIT information(true);
 }
 
 QVector<int> VTColorSchemeView::selectedRowNumbers() const
@@ -223,6 +227,7 @@ void VTColorSchemeView::onNameEdited(const QString &name)
     auto *editor = qobject_cast<VTLineEditWidget *>(sender());
     if (!editor)
         return;
+    editor->setProperty(toldProperty, false);
     if (name.isEmpty()) {
         editor->showWarning(tr("The name cannot be empty!"));
         Q_EMIT information(false);
@@ -239,7 +244,13 @@ void VTColorSchemeView::onNameEdited(const QString &name)
 
 void VTColorSchemeView::onNameEditingFinished()
 {
-    makeNameUsable(qobject_cast<VTLineEditWidget *>(sender()));
+    auto *editor = qobject_cast<VTLineEditWidget *>(sender());
+    // A field that is taken down loses the keyboard, and would end once more.
+    if (!editor || editor->property(endedProperty).toBool())
+        return;
+    makeNameUsable(editor);
+    editor->setProperty(toldProperty, false);
+    tellUsable(editor);
 }
 
 void VTColorSchemeView::makeNameUsable(VTLineEditWidget *editor)
@@ -250,7 +261,20 @@ void VTColorSchemeView::makeNameUsable(VTLineEditWidget *editor)
     const QString name = editor->lineEdit()->text().trimmed();
     if (name.isEmpty() || !tableModel->group().schemeNameChangeCheck(row, toVOString(name)))
         editor->lineEdit()->setText(makeRenameName(row));
+}
+
+void VTColorSchemeView::tellUsable(VTLineEditWidget *editor)
+{
+    if (editor->property(toldProperty).toBool())
+        return;
+    editor->setProperty(toldProperty, true);
     Q_EMIT information(true);
+}
+
+void VTColorSchemeView::endNaming(VTLineEditWidget *editor)
+{
+    tellUsable(editor);
+    editor->setProperty(endedProperty, true);
 }
 
 QString VTColorSchemeView::makeRenameName(int row) const
@@ -280,6 +304,18 @@ void VTColorSchemeView::commitData(QWidget *editor)
 {
     // The view commits also when nothing has told it that the editing is over, for example when
     // another row becomes the current one. A bad name must not get through then either.
-    makeNameUsable(qobject_cast<VTLineEditWidget *>(editor));
+    if (auto *nameEditor = qobject_cast<VTLineEditWidget *>(editor)) {
+        if (nameEditor->property(endedProperty).toBool())
+            return;
+        makeNameUsable(nameEditor);
+        tellUsable(nameEditor);
+    }
     QTableView::commitData(editor);
+}
+
+void VTColorSchemeView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    if (auto *nameEditor = qobject_cast<VTLineEditWidget *>(editor))
+        endNaming(nameEditor);
+    QTableView::closeEditor(editor, hint);
 }

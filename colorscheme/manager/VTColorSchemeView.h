@@ -66,10 +66,17 @@ protected:
 
 protected Q_SLOTS:
     void commitData(QWidget *editor) override;
+    void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private:
+    friend class VtColorSchemeNameDelegate; // which hears of ends that the view does not
+
     QString makeRenameName(int row) const;
     void makeNameUsable(VTLineEditWidget *editor);
+    /// Emits information(true), unless it has been since the user last typed in this editor.
+    void tellUsable(VTLineEditWidget *editor);
+    /// From here on the editor has nothing to say any more.
+    void endNaming(VTLineEditWidget *editor);
     void describeCurrentRow();
 
     QMenu *contextMenu = nullptr;

@@ -37,8 +37,9 @@ QWidget *VtColorSchemeNameDelegate::createEditor(QWidget *parent,
 void VtColorSchemeNameDelegate::destroyEditor(QWidget *editor, const QModelIndex &index) const
 {
     // However the editing ended, no unusable name is being typed any more.
-    if (view)
-        Q_EMIT view->information(true);
+    auto *nameEditor = qobject_cast<VTLineEditWidget *>(editor);
+    if (view && nameEditor)
+        view->endNaming(nameEditor);
     QItemDelegate::destroyEditor(editor, index);
 }
 

@@ -25,6 +25,8 @@ private Q_SLOTS:
     void aRemovedRowUnderTheFieldIsSurvived();
     void theTreeUnderTheFieldCanLoseItsGroup();
     void theManagerUnderTheFieldCanGo();
+    void theEndOfNamingIsToldOnce_data();
+    void theEndOfNamingIsToldOnce();
     void theTableUnderTheFieldCanGo();
 };
 
@@ -78,6 +80,43 @@ void tst_renamingInPlace_survival::theManagerUnderTheFieldCanGo()
     QMetaObject::invokeMethod(&next, "onOk");
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     QCOMPARE(next.result(), int(QDialog::Accepted));
+}
+
+void tst_renamingInPlace_survival::theEndOfNamingIsToldOnce_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("key");
+    for (const char *typed : {"new", "c", "  ", ""}) {
+        QTest::addRow("Return after '%s'", typed) << QString(typed) << int(Qt::Key_Return);
+        QTest::addRow("Tab after '%s'", typed) << QString(typed) << int(Qt::Key_Tab);
+        QTest::addRow("Escape after '%s'", typed) << QString(typed) << int(Qt::Key_Escape);
+        QTest::addRow("arrow after '%s'", typed) << QString(typed) << int(Qt::Key_Down);
+        QTest::addRow("a new list after '%s'", typed) << QString(typed) << 0;
+    }
+}
+
+void tst_renamingInPlace_survival::theEndOfNamingIsToldOnce()
+{
+    QFETCH(QString, typed);
+    QFETCH(int, key);
+    edit(1);
+    if (!typed.isEmpty())
+        type(typed);
+    QSignalSpy information(user->table, &VTColorSchemeView::information);
+    if (key != 0)
+        press(static_cast<Qt::Key>(key));
+    else
+        user->table->setGroup(1, 0, makeGroup("g", {"other"}));
+    QCoreApplication::processEvents();
+    if (key == Qt::Key_Tab && editor()) {
+        // The next name is named now; nothing more is told of the one before.
+        QCOMPARE(information.count(), 1);
+        press(Qt::Key_Escape);
+        return;
+    }
+    QVERIFY(!editor());
+    QCOMPARE(information.count(), 1);
+    QCOMPARE(information.last().first(), QVariant(true));
 }
 
 void tst_renamingInPlace_survival::theTableUnderTheFieldCanGo()
