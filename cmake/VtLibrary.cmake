@@ -17,7 +17,9 @@ function(vt_target_defaults target)
         AUTORCC ON
         AUTOUIC_SEARCH_PATHS ${PROJECT_SOURCE_DIR}/colorscheme/forms)
     if(VT_CCACHE)
-        set_target_properties(${target} PROPERTIES CXX_COMPILER_LAUNCHER ${VT_CCACHE})
+        # It serves what was compiled by a precompiled header only if macros of time do not count.
+        set_target_properties(${target} PROPERTIES CXX_COMPILER_LAUNCHER
+            "${CMAKE_COMMAND};-E;env;CCACHE_SLOPPINESS=pch_defines,time_macros;${VT_CCACHE}")
     endif()
     target_compile_features(${target} PUBLIC cxx_std_17)
     target_compile_definitions(${target} PRIVATE
