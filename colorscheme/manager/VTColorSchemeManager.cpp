@@ -1,5 +1,6 @@
 #include "colorscheme/manager/VTColorSchemeManager.h"
 
+#include "colorscheme/manager/OneLineDelegate_p.h"
 #include "colorscheme/manager/VTColorSchemeModel.h"
 #include "colorscheme/manager/WorkingCopies_p.h"
 #include "colorscheme/manager/nodeInfo_p.h"
@@ -19,6 +20,7 @@ using vtcontrolcolorscheme::GroupPlace;
 using vtcontrolcolorscheme::NameColumn;
 using vtcontrolcolorscheme::nodeInfo;
 using vtcontrolcolorscheme::nodeInfoRole;
+using vtcontrolcolorscheme::OneLineDelegate;
 using vtcontrolcolorscheme::WorkingCopies;
 using VTObjects::CustomTeam;
 using VTObjects::DefaultTeam;
@@ -74,6 +76,7 @@ void VTColorSchemeManager::initUi()
     ui->teamView->setAccessibleName(tr("Groups of color schemes"));
     teamModel = new QStandardItemModel(0, 1, this);
     ui->teamView->setModel(teamModel);
+    ui->teamView->setItemDelegate(new OneLineDelegate(ui->teamView));
     ui->teamView->setStyleSheet(
         QStringLiteral("QTreeView::item:hover{background-color:rgb(255,0,0,125)}"
                        "QTreeView::item:selected{background-color:rgb(0,0,255,50)}"));

@@ -3,6 +3,7 @@
 #include "colorscheme/accessibility/describeColorRamp_p.h"
 #include "colorscheme/editor/VTColorSchemeEditor.h"
 #include "colorscheme/manager/ColorSchemeNodeInfo.h"
+#include "colorscheme/manager/OneLineDelegate_p.h"
 #include "colorscheme/manager/VTColorSchemeManager.h"
 #include "colorscheme/manager/VTColorSchemeModel.h"
 #include "colorscheme/manager/VTLineEditWidget.h"
@@ -15,6 +16,7 @@
 #include "colorscheme/model/messageBoxes_p.h"
 #include "vomap/VOStringConversion.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QFileDialog>
 #include <QHeaderView>
@@ -30,6 +32,7 @@ using vtcontrolcolorscheme::GeneratedName;
 using vtcontrolcolorscheme::lastOpenFilePath;
 using vtcontrolcolorscheme::NameColumn;
 using vtcontrolcolorscheme::NumberColumn;
+using vtcontrolcolorscheme::OneLineDelegate;
 using vtcontrolcolorscheme::RampColumn;
 using vtcontrolcolorscheme::tablePreviewSize;
 using vtcontrolcolorscheme::tellFailure;
@@ -56,7 +59,10 @@ VTColorSchemeView::VTColorSchemeView(QWidget *parent)
 {
     tableModel = new VTColorSchemeModel(this);
     setModel(tableModel);
+    setItemDelegate(new OneLineDelegate(this));
     setItemDelegateForColumn(NameColumn, new VtColorSchemeNameDelegate(this));
+    // Of a second line the rows have room for no more than a half.
+    setWordWrap(false);
 
     // First of all: the style's minimum is wider than the first column.
     horizontalHeader()->setMinimumSectionSize(25);
@@ -144,6 +150,18 @@ void VTColorSchemeView::onDoubleClicked(const QModelIndex &index)
     if (!index.isValid() || index.column() > RampColumn)
         return;
     editScheme(index.row(), this);
+}
+
+bool VTColorSchemeView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
+{
+    const bool isEdited = QTableView::edit(index, trigger, event);
+    auto *field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+    if (field && viewport()->isAncestorOf(field) && !field->isModified()) {
+        // The whole text stays selected, but what can be seen of a long one is its beginning.
+        field->end(false);
+        field->home(true);
+    }
+    return isEdited;
 }
 
 void VTColorSchemeView::editScheme(int row, QWidget *parent)

@@ -20,6 +20,8 @@ class VOColorSchemeGroup;
 /// while what is typed cannot be used; author and description too; a double-click on number or
 /// preview opens the editor. Works on its model's copy of the group only.
 ///
+/// A long text is one line that shows its beginning; hovering shows it whole.
+///
 /// To assistive tools it describes the colours of its current row, whose preview has no text.
 ///
 /// The context menu and the favourites are there only for a view whose parent is a manager.
@@ -28,6 +30,8 @@ class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeView : public QTableView
     Q_OBJECT
     Q_DISABLE_COPY(VTColorSchemeView)
 public:
+    using QTableView::edit;
+
     explicit VTColorSchemeView(QWidget *parent = nullptr);
     ~VTColorSchemeView() override;
 
@@ -61,6 +65,7 @@ Q_SIGNALS:
     void information(bool isOk);
 
 protected:
+    bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
 

@@ -2,9 +2,14 @@
 
 #include "colorscheme/manager/VTColorSchemeView.h"
 #include "colorscheme/manager/VTLineEditWidget.h"
+#include "colorscheme/model/cellText_p.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QLineEdit>
+
+using vtcontrolcolorscheme::oneLine;
+using vtcontrolcolorscheme::showWholeText;
 
 VtColorSchemeNameDelegate::VtColorSchemeNameDelegate(VTColorSchemeView *view)
     : QItemDelegate(view)
@@ -63,6 +68,24 @@ void VtColorSchemeNameDelegate::updateEditorGeometry(QWidget *editor,
 {
     if (editor)
         editor->setGeometry(option.rect);
+}
+
+bool VtColorSchemeNameDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
+                                          const QStyleOptionViewItem &option,
+                                          const QModelIndex &index)
+{
+    QStyleOptionViewItem cell(option);
+    cell.widget = view;
+    cell.features |= QStyleOptionViewItem::HasDisplay;
+    cell.text = index.data(Qt::DisplayRole).toString();
+    return showWholeText(event, view, cell, cell.text) ||
+           QItemDelegate::helpEvent(event, view, option, index);
+}
+
+void VtColorSchemeNameDelegate::drawDisplay(QPainter *painter, const QStyleOptionViewItem &option,
+                                            const QRect &rect, const QString &text) const
+{
+    QItemDelegate::drawDisplay(painter, option, rect, oneLine(text));
 }
 
 bool VtColorSchemeNameDelegate::eventFilter(QObject *object, QEvent *event)

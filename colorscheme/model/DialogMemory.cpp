@@ -48,8 +48,8 @@ void DialogMemory::addColumn(QHeaderView *header, int column, const QString &key
         bool isNumber = false;
         const int width = settings->value(pathOf(key)).toInt(&isNumber);
         if (isNumber && width > 0)
-            header->resizeSection(column, qBound(header->minimumSectionSize(), width,
-                                                 roomFor(dialog).width()));
+            header->resizeSection(
+                column, qBound(header->minimumSectionSize(), width, roomFor(dialog).width()));
     }
     columns.append({header, column, key, header->sectionSize(column)});
 }
@@ -65,7 +65,8 @@ bool DialogMemory::eventFilter(QObject *object, QEvent *event)
     // What the window system hides or shows is nobody's beginning or end.
     if (object == dialog && !event->spontaneous()) {
         if (event->type() == QEvent::Show)
-            openedWith = dialog->size(); // with what its contents need at least, or its host gave it
+            openedWith =
+                dialog->size(); // with what its contents need at least, or its host gave it
         else if (event->type() == QEvent::Hide)
             save();
     }

@@ -61,8 +61,8 @@ void tst_VTDialogLayout::init()
 {
     store = std::make_unique<TestStore>();
     VOColorSchemeManager::instance()->defaultTeam.groups = {makeGroup("DEM", {"a", "b"})};
-    settings = std::make_unique<QSettings>(store->path(QStringLiteral("host.ini")),
-                                           QSettings::IniFormat);
+    settings =
+        std::make_unique<QSettings>(store->path(QStringLiteral("host.ini")), QSettings::IniFormat);
     VTDialogLayout::rememberIn(settings.get());
 }
 

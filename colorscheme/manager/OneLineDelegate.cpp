@@ -1,0 +1,43 @@
+#include "colorscheme/manager/OneLineDelegate_p.h"
+
+#include "colorscheme/model/cellText_p.h"
+
+#include <QAbstractItemView>
+
+namespace vtcontrolcolorscheme {
+
+OneLineDelegate::OneLineDelegate(QObject *parent)
+    : QStyledItemDelegate(parent)
+{
+}
+
+OneLineDelegate::~OneLineDelegate() = default;
+
+QString OneLineDelegate::displayText(const QVariant &value, const QLocale & /*locale*/) const
+{
+    // Numbers go without the separators of a locale too, for which there is no room.
+    return oneLine(value.toString());
+}
+
+void OneLineDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (index.data(Qt::DisplayRole).userType() == QMetaType::Int)
+        shrinkToFit(*option);
+}
+
+bool OneLineDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
+                                const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    const QVariant text = index.data(Qt::DisplayRole);
+    if (view && text.userType() == QMetaType::QString) {
+        QStyleOptionViewItem cell(option);
+        cell.widget = view;
+        initStyleOption(&cell, index);
+        if (showWholeText(event, view, cell, text.toString()))
+            return true;
+    }
+    return QStyledItemDelegate::helpEvent(event, view, option, index);
+}
+
+} // namespace vtcontrolcolorscheme

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+namespace vtcontrolcolorscheme {
+
+/// Draws the cells of the manager's views so that they can be read: a number shrinks until it fits
+/// its column; a text is one line that shows its beginning, and whole on hovering where it is cut.
+/// The models' data stays what it is.
+class OneLineDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+public:
+    explicit OneLineDelegate(QObject *parent);
+    ~OneLineDelegate() override;
+
+    QString displayText(const QVariant &value, const QLocale &locale) const override;
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
+};
+
+} // namespace vtcontrolcolorscheme
