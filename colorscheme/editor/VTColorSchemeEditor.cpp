@@ -142,6 +142,12 @@ void VTColorSchemeEditor::setupConnections()
     connect(ui->colorView->selectionModel(),
             SIGNAL(selectionChanged(QItemSelection, QItemSelection)), this,
             SLOT(onSelectionChanged(QItemSelection, QItemSelection)));
+    // A longer list has another last row, and a new one no selection, which nobody announces.
+    connect(colorModel, &QAbstractItemModel::rowsInserted, this,
+            &VTColorSchemeEditor::onListChanged);
+    connect(colorModel, &QAbstractItemModel::rowsRemoved, this,
+            &VTColorSchemeEditor::onListChanged);
+    connect(colorModel, &QAbstractItemModel::modelReset, this, &VTColorSchemeEditor::onListChanged);
     connect(ui->colorView, SIGNAL(doubleClicked(QModelIndex)), this,
             SLOT(onColorDoubleClicked(QModelIndex)));
     connect(ui->nameWidget, SIGNAL(textEdited(QString)), this, SLOT(onNameChanged(QString)));
@@ -319,6 +325,7 @@ void VTColorSchemeEditor::onLoadScheme()
         tellFailure(this, title, tr("Failed to open file!"), fileProblem(file, problem));
         return;
     }
+    hasBeenSelected = true; // whatever was, it is not in the new list
     viewScheme(scheme);
 }
 

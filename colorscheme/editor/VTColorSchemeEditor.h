@@ -86,11 +86,15 @@ private:
     bool swapColors(int row, int otherRow);
     void announceChange(int firstRow, int lastRow);
     void showMovedTo(int row);
+    void onListChanged();
+    /// Enables those of the four moves that the selection allows.
+    void enableMoves();
 
     std::unique_ptr<Ui::VTColorSchemeEditorBase> ui;
     bool isNewScheme = false;
     int schemeIndex = -1;
     VTObjects::VOColorSchemeGroup *schemeGroup = nullptr; // not owned
     VTColorModel *colorModel = nullptr;
+    bool hasBeenSelected = false;                         // until then all moves are enabled
     vtcontrolcolorscheme::DialogMemory *memory = nullptr; // once it is set up
 };

@@ -42,6 +42,7 @@ QVector<int> selectedRows(const QTableView &view, int most = std::numeric_limits
 void VTColorSchemeEditor::onAddColor()
 {
     colorModel->appendColor(addedColor);
+    ui->colorView->scrollToBottom(); // where it is, with the selection as it was
     onPreview();
 }
 
@@ -60,9 +61,6 @@ void VTColorSchemeEditor::onDeleteColor()
     // From the end, so that no row moves before its turn.
     for (auto row = rows.crbegin(); row != rows.crend() && !canLoseNone(); ++row)
         colorModel->removeColorAt(*row);
-    // The selection changed while the removed row was still counted: what is the last row now
-    // was none then.
-    onSelectionChanged(QItemSelection(), QItemSelection());
     onPreview();
 }
 
@@ -181,6 +179,18 @@ void VTColorSchemeEditor::showMovedTo(int row)
 }
 
 void VTColorSchemeEditor::onSelectionChanged(const QItemSelection &, const QItemSelection &)
+{
+    hasBeenSelected = true;
+    enableMoves();
+}
+
+void VTColorSchemeEditor::onListChanged()
+{
+    if (hasBeenSelected)
+        enableMoves();
+}
+
+void VTColorSchemeEditor::enableMoves()
 {
     const QVector<int> rows = selectedRows(*ui->colorView, 2);
     const bool single = rows.size() == 1;

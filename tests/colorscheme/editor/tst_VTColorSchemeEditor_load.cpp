@@ -32,6 +32,7 @@ private Q_SLOTS:
     void cancelingTheFileDialogChangesNothing();
     void anUnreadableFileIsReported_data();
     void anUnreadableFileIsReported();
+    void noColorOfALoadedFileCanBeMovedUnselected();
     void theFileDialogIsOurs();
     void theFileDialogStartsAtTheLastPath_data();
     void theFileDialogStartsAtTheLastPath();
@@ -240,6 +241,21 @@ void tst_VTColorSchemeEditor_load::anUnreadableFileIsReported()
     QCOMPARE(test.colors(), QVector<QColor>({Qt::red, Qt::blue}));
     QCOMPARE(test.selectedRows(), QVector<int>({1}));
     QCOMPARE(test.preview(), before);
+}
+
+void tst_VTColorSchemeEditor_load::noColorOfALoadedFileCanBeMovedUnselected()
+{
+    const QString path = savedScheme(evenRamp(someColors, 6), QStringLiteral("Saved"));
+    EditorUnderTest fresh(evenRamp({Qt::red, Qt::blue}, 6));
+    loadFile(fresh, path);
+    QCOMPARE(fresh.enabledMoves(), QStringList());
+    EditorUnderTest selected(evenRamp({Qt::red, Qt::blue}, 6));
+    selected.select({1});
+    loadFile(selected, path);
+    QCOMPARE(selected.selectedRows(), QVector<int>());
+    QCOMPARE(selected.enabledMoves(), QStringList());
+    selected.select({0});
+    QCOMPARE(selected.enabledMoves(), QStringList({"Bottom", "Down"}));
 }
 
 void tst_VTColorSchemeEditor_load::theFileDialogIsOurs()

@@ -36,6 +36,12 @@ private Q_SLOTS:
     void invertingLeavesTheExtendedSelectionWhateverWasBefore_data();
     void invertingLeavesTheExtendedSelectionWhateverWasBefore();
     void invertingKeepsShiftClicksWorking();
+    void theMovesTellTheTruthAfterEveryCommand_data();
+    void theMovesTellTheTruthAfterEveryCommand();
+    void theMovesTellTheTruthAfterANewList();
+    void allMovesAreEnabledUntilTheFirstSelection();
+    void anAddedColorIsScrolledIntoSight_data();
+    void anAddedColorIsScrolledIntoSight();
 };
 
 void tst_VTColorSchemeEditor_selection::selectingAllGivesTheListTheKeyboard()
@@ -127,6 +133,87 @@ void tst_VTColorSchemeEditor_selection::invertingKeepsShiftClicksWorking()
     test.run("onInvetSelect");
     QTest::mouseClick(test.view()->viewport(), Qt::LeftButton, Qt::ShiftModifier, center(2));
     QCOMPARE(test.selectedRows(), QVector<int>({0, 1, 2}));
+}
+
+void tst_VTColorSchemeEditor_selection::theMovesTellTheTruthAfterEveryCommand_data()
+{
+    QTest::addColumn<QVector<int>>("selected");
+    QTest::addColumn<QByteArray>("command");
+    QTest::addColumn<QStringList>("moves");
+    const QStringList all{"Top", "Bottom", "Up", "Down"};
+    const QStringList down{"Bottom", "Down"};
+    const QStringList up{"Top", "Up"};
+    const QStringList none;
+    QTest::newRow("add, first") << QVector<int>{0} << QByteArray("onAddColor") << down;
+    QTest::newRow("add, last") << QVector<int>{4} << QByteArray("onAddColor") << all;
+    QTest::newRow("add, two") << QVector<int>{3, 4} << QByteArray("onAddColor") << none;
+    QTest::newRow("delete, first") << QVector<int>{0} << QByteArray("onDeleteColor") << none;
+    QTest::newRow("delete, last") << QVector<int>{4} << QByteArray("onDeleteColor") << none;
+    QTest::newRow("delete, all but two")
+        << QVector<int>{0, 1, 2, 3, 4} << QByteArray("onDeleteColor") << none;
+    QTest::newRow("delete, leaving one selected")
+        << QVector<int>{1, 2, 3, 4} << QByteArray("onDeleteColor") << up;
+    QTest::newRow("reverse") << QVector<int>{4} << QByteArray("onColorAntitone") << none;
+    QTest::newRow("invert to one") << QVector<int>{0, 1, 2, 3} << QByteArray("onInvetSelect") << up;
+    QTest::newRow("invert to many") << QVector<int>{0} << QByteArray("onInvetSelect") << none;
+    QTest::newRow("all") << QVector<int>{0} << QByteArray("onSelectAll") << none;
+    QTest::newRow("top") << QVector<int>{4} << QByteArray("onTop") << down;
+    QTest::newRow("bottom") << QVector<int>{0} << QByteArray("onBottom") << up;
+    QTest::newRow("up") << QVector<int>{4} << QByteArray("onUp") << all;
+}
+
+void tst_VTColorSchemeEditor_selection::theMovesTellTheTruthAfterEveryCommand()
+{
+    QFETCH(QVector<int>, selected);
+    QFETCH(QByteArray, command);
+    QFETCH(QStringList, moves);
+    EditorUnderTest test(evenRamp(fiveColors, 9));
+    test.select(selected);
+    test.run(command.constData());
+    QCOMPARE(test.enabledMoves(), moves);
+}
+
+void tst_VTColorSchemeEditor_selection::theMovesTellTheTruthAfterANewList()
+{
+    EditorUnderTest test(evenRamp(fiveColors, 9));
+    test.select({2});
+    QCOMPARE(test.enabledMoves().size(), 4);
+    test.setColors(someColors);
+    QCOMPARE(test.selectedRows(), QVector<int>());
+    QCOMPARE(test.enabledMoves(), QStringList());
+}
+
+void tst_VTColorSchemeEditor_selection::allMovesAreEnabledUntilTheFirstSelection()
+{
+    EditorUnderTest test(evenRamp(fiveColors, 9));
+    QCOMPARE(test.enabledMoves().size(), 4);
+    test.run("onAddColor");
+    test.run("onColorAntitone");
+    QCOMPARE(test.enabledMoves().size(), 4);
+}
+
+void tst_VTColorSchemeEditor_selection::anAddedColorIsScrolledIntoSight_data()
+{
+    QTest::addColumn<int>("colors");
+    QTest::newRow("12") << 12;
+    QTest::newRow("45") << 45;
+    QTest::newRow("1000") << 1000;
+}
+
+void tst_VTColorSchemeEditor_selection::anAddedColorIsScrolledIntoSight()
+{
+    QFETCH(int, colors);
+    EditorUnderTest test(evenRamp(QVector<QColor>(colors, QColor(1, 2, 3)), 9));
+    test.editor().show();
+    QVERIFY(QTest::qWaitForWindowExposed(&test.editor()));
+    test.select({1});
+    test.run("onAddColor");
+    const QRect added = test.view()->visualRect(test.model()->index(colors, 1));
+    const QRect sight = test.view()->viewport()->rect();
+    QVERIFY2(added.top() >= sight.top() && added.bottom() <= sight.bottom(),
+             qPrintable(QString::number(added.bottom())));
+    QCOMPARE(test.selectedRows(), QVector<int>({1}));
+    QCOMPARE(test.view()->currentIndex().row(), 1);
 }
 
 VT_TEST_MAIN(tst_VTColorSchemeEditor_selection)

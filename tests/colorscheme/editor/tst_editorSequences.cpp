@@ -43,6 +43,7 @@ public:
     QByteArray name;
     QVector<QColor> expected;
     QStringList expectedMoves{"Top", "Bottom", "Up", "Down"};
+    bool hasBeenSelected = false; // until then all moves are enabled
     bool isPreviewRebuilt = true;
 
     int below(int limit) { return static_cast<int>(random() % static_cast<unsigned int>(limit)); }
@@ -90,6 +91,7 @@ RampPointer Walk::anyRamp(unsigned int level)
 void Walk::noteMoves()
 {
     const QVector<int> rows = test.selectedRows();
+    hasBeenSelected = true;
     expectedMoves.clear();
     if (rows.size() != 1)
         return;
@@ -157,6 +159,7 @@ void Walk::loadFile()
     });
     test.run("onLoadScheme");
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    noteMoves();
     auto *even = dynamic_cast<VOEvenColorRamp *>(scheme.colorRamp);
     expected.clear();
     for (unsigned int i = 0; even && i < even->getSourceColorCount(); ++i) {
@@ -232,6 +235,8 @@ void Walk::step()
                 complement.append(i);
         }
         test.run(name.constData());
+        if (name == "onAddColor" && hasBeenSelected)
+            noteMoves();
         if (name == "onInvetSelect")
             QCOMPARE(test.selectedRows(), complement);
         if (name == "onSelectAll")
