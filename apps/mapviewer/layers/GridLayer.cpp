@@ -5,6 +5,7 @@
 #include "apps/mapviewer/layers/RampColors.h"
 
 #include <QCoreApplication>
+#include <QPaintEngine>
 
 #include <algorithm>
 #include <array>
@@ -45,6 +46,15 @@ QVector<QRgb> stretched(const QVector<QRgb> &few, int count)
     for (int i = 0; i < count; ++i)
         many.append(few.isEmpty() ? noValueColor : colorAlong(few, double(i) / (count - 1)));
     return many;
+}
+
+// A page has no pixels of its own; what is drawn cell by cell gets as many as a fine screen has.
+double pixelRatioOf(const QPainter *painter)
+{
+    constexpr double pageRatio = 2.0;
+    if (painter->paintEngine() && painter->paintEngine()->type() != QPaintEngine::Raster)
+        return pageRatio;
+    return painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
 }
 
 QString translated(const char *text)
@@ -212,7 +222,7 @@ void GridLayer::paint(QPainter *painter, const MapView &view) const
     const QRectF seen = target.intersected(view.target());
     if (seen.isEmpty())
         return;
-    const double ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
+    const double ratio = pixelRatioOf(painter);
     const bool continuous = classificationMethod() == ClassificationMethod::Unclassed;
     painter->save();
     painter->setClipRect(view.target(), Qt::IntersectClip);
@@ -251,7 +261,8 @@ void GridLayer::paint(QPainter *painter, const MapView &view) const
 
 QString GridLayer::valueText(double value) const
 {
-    return unit.isEmpty() ? numberText(value) : numberText(value) + QLatin1Char(' ') + unit;
+    return unit.isEmpty() ? numberText(value)
+                          : isolated(numberText(value) + QLatin1Char(' ') + unit);
 }
 
 Legend GridLayer::legend() const
@@ -265,6 +276,11 @@ Legend GridLayer::legend() const
     const QString inUnit = unit.isEmpty() ? QString() : translated("Heights in %1").arg(unit);
     legend.caption = inUnit;
     if (classificationMethod() == ClassificationMethod::Unclassed) {
+        // A strip from one number to the same number would have no place for it.
+        if (range.first == range.second) {
+            legend.classes.append({colorOf(range.first), numberText(range.first)});
+            return legend;
+        }
         legend.strip = colors;
         QVector<double> marks = tickValues(range.first, range.second, legendTicks);
         const QStringList texts = numberTexts(marks);
@@ -275,8 +291,7 @@ Legend GridLayer::legend() const
     const QVector<double> bounds(breaks.bounds.begin(), breaks.bounds.end());
     const QStringList texts = numberTexts(bounds);
     for (int i = 0; i < breaks.count(); ++i) {
-        legend.classes.append(
-            {colors.at(i), translated("%1 to %2").arg(texts.at(i), texts.at(i + 1))});
+        legend.classes.append({colors.at(i), rangeText(texts.at(i), texts.at(i + 1))});
     }
     // Maps have the high ground at the top of their legends.
     std::reverse(legend.classes.begin(), legend.classes.end());

@@ -1,8 +1,10 @@
 #include "apps/mapviewer/layers/Legend.h"
 
+#include "apps/mapviewer/layers/NumberText.h"
 #include "apps/mapviewer/layers/RampColors.h"
 
 #include <QFontMetricsF>
+#include <QRegularExpression>
 
 #include <cmath>
 
@@ -16,6 +18,24 @@ constexpr double rowGap = 4.0;
 constexpr double stripHeight = 16.0;
 constexpr double tickLength = 4.0;
 constexpr double textGap = 8.0;
+
+QString longestWord(const QString &line)
+{
+    QString longest;
+    for (const QString &word : line.split(QRegularExpression(QStringLiteral("\\s")))) {
+        if (word.size() > longest.size())
+            longest = word;
+    }
+    return longest;
+}
+
+QString isolatedLines(const QString &text)
+{
+    QStringList lines = text.split(QLatin1Char('\n'));
+    for (QString &line : lines)
+        line = isolated(line);
+    return lines.join(QLatin1Char('\n'));
+}
 
 // Draws, or only measures when there is no painter; remembers how far down it has come.
 class LegendDrawing
@@ -40,14 +60,17 @@ public:
         QFont font = style.font;
         font.setBold(bold);
         const QFontMetricsF metrics(font);
-        const QRectF bounds =
-            metrics.boundingRect(QRectF(0, 0, width, 10'000), Qt::TextWordWrap, line);
+        // A word that is longer than the line is broken rather than cut.
+        const bool longWord = std::ceil(metrics.boundingRect(longestWord(line)).width()) > width;
+        const int wrap = longWord ? Qt::TextWrapAnywhere : Qt::TextWordWrap;
+        const QRectF bounds = metrics.boundingRect(QRectF(0, 0, width, 10'000), wrap, line);
         if (painter) {
             QColor color = style.text;
             color.setAlphaF(color.alphaF() * opacity);
             painter->setFont(font);
             painter->setPen(color);
-            painter->drawText(QRectF(left, y, width, bounds.height()), Qt::TextWordWrap, line);
+            painter->setLayoutDirection(style.direction);
+            painter->drawText(QRectF(left, y, width, bounds.height()), wrap, isolatedLines(line));
         }
         y += std::ceil(bounds.height()) + rowGap;
     }
@@ -57,18 +80,22 @@ public:
         const QFontMetricsF metrics(style.font);
         const double rowHeight = std::max(swatchHeight, std::ceil(metrics.height()));
         if (painter) {
-            const QRectF swatch(left + 0.5, y + std::floor((rowHeight - swatchHeight) / 2.0) + 0.5,
-                                swatchWidth, swatchHeight);
+            const bool mirrored = style.direction == Qt::RightToLeft;
+            const double swatchLeft = mirrored ? left + width - swatchWidth - 1.0 : left;
+            const QRectF swatch(swatchLeft + 0.5,
+                                y + std::floor((rowHeight - swatchHeight) / 2.0) + 0.5, swatchWidth,
+                                swatchHeight);
             painter->fillRect(swatch, QColor(entry.color));
             painter->setPen(style.frame);
             painter->setBrush(Qt::NoBrush);
             painter->drawRect(swatch);
-            const double textLeft = left + swatchWidth + textGap;
-            const double textWidth = left + width - textLeft;
+            const double textWidth = width - swatchWidth - textGap;
+            const double textLeft = mirrored ? left : left + swatchWidth + textGap;
             painter->setFont(style.font);
             painter->setPen(style.text);
+            painter->setLayoutDirection(style.direction);
             painter->drawText(QRectF(textLeft, y, textWidth, rowHeight), Qt::AlignVCenter,
-                              metrics.elidedText(entry.text, Qt::ElideRight, textWidth));
+                              isolated(metrics.elidedText(entry.text, Qt::ElideRight, textWidth)));
         }
         y += rowHeight + rowGap;
     }

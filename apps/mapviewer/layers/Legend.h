@@ -38,6 +38,7 @@ struct LegendStyle
     QColor text;
     QColor frame; ///< thin line around swatches
     bool withTitle = true;
+    Qt::LayoutDirection direction = Qt::LeftToRight; ///< swatches stand where lines begin
 };
 
 /// Draws the legend from `origin` downwards, `width` wide, and returns its height. With a null

@@ -1,5 +1,7 @@
 #include "apps/mapviewer/layers/NumberText.h"
 
+#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QLocale>
 #include <QStringList>
 
@@ -14,6 +16,8 @@ namespace {
 constexpr int significantDigits = 4;
 constexpr int mostDecimals = 8;
 constexpr double labelSlack = 1.0 / 50.0;
+const QChar firstStrongIsolate(0x2068);
+const QChar popIsolate(0x2069);
 
 QString withDecimals(double value, int decimals)
 {
@@ -27,7 +31,7 @@ QString withDecimals(double value, int decimals)
     }
     if (text == QLatin1String("-0"))
         text = QStringLiteral("0");
-    return text.replace(QLatin1Char('-'), QChar(0x2212));
+    return isolated(text.replace(QLatin1Char('-'), QChar(0x2212)));
 }
 
 int decimalsOf(double value, int digits)
@@ -39,6 +43,18 @@ int decimalsOf(double value, int digits)
 }
 
 } // namespace
+
+QString isolated(const QString &text)
+{
+    if (text.isEmpty() || !QGuiApplication::isRightToLeft())
+        return text;
+    return firstStrongIsolate + text + popIsolate;
+}
+
+QString rangeText(const QString &from, const QString &to)
+{
+    return from == to ? from : QCoreApplication::translate("NumberText", "%1 to %2").arg(from, to);
+}
 
 QString numberText(double value)
 {

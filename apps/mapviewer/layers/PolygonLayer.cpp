@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QPen>
+#include <QSet>
 #include <QTransform>
 
 #include <algorithm>
@@ -126,6 +127,22 @@ void PolygonLayer::paint(QPainter *painter, const MapView &view) const
     painter->restore();
 }
 
+QString PolygonLayer::repetitionText() const
+{
+    const int values = unique.count();
+    if (!ramp() || values == 0)
+        return {};
+    if (rampColors(ramp()).isEmpty())
+        return translated("The scheme has no colors.");
+    // Counted as they are seen: a scheme may hold one color twice.
+    const int different = QSet<QRgb>(colors.begin(), colors.end()).size();
+    if (different >= values)
+        return {};
+    if (different == 1)
+        return translated("%1 values, 1 color: colors repeat").arg(values);
+    return translated("%1 values, %2 colors: colors repeat").arg(values).arg(different);
+}
+
 Legend PolygonLayer::legend() const
 {
     Legend legend;
@@ -137,15 +154,19 @@ Legend PolygonLayer::legend() const
     if (classificationMethod() == ClassificationMethod::UniqueValues) {
         for (int i = 0; i < std::min(classes, mostLegendValues); ++i)
             legend.classes.append({colors.at(i), textOf(unique.values[std::size_t(i)])});
+        QStringList remarks;
         if (classes > mostLegendValues)
-            legend.remark = translated("and %1 more").arg(classes - mostLegendValues);
+            remarks.append(translated("and %1 more").arg(classes - mostLegendValues));
+        remarks.append(repetitionText());
+        remarks.removeAll(QString());
+        legend.remark = remarks.join(QLatin1Char('\n'));
     } else {
         const QStringList texts =
             numberTexts(QVector<double>(breaks.bounds.begin(), breaks.bounds.end()));
         const std::vector<int> counts = breaks.counts(numbers);
         for (int i = 0; i < classes; ++i) {
-            legend.classes.append({colors.at(i), translated("%1 to %2  (%3)")
-                                                     .arg(texts.at(i), texts.at(i + 1))
+            legend.classes.append({colors.at(i), translated("%1  (%2)")
+                                                     .arg(rangeText(texts.at(i), texts.at(i + 1)))
                                                      .arg(counts[std::size_t(i)])});
         }
         // The high values at the top, as in the legend of a grid.

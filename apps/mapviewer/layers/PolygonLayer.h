@@ -35,6 +35,9 @@ protected:
     void recolor() override;
 
 private:
+    /// Says that values share a color, or that there is none; empty where each has one of its own.
+    QString repetitionText() const;
+
     PolygonSet polygons;
     QRectF bounds;
     QString m_field;

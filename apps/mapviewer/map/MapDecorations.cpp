@@ -28,8 +28,8 @@ QString degreesText(double degrees, const QString &positive, const QString &nega
     const double rounded = std::round(degrees * 1e6) / 1e6;
     QString number = numberText(std::abs(rounded)) + QChar(0x00b0);
     if (rounded == 0.0)
-        return number;
-    return number + QChar(0x00a0) + (rounded > 0.0 ? positive : negative);
+        return isolated(number);
+    return isolated(number + QChar(0x00a0) + (rounded > 0.0 ? positive : negative));
 }
 
 QFont smaller(QFont font)
@@ -82,9 +82,10 @@ ScaleBar scaleBar(const MapView &view)
         }
     }
     // A map that is not in degrees does not say its unit.
-    const QString text = !view.geographic() ? numberText(length)
-                         : length >= 1000.0 ? translated("%1 km").arg(numberText(length / 1000.0))
-                                            : translated("%1 m").arg(numberText(length));
+    const QString text =
+        isolated(!view.geographic() ? numberText(length)
+                 : length >= 1000.0 ? translated("%1 km").arg(numberText(length / 1000.0))
+                                    : translated("%1 m").arg(numberText(length)));
     return {length / metersPerPixel, text};
 }
 

@@ -5,10 +5,12 @@
 #include "apps/mapviewer/map/MapDecorations_p.h"
 
 #include <QFontMetricsF>
+#include <QPaintEngine>
 #include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace mapviewer {
 
@@ -32,6 +34,20 @@ QVector<double> multiples(double step, double from, double to)
     for (int i = 0; i < count; ++i)
         all.append((first + i) * step);
     return all;
+}
+
+void paintAsPixels(QPainter *painter, const MapInset &inset)
+{
+    constexpr double ratio = 2.0;
+    const QRectF area = inset.view.target();
+    QImage picture((area.size() * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    picture.setDevicePixelRatio(ratio);
+    picture.fill(Qt::transparent);
+    QPainter inner(&picture);
+    inner.translate(-area.topLeft());
+    inset.layer->paint(&inner, inset.view);
+    inner.end();
+    painter->drawImage(area, picture, QRectF(picture.rect()));
 }
 
 } // namespace
@@ -64,21 +80,38 @@ MapRenderer::MapRenderer(const MapLayers &layers, const MapStyle &style)
 {
 }
 
-QRectF MapRenderer::extent() const
+bool sharesCoordinates(const MapLayer &layer, const MapView &view)
 {
-    QRectF visible;
+    return isGeographic(layer.extent()) == view.geographic();
+}
+
+QRectF MapRenderer::extent(const MapView &view) const
+{
+    const bool anyVisible =
+        std::any_of(layers.begin(), layers.end(), [](const auto &any) { return any->isVisible(); });
+    const auto counts = [=](const MapLayer &layer) { return layer.isVisible() || !anyVisible; };
+    const auto stays = [&](const auto &any) {
+        return counts(*any) && sharesCoordinates(*any, view);
+    };
+    const bool same = !view.target().isNull() && std::any_of(layers.begin(), layers.end(), stays);
+    std::optional<bool> geographic;
+    if (same)
+        geographic = view.geographic();
     QRectF all;
     for (const auto &layer : layers) {
-        all = all.united(layer->extent());
-        if (layer->isVisible())
-            visible = visible.united(layer->extent());
+        if (!counts(*layer))
+            continue;
+        if (!geographic)
+            geographic = isGeographic(layer->extent());
+        if (isGeographic(layer->extent()) == *geographic)
+            all = all.united(layer->extent());
     }
-    return visible.isEmpty() ? all : visible;
+    return all;
 }
 
 bool MapRenderer::isShownIn(const MapLayer &layer, const MapView &view) const
 {
-    if (!layer.isVisible())
+    if (!layer.isVisible() || !sharesCoordinates(layer, view))
         return false;
     const QRectF seen = view.visible();
     const auto isFlat = [&seen](const MapLayer &any) {
@@ -87,7 +120,8 @@ bool MapRenderer::isShownIn(const MapLayer &layer, const MapView &view) const
     if (!isFlat(layer))
         return true;
     return std::none_of(layers.begin(), layers.end(), [&](const auto &other) {
-        return other->isVisible() && !isFlat(*other) && other->extent().intersects(seen);
+        return other->isVisible() && sharesCoordinates(*other, view) && !isFlat(*other) &&
+               other->extent().intersects(seen);
     });
 }
 
@@ -104,7 +138,8 @@ std::vector<MapInset> MapRenderer::insets(const MapView &view) const
         const QRectF extent = (*layer)->extent();
         const QRectF marker = view.toScreen(extent);
         const bool speck = std::max(marker.width(), marker.height()) < speckSize;
-        if (!(*layer)->isVisible() || !speck || !map.contains(marker.center()))
+        if (!(*layer)->isVisible() || !sharesCoordinates(**layer, view) || !speck ||
+            !map.contains(marker.center()))
             continue;
         const double height = std::round(width * insetHeight) + captionHeight;
         const QRectF frame(map.left() + insetMargin, bottom - height, width, height);
@@ -144,7 +179,7 @@ void MapRenderer::paintGlobe(QPainter *painter, const MapView &view) const
 {
     // Without the lands there is nothing to tell the sea from.
     const bool lands = std::all_of(layers.begin(), layers.end(), [&](const auto &layer) {
-        return !layer->isVisible() || isShownIn(*layer, view);
+        return !layer->isVisible() || !sharesCoordinates(*layer, view) || isShownIn(*layer, view);
     });
     if (lands)
         painter->fillRect(view.toScreen(globeExtent).intersected(view.target()), style.water);
@@ -207,7 +242,10 @@ void MapRenderer::paintInset(QPainter *painter, const MapInset &inset) const
     painter->setRenderHint(QPainter::Antialiasing, false);
     painter->fillRect(inset.frame, style.water);
     painter->fillRect(inset.caption, style.paper);
-    inset.layer->paint(painter, inset.view);
+    if (painter->paintEngine() && painter->paintEngine()->type() == QPaintEngine::SVG)
+        paintAsPixels(painter, inset); // such a page cannot cut a layer off at the inset's edge
+    else
+        inset.layer->paint(painter, inset.view);
     painter->setFont(style.font);
     painter->setPen(style.ink);
     const QString title =

@@ -40,6 +40,10 @@ struct MapInset
     QRectF marker;  ///< where the layer's area lies on the large map
 };
 
+/// Whether a layer can lie on the map of that view: degrees and the meters of a projection have
+/// nothing in common, and files do not tell which projection it is.
+bool sharesCoordinates(const MapLayer &layer, const MapView &view);
+
 /// Draws maps: water, layers, graticule, insets, scale bar. Knows no widget, so that the window
 /// and an exported picture are the same.
 class MapRenderer
@@ -57,11 +61,13 @@ public:
                             const MapLayer **layer) const;
     /// The place on the map under a pixel, which may be one of an inset.
     QPointF positionAt(const MapView &view, const QPointF &pixel) const;
-    /// The united extent of the visible layers; of all when none is visible.
-    QRectF extent() const;
-    /// Whether the layer takes part in that view. A visible layer does, unless the view is so deep
-    /// inside it (a fiftieth of its width) that it would be one flat colour around a smaller layer:
-    /// the borders of the world say nothing on the map of a valley.
+    /// The united extent of the visible layers that share the coordinates of a view; where there
+    /// are none, or the view is not set up yet, those of the uppermost visible layer. Of all layers
+    /// when none is visible.
+    QRectF extent(const MapView &view) const;
+    /// Whether the layer takes part in that view. A visible layer in the same coordinates does,
+    /// unless the view is so deep inside it (a fiftieth of its width) that it would be one flat
+    /// colour around a smaller layer: the borders of the world say nothing on the map of a valley.
     bool isShownIn(const MapLayer &layer, const MapView &view) const;
 
 private:

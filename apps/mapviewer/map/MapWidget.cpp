@@ -51,12 +51,13 @@ void MapWidget::showExtent(const QRectF &extent)
     wanted = extent;
     m_view = MapView::fitted(extent, rect(), isGeographic(extent), fitMargin);
     refresh();
+    Q_EMIT viewChanged();
 }
 
 void MapWidget::showAll()
 {
     if (!layers.empty())
-        showExtent(renderer.extent());
+        showExtent(renderer.extent(m_view));
 }
 
 void MapWidget::zoomBy(double factor)

@@ -24,7 +24,8 @@ public:
     /// Draws anew: layers were added, removed, hidden or recoloured.
     void refresh();
     void showExtent(const QRectF &extent);
-    /// All visible layers.
+    /// All visible layers that share the coordinates of what is shown now; else those of the
+    /// uppermost layer.
     void showAll();
     void zoomBy(double factor);
 
@@ -32,6 +33,8 @@ Q_SIGNALS:
     /// The pointer moved. `layer` is the one that has something there, or null.
     void pointed(const QPointF &position, const mapviewer::MapLayer *layer,
                  const mapviewer::IdentifyResult &result);
+    /// Another part of the map is shown, perhaps in other coordinates.
+    void viewChanged();
     /// The pointer left the map.
     void pointerLeft();
     /// The user clicked that layer's inset.

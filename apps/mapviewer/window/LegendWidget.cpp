@@ -36,7 +36,7 @@ LegendStyle LegendWidget::legendStyle() const
     QColor frame = palette().color(QPalette::WindowText);
     frame.setAlpha(110);
     // The card that holds the legend bears the title already.
-    return {font(), palette().color(QPalette::WindowText), frame, false};
+    return {font(), palette().color(QPalette::WindowText), frame, false, layoutDirection()};
 }
 
 int LegendWidget::heightForWidth(int width) const

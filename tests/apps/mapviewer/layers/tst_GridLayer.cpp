@@ -37,6 +37,8 @@ private Q_SLOTS:
     void paintsTheSeenPartWhenFarIn();
     void aCoastRunsWhereTheHeightIsZero();
     void gapsKeepTheEdgesOfTheirCells();
+    void aConstantGridHasItsValueInTheLegend_data();
+    void aConstantGridHasItsValueInTheLegend();
 };
 
 static const float noValue = std::numeric_limits<float>::quiet_NaN();
@@ -325,6 +327,27 @@ void tst_GridLayer::gapsKeepTheEdgesOfTheirCells()
     QCOMPARE(image.pixel(101, 50), empty);
     QCOMPARE(image.pixel(198, 50), empty);
     QVERIFY(image.pixel(201, 50) != empty);
+}
+
+void tst_GridLayer::aConstantGridHasItsValueInTheLegend_data()
+{
+    QTest::addColumn<int>("method");
+    QTest::newRow("continuous") << int(ClassificationMethod::Unclassed);
+    QTest::newRow("equal intervals") << int(ClassificationMethod::EqualIntervals);
+    QTest::newRow("quantiles") << int(ClassificationMethod::Quantiles);
+}
+
+void tst_GridLayer::aConstantGridHasItsValueInTheLegend()
+{
+    QFETCH(int, method);
+    GridLayer layer("g", gridOf(2, 1, {5, 5}), {});
+    layer.setRamp(rampOf({red, blue, green}).get());
+    layer.setClassificationMethod(ClassificationMethod(method));
+    const Legend legend = layer.legend();
+    QVERIFY(legend.strip.isEmpty());
+    QCOMPARE(legend.classes.size(), 1);
+    QCOMPARE(legend.classes.first().text, QString("5"));
+    QCOMPARE(legend.classes.first().color, row(layer).first());
 }
 
 VT_TEST_GUILESS_MAIN(tst_GridLayer)

@@ -24,6 +24,9 @@ private Q_SLOTS:
     void readingNamesTheFeature();
     void paintsFillsAndHoles();
     void aFileWithoutAttributesIsGray();
+    void colorsThatRepeatAreSaid_data();
+    void colorsThatRepeatAreSaid();
+    void classesOfOneValueNameItOnce();
 };
 
 static const QRgb white = qRgb(255, 255, 255);
@@ -191,6 +194,43 @@ void tst_PolygonLayer::aFileWithoutAttributesIsGray()
     QCOMPARE(layer.colorOf(0), noValueColor);
     QCOMPARE(layer.legend().classes.size(), 1);
     QCOMPARE(layer.identify({0.5, 0.5}).text, QString("no value"));
+}
+
+void tst_PolygonLayer::colorsThatRepeatAreSaid_data()
+{
+    QTest::addColumn<QVector<QRgb>>("colors");
+    QTest::addColumn<QString>("remark");
+    const QRgb green = qRgb(0, 160, 0);
+    QTest::newRow("enough") << QVector<QRgb>{white, red, blue, green} << QString();
+    QTest::newRow("one too few") << QVector<QRgb>{white, red, blue}
+                                 << QString("4 values, 3 colors: colors repeat");
+    QTest::newRow("two are one") << QVector<QRgb>{white, red, blue, red}
+                                 << QString("4 values, 3 colors: colors repeat");
+    QTest::newRow("one for all") << QVector<QRgb>{red}
+                                 << QString("4 values, 1 color: colors repeat");
+    QTest::newRow("none") << QVector<QRgb>{} << QString("The scheme has no colors.");
+}
+
+void tst_PolygonLayer::colorsThatRepeatAreSaid()
+{
+    QFETCH(QVector<QRgb>, colors);
+    QFETCH(QString, remark);
+    PolygonLayer layer("p", squares());
+    layer.setRamp(rampOf(std::vector<QRgb>(colors.begin(), colors.end())).get());
+    QCOMPARE(layer.legend().classes.size(), 4);
+    QCOMPARE(layer.legend().remark, remark);
+}
+
+void tst_PolygonLayer::classesOfOneValueNameItOnce()
+{
+    PolygonSet set;
+    for (const double x : {1000.0, 1010.0})
+        set.features.push_back(squareOf({x, 1000, 10, 10}, {{"n", 7.0}}));
+    PolygonLayer layer("p", set);
+    layer.setRamp(rampOf({red, blue}).get());
+    layer.setClassificationMethod(ClassificationMethod::Quantiles);
+    QCOMPARE(layer.legend().classes.size(), 1);
+    QCOMPARE(layer.legend().classes.first().text, QString("7  (2)"));
 }
 
 VT_TEST_GUILESS_MAIN(tst_PolygonLayer)

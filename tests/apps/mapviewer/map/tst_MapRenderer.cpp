@@ -2,6 +2,7 @@
 #include "tests/support/mapFixtures.h"
 
 #include "apps/mapviewer/layers/GridLayer.h"
+#include "apps/mapviewer/layers/NumberText.h"
 #include "apps/mapviewer/layers/PolygonLayer.h"
 #include "apps/mapviewer/map/MapDecorations_p.h"
 #include "apps/mapviewer/map/MapPicture.h"
@@ -34,6 +35,10 @@ private Q_SLOTS:
     void scaleBarHasARoundLength();
     void theWorldHasNoScaleBar();
     void legendHeightFollowsItsContent();
+    void layersInOtherCoordinatesStayApart();
+    void linesFromRightToLeftKeepNumbersWhole_data();
+    void linesFromRightToLeftKeepNumbersWhole();
+    void legendsFromRightToLeftAreMirrored();
 
 private:
     QImage paint(const MapView &view) const;
@@ -177,11 +182,11 @@ void tst_MapRenderer::aWorldAroundAValleyIsLeftOut()
 void tst_MapRenderer::extentIsThatOfTheVisibleLayers()
 {
     const MapRenderer renderer(layers, style);
-    QCOMPARE(renderer.extent(), QRectF(-180, -90, 360, 180));
+    QCOMPARE(renderer.extent(worldView()), QRectF(-180, -90, 360, 180));
     layers[1]->setVisible(false);
-    QCOMPARE(renderer.extent(), layers[0]->extent());
+    QCOMPARE(renderer.extent(worldView()), layers[0]->extent());
     layers[0]->setVisible(false);
-    QCOMPARE(renderer.extent(), QRectF(-180, -90, 360, 180));
+    QCOMPARE(renderer.extent(worldView()), QRectF(-180, -90, 360, 180));
 }
 
 void tst_MapRenderer::pictureHasMapLegendAndRequestedSize()
@@ -294,6 +299,102 @@ void tst_MapRenderer::legendHeightFollowsItsContent()
     QPainter painter(&image);
     QCOMPARE(drawLegend(&painter, {}, 200, legend, legendStyle),
              drawLegend(nullptr, {}, 200, legend, legendStyle));
+}
+
+void tst_MapRenderer::layersInOtherCoordinatesStayApart()
+{
+    // Given a grid in meters, of some projection that nobody tells, above the world in degrees
+    AsciiGrid cells = gridOf(2, 2, {1, 2, 3, 4});
+    cells.west = 500000.0;
+    cells.south = 5400000.0;
+    cells.cellSize = 1000.0;
+    layers.insert(layers.begin(), std::make_unique<GridLayer>("Projected", cells, "m"));
+    layers[0]->setRamp(rampOf({red}).get());
+    const QRectF there = layers[0]->extent();
+    const MapRenderer renderer(layers, style);
+    const QRectF target(0, 0, 600, 600);
+    const MapView meters = MapView::fitted(there, target, false, 0);
+    // Then each is all of its own map
+    QCOMPARE(renderer.extent(worldView()), QRectF(-180, -90, 360, 180));
+    QCOMPARE(renderer.extent(meters), there);
+    QVERIFY(renderer.isShownIn(*layers[0], meters));
+    QVERIFY(!renderer.isShownIn(*layers[0], worldView()));
+    QVERIFY(!renderer.isShownIn(*layers[2], meters));
+    QCOMPARE(paint(meters).pixel(300, 300), red);
+    QCOMPARE(int(renderer.insets(worldView()).size()), 1);
+    QCOMPARE(renderer.insets(worldView()).front().layer->title(), QString("Valley"));
+    // Nor does a hidden layer keep a map that has nothing to show.
+    layers[0]->setVisible(false);
+    QCOMPARE(renderer.extent(meters), QRectF(-180, -90, 360, 180));
+}
+
+// What a line of text looks like, without the empty paper around it.
+static QImage inkOf(const QString &text, Qt::LayoutDirection direction)
+{
+    QImage image(300, 40, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setLayoutDirection(direction);
+    painter.drawText(QPointF(20.0, 25.0), text);
+    painter.end();
+    QRect ink;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, y) != qRgb(255, 255, 255))
+                ink |= QRect(x, y, 1, 1);
+        }
+    }
+    return image.copy(ink);
+}
+
+void tst_MapRenderer::linesFromRightToLeftKeepNumbersWhole_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("below zero") << -1234.0 << "number";
+    QTest::newRow("longitude") << -135.0 << "longitude";
+    QTest::newRow("latitude") << 45.5 << "latitude";
+}
+
+void tst_MapRenderer::linesFromRightToLeftKeepNumbersWhole()
+{
+    QFETCH(double, value);
+    QFETCH(QString, kind);
+    const auto written = [&] {
+        return kind == "number"      ? numberText(value)
+               : kind == "longitude" ? longitudeText(value)
+                                     : latitudeText(value);
+    };
+    const QString plain = written();
+    const QImage expected = inkOf(plain, Qt::LeftToRight);
+    QVERIFY(!expected.isNull());
+    // Left to itself the line would turn it around.
+    QVERIFY(inkOf(plain, Qt::RightToLeft) != expected);
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    const QString whole = written();
+    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+    QCOMPARE(inkOf(whole, Qt::RightToLeft), expected);
+}
+
+void tst_MapRenderer::legendsFromRightToLeftAreMirrored()
+{
+    LegendStyle legendStyle{style.font, Qt::black, Qt::gray, true};
+    Legend legend;
+    legend.classes = {{red, "a"}};
+    const auto swatchX = [&] {
+        QImage image(200, 40, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        drawLegend(&painter, {}, 200, legend, legendStyle);
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixel(x, 9) == red)
+                return x;
+        }
+        return -1;
+    };
+    QVERIFY(swatchX() >= 0 && swatchX() < 10);
+    legendStyle.direction = Qt::RightToLeft;
+    QVERIFY(swatchX() > 160);
 }
 
 VT_TEST_MAIN(tst_MapRenderer)
