@@ -32,8 +32,9 @@ public:
     bool openFile(const QString &path, FileProblem *problem);
     /// The same, with a message box about a file that is refused.
     void openFileOrTell(const QString &path);
-    /// Writes the present view with its legends as PNG.
-    bool exportMap(const QString &path) const;
+    /// Writes the present view with its legends, in the format that the ending names. False, with
+    /// the reason in `problem` (never null), when it cannot.
+    bool exportMap(const QString &path, QString *problem) const;
     /// Takes all schemes from another folder, now and at the next start. False, after a message
     /// box, when not all of it could be read.
     bool openStore(const QString &folder);

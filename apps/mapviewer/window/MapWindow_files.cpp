@@ -1,8 +1,8 @@
 #include "apps/mapviewer/layers/GridLayer.h"
 #include "apps/mapviewer/layers/LayerFile.h"
 #include "apps/mapviewer/layers/PolygonLayer.h"
-#include "apps/mapviewer/map/MapPicture.h"
 #include "apps/mapviewer/map/MapWidget.h"
+#include "apps/mapviewer/map/PictureFile.h"
 #include "apps/mapviewer/window/AppSettings.h"
 #include "apps/mapviewer/window/LayerCard.h"
 #include "apps/mapviewer/window/MapWindow.h"
@@ -150,37 +150,44 @@ void MapWindow::onOpen(const QString &caption, const QString &filter)
         openFileOrTell(path);
 }
 
-bool MapWindow::exportMap(const QString &path) const
+bool MapWindow::exportMap(const QString &path, QString *problem) const
 {
     PictureSettings settings;
     QStringList titles;
     for (const auto &layer : layers) {
-        if (layer->isVisible())
+        if (layer->isVisible() && sharesCoordinates(*layer, m_map->view()))
             titles.append(layer->title());
     }
     settings.title = titles.join(QStringLiteral(", "));
     settings.vision = vision;
-    return mapPicture(layers, m_map->view(), m_map->mapStyle(), settings).save(path, "PNG");
+    return writePicture(path, layers, m_map->view(), m_map->mapStyle(), settings, problem);
 }
 
 void MapWindow::onExport()
 {
-    QFileDialog dialog(this, tr("Export map"), lastFolder(), tr("Pictures (*.png)"));
+    const QStringList filters = pictureFilters();
+    const QStringList endings = pictureEndings();
+    QFileDialog dialog(this, tr("Export map"), lastFolder());
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("png"));
-    dialog.selectFile(tr("map.png"));
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    const QString path = dialog.selectedFiles().value(0);
-    if (!exportMap(path)) {
-        QMessageBox::warning(this, tr("Export map"), tr("%1 could not be written.").arg(path),
-                             QMessageBox::Close);
-        return;
+    dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix(endings.first());
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString &filter) {
+        dialog.setDefaultSuffix(endings.value(filters.indexOf(filter)));
+    });
+    dialog.selectFile(tr("map") + QLatin1Char('.') + endings.first());
+    // What was refused can be put right without beginning anew.
+    while (dialog.exec() == QDialog::Accepted) {
+        const QString path = dialog.selectedFiles().value(0);
+        QString problem;
+        if (exportMap(path, &problem)) {
+            rememberFolderOf(path);
+            QMessageBox::information(this, tr("Export map"), tr("The map is in %1.").arg(path),
+                                     QMessageBox::Ok);
+            return;
+        }
+        QMessageBox::warning(this, tr("Export map"), problem, QMessageBox::Close);
     }
-    rememberFolderOf(path);
-    QMessageBox::information(this, tr("Export map"), tr("The map is in %1.").arg(path),
-                             QMessageBox::Ok);
 }
 
 } // namespace mapviewer

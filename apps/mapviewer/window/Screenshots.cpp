@@ -116,8 +116,8 @@ bool writeScreenshots(MapWindow *window, const QString &folder)
     writer.write(window, QStringLiteral("map-dark"));
     window->setDarkTheme(false);
     const QString picture = QDir(folder).filePath(QStringLiteral("exported-map.png"));
-    if (!window->exportMap(picture)) {
-        writer.complain(picture);
+    if (QString problem; !window->exportMap(picture, &problem)) {
+        QTextStream(stderr) << "mapviewer: " << problem << '\n';
         return false;
     }
     QTextStream(stdout) << picture << '\n';

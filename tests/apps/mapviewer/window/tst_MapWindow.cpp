@@ -7,6 +7,7 @@
 #include "apps/mapviewer/layers/PolygonLayer.h"
 #include "apps/mapviewer/layers/RampColors.h"
 #include "apps/mapviewer/map/MapWidget.h"
+#include "apps/mapviewer/map/PictureFile.h"
 #include "apps/mapviewer/window/AppSettings.h"
 #include "apps/mapviewer/window/LegendWidget.h"
 
@@ -14,6 +15,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QFile>
 #include <QLabel>
 #include <QMessageBox>
 #include <QSpinBox>
@@ -50,9 +52,17 @@ private Q_SLOTS:
     void aDragMovesTheMap();
     void darkThemeReachesTheMapAndComesBack();
     void simulatedVisionReachesEverything();
-    void theMapIsExported();
+    void theMapIsExportedAsItsNameEnds();
+    void anExportThatCannotBeSaysWhy_data();
+    void anExportThatCannotBeSaysWhy();
     void theHintStaysClosed();
 };
+
+static QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
 
 static const QByteArray smallGrid =
     "ncols 2\nnrows 1\nxllcorner 5000\nyllcorner 5000\ncellsize 10\n1 2\n";
@@ -287,13 +297,50 @@ void tst_MapWindow::simulatedVisionReachesEverything()
     QVERIFY(normal != gray);
 }
 
-void tst_MapWindow::theMapIsExported()
+void tst_MapWindow::theMapIsExportedAsItsNameEnds()
 {
-    const QString path = store->path("map.png");
-    QVERIFY(window->exportMap(path));
-    const QImage image(path);
-    QCOMPARE(image.size(), QSize(2800, 1800));
-    QVERIFY(!window->exportMap(store->path("absent/map.png")));
+    QString problem;
+    const QString path = store->path("map.PNG");
+    QVERIFY2(window->exportMap(path, &problem), qPrintable(problem));
+    QCOMPARE(QImage(path).size(), QSize(2800, 1800));
+    const QString page = store->path("map.pdf");
+    QVERIFY2(window->exportMap(page, &problem), qPrintable(problem));
+    const QByteArray pdf = contentOf(page);
+    QVERIFY(pdf.startsWith("%PDF-") && pdf.contains("%%EOF"));
+    const QString drawing = store->path("map.svg");
+    if (!pictureEndings().contains("svg")) {
+        QVERIFY(!window->exportMap(drawing, &problem));
+        QVERIFY(!QFile::exists(drawing));
+        return;
+    }
+    QVERIFY2(window->exportMap(drawing, &problem), qPrintable(problem));
+    const QByteArray svg = contentOf(drawing);
+    QVERIFY(svg.contains("viewBox=\"0 0 1400 900\""));
+    // Countries are areas and names are letters, not pixels.
+    QVERIFY(svg.count("<path") > 100);
+    QVERIFY(svg.contains("Relief and sea floor"));
+}
+
+void tst_MapWindow::anExportThatCannotBeSaysWhy_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("a format that is not written") << "map.jpg"
+                                                  << "map.jpg: a map is written as PNG";
+    QTest::newRow("no ending") << "map"
+                               << "Choose a name that ends in \".png\"";
+    QTest::newRow("no such folder") << "absent/map.png"
+                                    << "absent/map.png could not be written: ";
+}
+
+void tst_MapWindow::anExportThatCannotBeSaysWhy()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, reason);
+    QString problem;
+    QVERIFY(!window->exportMap(store->path(name), &problem));
+    QVERIFY2(problem.contains(reason), qPrintable(problem));
+    QVERIFY(!QFile::exists(store->path(name)));
 }
 
 void tst_MapWindow::theHintStaysClosed()
