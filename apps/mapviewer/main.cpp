@@ -77,6 +77,6 @@ int main(int argc, char *argv[])
     mapviewer::MapWindow window;
     window.show();
     for (const QString &file : parser.positionalArguments())
-        window.openFileOrTell(file);
+        window.showFile(file);
     return QApplication::exec();
 }

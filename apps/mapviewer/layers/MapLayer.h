@@ -45,6 +45,9 @@ public:
     /// Whom to thank for the data, in a picture's margin; may be empty.
     QString source() const { return m_source; }
     void setSource(const QString &text) { m_source = text; }
+    /// The file that it was read from; empty for none.
+    QString path() const { return m_path; }
+    void setPath(const QString &file) { m_path = file; }
     bool isVisible() const { return visible; }
     void setVisible(bool on) { visible = on; }
 
@@ -76,6 +79,7 @@ protected:
 private:
     QString m_title;
     QString m_source;
+    QString m_path;
     std::unique_ptr<VTObjects::VOColorRamp> m_ramp;
     ClassificationMethod m_method = ClassificationMethod::Unclassed;
     int m_classCount = 7;

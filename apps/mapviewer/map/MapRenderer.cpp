@@ -204,13 +204,16 @@ void MapRenderer::paintGraticule(QPainter *painter, const MapView &view) const
     const MapLabel text(painter, style);
     // Above the globe where there is room, else along the edge of the map.
     const double labelTop = std::max(map.top() + 4.0, lines.top() - text.height() - 2.0);
+    double free = map.left(); // of labels: far out meridians stand close to each other
     for (const double x : multiples(step, seen.left(), seen.right())) {
         const double column = std::round(view.toScreen(QPointF(x, 0.0)).x()) + 0.5;
         painter->setPen(QPen(style.graticule, 1.0));
         painter->drawLine(QPointF(column, lines.top()), QPointF(column, lines.bottom()));
         const double half = text.width(longitudeText(x)) / 2.0;
-        if (column - half >= map.left() && column + half <= map.right())
-            text.draw(QPointF(column - half, labelTop), longitudeText(x));
+        if (column - half < free || column + half > map.right())
+            continue;
+        text.draw(QPointF(column - half, labelTop), longitudeText(x));
+        free = column + half;
     }
     for (const double y : multiples(step, seen.top(), seen.bottom())) {
         const double row = std::round(view.toScreen(QPointF(0.0, y)).y()) + 0.5;

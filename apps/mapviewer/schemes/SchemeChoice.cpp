@@ -9,6 +9,7 @@
 
 #include <QSettings>
 #include <QStringList>
+#include <QUrl>
 
 namespace mapviewer {
 
@@ -33,6 +34,23 @@ int SchemeChoice::schemeIndex() const
     const VOColorSchemeTeam &records = VOColorSchemeManager::instance()->team(teamKindOf(team));
     const int groupIndex = records.index(toVOString(group));
     return groupIndex < 0 ? -1 : indexIn(records.groups[std::size_t(groupIndex)], scheme);
+}
+
+QString SchemeChoice::toText() const
+{
+    QStringList parts;
+    for (const QString &part : {team, group, scheme})
+        parts.append(QString::fromLatin1(QUrl::toPercentEncoding(part)));
+    return parts.join(QLatin1Char('/'));
+}
+
+std::optional<SchemeChoice> SchemeChoice::fromText(const QString &text)
+{
+    const QStringList parts = text.split(QLatin1Char('/'));
+    if (parts.size() != 3)
+        return std::nullopt;
+    const auto plain = [&](int i) { return QUrl::fromPercentEncoding(parts.at(i).toLatin1()); };
+    return SchemeChoice{plain(0), plain(1), plain(2)};
 }
 
 void SchemeChoice::write(QSettings *settings, const QString &key) const

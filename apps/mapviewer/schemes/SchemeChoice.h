@@ -23,6 +23,10 @@ struct SchemeChoice
     /// Where that scheme stands in its group now; -1 when it is gone.
     int schemeIndex() const;
 
+    /// Both ways for the settings, as one line.
+    QString toText() const;
+    static std::optional<SchemeChoice> fromText(const QString &text);
+
     void write(QSettings *settings, const QString &key) const;
     /// Nothing when the key is absent or incomplete.
     static std::optional<SchemeChoice> read(const QSettings &settings, const QString &key);

@@ -3,15 +3,21 @@
 #include "apps/mapviewer/layers/GridLayer.h"
 #include "apps/mapviewer/layers/PolygonLayer.h"
 #include "apps/mapviewer/window/AppSettings.h"
+#include "apps/mapviewer/window/ElidedCheckBox.h"
 #include "apps/mapviewer/window/LegendWidget.h"
+#include "apps/mapviewer/window/WheelGuard.h"
 
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "vomap/VOTeamKind.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QSpinBox>
+#include <QTextDocument>
 #include <QToolButton>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -24,6 +30,21 @@ using VTObjects::teamKey;
 namespace {
 
 constexpr int pickerHeight = 26;
+constexpr int leastFieldCharacters = 12;
+
+// Many names or long ones: the box keeps to the card, its list and its tool-tip have the whole.
+void keepNarrow(QComboBox *box)
+{
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setMinimumContentsLength(leastFieldCharacters);
+    box->view()->setTextElideMode(Qt::ElideMiddle);
+}
+
+// A name is shown as it is, even where it looks like mark-up.
+QString plainToolTip(const QString &text)
+{
+    return Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
+}
 
 } // namespace
 
@@ -52,14 +73,20 @@ void LayerCard::addHeader(QVBoxLayout *column)
 {
     auto *row = new QHBoxLayout;
     row->setSpacing(2);
-    auto *visible = new QCheckBox(m_layer->title(), this);
+    auto *visible = new ElidedCheckBox(m_layer->title(), this);
     QFont bold = visible->font();
     bold.setBold(true);
     visible->setFont(bold);
     visible->setChecked(m_layer->isVisible());
-    visible->setToolTip(tr("Show or hide this layer"));
+    const QString file = m_layer->path().startsWith(QLatin1Char(':'))
+                             ? QString()
+                             : QDir::toNativeSeparators(m_layer->path());
+    QStringList hints{m_layer->title(), file, tr("Show or hide this layer")};
+    hints.removeAll(QString());
+    visible->setToolTip(plainToolTip(hints.join(QLatin1Char('\n'))));
     connect(visible, &QCheckBox::toggled, this, [this](bool on) {
         m_layer->setVisible(on);
+        Q_EMIT visibilityChanged();
         Q_EMIT changed();
     });
     row->addWidget(visible, 1);
@@ -78,6 +105,24 @@ void LayerCard::addHeader(QVBoxLayout *column)
     connect(remove, &QToolButton::clicked, this, &LayerCard::removeRequested);
     row->addWidget(remove);
     column->addLayout(row);
+    elsewhere = new QLabel(tr("Not on this map, which has other coordinates."), this);
+    elsewhere->setObjectName(QStringLiteral("elsewhere"));
+    elsewhere->setWordWrap(true);
+    elsewhere->hide();
+    column->addWidget(elsewhere);
+}
+
+void LayerCard::setOnMap(bool on)
+{
+    elsewhere->setVisible(!on);
+}
+
+LayerState LayerCard::state() const
+{
+    LayerState state = LayerState::of(*m_layer);
+    if (choice)
+        state.scheme = choice->toText();
+    return state;
 }
 
 void LayerCard::addPicker(QVBoxLayout *column)
@@ -104,9 +149,18 @@ void LayerCard::addClassification(QVBoxLayout *column)
     if (polygons) {
         auto *fields = new QComboBox(this);
         fields->setObjectName(QStringLiteral("field"));
+        keepNarrow(fields);
+        new WheelGuard(fields);
         fields->addItems(polygons->fieldNames());
+        for (int i = 0; i < fields->count(); ++i)
+            fields->setItemData(i, plainToolTip(fields->itemText(i)), Qt::ToolTipRole);
         fields->setCurrentText(polygons->field());
-        fields->setToolTip(tr("The attribute that the colors show"));
+        const auto hint = [fields] {
+            fields->setToolTip(plainToolTip(
+                tr("The attribute that the colors show: %1").arg(fields->currentText())));
+        };
+        hint();
+        connect(fields, &QComboBox::currentTextChanged, this, hint);
         connect(fields, &QComboBox::currentTextChanged, this, &LayerCard::onFieldChosen);
         column->addWidget(fields);
     }
@@ -114,12 +168,15 @@ void LayerCard::addClassification(QVBoxLayout *column)
     methods = new QComboBox(this);
     methods->setObjectName(QStringLiteral("classificationMethod"));
     methods->setToolTip(tr("How values become colors"));
+    keepNarrow(methods);
+    new WheelGuard(methods);
     row->addWidget(methods, 1);
     classCount = new QSpinBox(this);
     classCount->setObjectName(QStringLiteral("classCount"));
     classCount->setRange(MapLayer::fewestClasses, MapLayer::mostClasses);
     classCount->setSuffix(tr(" classes"));
     classCount->setValue(m_layer->classCount());
+    new WheelGuard(classCount);
     row->addWidget(classCount);
     column->addLayout(row);
     fillMethods();
@@ -184,8 +241,8 @@ QString LayerCard::schemeGroup() const
 
 QString LayerCard::settingsKey() const
 {
-    // A title may hold a slash, which would make a group of its own in the file.
-    const QByteArray name = QUrl::toPercentEncoding(m_layer->title());
+    // A path holds slashes, and each would make a group of its own in the file.
+    const QByteArray name = QUrl::toPercentEncoding(m_layer->path());
     return QStringLiteral("mapviewer/schemes/%1/%2").arg(QString::fromLatin1(name), schemeGroup());
 }
 

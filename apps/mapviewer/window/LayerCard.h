@@ -3,9 +3,11 @@
 #include "apps/mapviewer/layers/MapLayer.h"
 #include "apps/mapviewer/schemes/SchemeChoice.h"
 #include "apps/mapviewer/window/CardFrame.h"
+#include "apps/mapviewer/window/LayerState.h"
 
 class QCheckBox;
 class QComboBox;
+class QLabel;
 class QSpinBox;
 class QVBoxLayout;
 class VTColorSchemeComboBox;
@@ -30,6 +32,10 @@ public:
     VTColorSchemeComboBox *picker() const { return m_picker; }
     /// The scheme that the picker shows; nothing when the store had no such scheme.
     std::optional<SchemeChoice> currentScheme() const { return choice; }
+    /// What the next run shall find again.
+    LayerState state() const;
+    /// Says so on the card when the layer is in other coordinates than the map that is shown.
+    void setOnMap(bool on);
     /// Shows another scheme of the store, as if the user had picked it. False if it is gone.
     bool choose(const SchemeChoice &choice);
     /// Another store: finds the remembered scheme in it, else a default.
@@ -41,6 +47,8 @@ public:
 Q_SIGNALS:
     /// The layer looks different now.
     void changed();
+    /// The user showed or hid it; changed() follows.
+    void visibilityChanged();
     void zoomRequested();
     void editRequested();
     void removeRequested();
@@ -68,6 +76,7 @@ private:
     QComboBox *methods = nullptr;
     QSpinBox *classCount = nullptr;
     LegendWidget *legend = nullptr;
+    QLabel *elsewhere = nullptr;
 };
 
 } // namespace mapviewer

@@ -8,6 +8,7 @@
 #include "apps/mapviewer/window/CardFrame.h"
 #include "apps/mapviewer/window/ColorVisionEffect.h"
 #include "apps/mapviewer/window/LayerCard.h"
+#include "apps/mapviewer/window/NoticeBar.h"
 #include "apps/mapviewer/window/Theme.h"
 
 #include "vtgiscore/VTSymbolUtils.h"
@@ -21,6 +22,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScreen>
 #include <QScrollArea>
 #include <QStatusBar>
 #include <QStyle>
@@ -35,7 +37,8 @@ namespace mapviewer {
 namespace {
 
 const QSize startSize(1280, 860);
-constexpr int panelWidth = 330;
+constexpr int panelWidth = 352;
+constexpr int frameRoom = 8;
 constexpr double buttonZoom = 1.5;
 const QSize swatchSize(28, 14);
 
@@ -51,7 +54,6 @@ MapWindow::MapWindow(QWidget *parent)
 {
     setWindowTitle(tr("Map Viewer"));
     setWindowIcon(QIcon(QStringLiteral(":/icon/Default.png")));
-    resize(startSize);
     buildCenter();
     auto *bar = addToolBar(tr("Tools"));
     bar->setObjectName(QStringLiteral("tools"));
@@ -62,8 +64,9 @@ MapWindow::MapWindow(QWidget *parent)
     buildViewMenu(bar);
     buildHelpMenu();
     buildStatusBar();
-    addOwnLayers();
     restoreState();
+    restoreLayers();
+    started = true;
     m_map->showAll();
     m_map->setFocus();
 }
@@ -102,21 +105,26 @@ void MapWindow::buildCenter()
     cardColumn->setSpacing(8);
     cardColumn->addStretch();
     panelArea->setWidget(panel);
-    row->addWidget(panelArea);
 
-    auto *right = new QVBoxLayout;
-    right->setSpacing(8);
+    auto *left = new QVBoxLayout;
+    left->setSpacing(8);
+    noticeColumn = new QVBoxLayout;
+    left->addLayout(noticeColumn);
     if (!appSettings().value(hintKey).toBool())
-        right->addWidget(makeHint());
+        left->addWidget(makeHint());
     m_map = new MapWidget(layers, center);
-    right->addWidget(m_map, 1);
-    row->addLayout(right, 1);
+    left->addWidget(m_map, 1);
+    // At the right in every language: the pickers' menus open towards the left.
+    row->setDirection(isRightToLeft() ? QBoxLayout::RightToLeft : QBoxLayout::LeftToRight);
+    row->addLayout(left, 1);
+    row->addWidget(panelArea);
     setCentralWidget(center);
     centerEffect = new ColorVisionEffect(center);
     center->setGraphicsEffect(centerEffect);
 
     connect(m_map, &MapWidget::pointed, this, &MapWindow::onPointed);
     connect(m_map, &MapWidget::pointerLeft, this, &MapWindow::onPointerLeft);
+    connect(m_map, &MapWidget::viewChanged, this, &MapWindow::markCards);
     connect(m_map, &MapWidget::insetClicked, this, &MapWindow::showLayer);
 }
 
@@ -127,13 +135,29 @@ void MapWindow::fitPanel()
     panelArea->setFixedWidth(std::max(panelWidth, panel->minimumSizeHint().width()) + bar);
 }
 
+void MapWindow::showNotice(NoticeBar *notice)
+{
+    noticeColumn->addWidget(notice);
+}
+
+void MapWindow::fitScreen()
+{
+    // What the window manager puts around a window is not known before it is shown.
+    const QRect free = screen()->availableGeometry();
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this) + frameRoom;
+    const QSize most(free.width() - 2 * frameRoom, free.height() - title - frameRoom);
+    resize(size().boundedTo(most));
+    if (!free.contains(frameGeometry()))
+        move(free.topLeft() + QPoint((free.width() - width()) / 2, 0));
+}
+
 QWidget *MapWindow::makeHint()
 {
     auto *hint = new CardFrame(this);
     hint->setObjectName(QStringLiteral("hint"));
     auto *row = new QHBoxLayout(hint);
     row->setContentsMargins(10, 4, 4, 4);
-    auto *text = new QLabel(tr("<b>Click a color strip</b> at the left and pick a scheme: the map "
+    auto *text = new QLabel(tr("<b>Click a color strip</b> at the right and pick a scheme: the map "
                                "takes it at once. Drag the map to move it, turn the wheel to zoom, "
                                "point at it to read a value, click a small map to go there."),
                             hint);
@@ -231,7 +255,10 @@ void MapWindow::buildStatusBar()
 void MapWindow::restoreState()
 {
     const QSettings settings = appSettings();
+    resize(startSize);
     restoreGeometry(settings.value(geometryKey).toByteArray());
+    if (!isMaximized() && !isFullScreen())
+        fitScreen();
     graticuleAction->setChecked(settings.value(graticuleKey, true).toBool());
     // A toggle only tells of a change, so the light theme is set by hand.
     darkAction->setChecked(settings.value(darkKey, false).toBool());
@@ -264,8 +291,11 @@ void MapWindow::setVision(ColorVision seenWith)
     statusEffect->setVision(vision);
     for (QAction *action : visionActions->actions())
         action->setChecked(action->data().toInt() == int(vision));
-    const QString remark = visionRemark(vision);
-    setWindowTitle(remark.isEmpty() ? tr("Map Viewer") : tr("Map Viewer – %1").arg(remark));
+    QString remark = visionRemark(vision);
+    if (!remark.isEmpty())
+        remark[0] = remark.at(0).toUpper();
+    // The program's name last: before a title that ends otherwise the toolkit adds it once more.
+    setWindowTitle(remark.isEmpty() ? tr("Map Viewer") : tr("%1 – Map Viewer").arg(remark));
 }
 
 void MapWindow::showLayer(const MapLayer *layer)

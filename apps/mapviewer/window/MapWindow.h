@@ -3,6 +3,7 @@
 #include "apps/mapviewer/layers/FileProblem.h"
 #include "apps/mapviewer/map/ColorVision.h"
 #include "apps/mapviewer/map/MapRenderer.h"
+#include "apps/mapviewer/window/LayerState.h"
 
 #include <QMainWindow>
 
@@ -17,9 +18,11 @@ namespace mapviewer {
 class ColorVisionEffect;
 class LayerCard;
 class MapWidget;
+class NoticeBar;
 
-/// The host: layers with a picker each at the left, the map beside them, what lies under the
-/// pointer below. Starts with the data that ship with the program.
+/// The host: the map, layers with a picker each at its right, what lies under the pointer below.
+/// The pickers' menus open below them and to their left, over the map. Starts with the layers of
+/// the last run, at first with the maps that ship with the program.
 class MapWindow : public QMainWindow
 {
     Q_OBJECT
@@ -30,8 +33,11 @@ public:
     /// Adds an ASCII grid or a GeoJSON file as the uppermost layer and shows it. False, with
     /// nothing changed and the reason in `problem` (never null), when it is refused.
     bool openFile(const QString &path, FileProblem *problem);
-    /// The same, with a message box about a file that is refused.
+    /// The same, with a message box about a file that is refused; later files are looked for beside
+    /// it.
     void openFileOrTell(const QString &path);
+    /// Shows the layer of that file if there is one, else opens it so.
+    void showFile(const QString &path);
     /// Writes the present view with its legends, in the format that the ending names. False, with
     /// the reason in `problem` (never null), when it cannot.
     bool exportMap(const QString &path, QString *problem) const;
@@ -56,9 +62,19 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void addOwnLayers();
-    void addLayer(std::unique_ptr<MapLayer> layer, const QStringList &preferred);
+    void addOwnMaps();
+    void restoreLayers();
+    void takeLayers(const QVector<LayerState> &states);
+    void tellMissingLayers();
+    void rememberLayers() const;
+    bool hasLayerOf(const QString &path) const;
+    /// Of `state` only the scheme counts, which may be empty.
+    void addLayer(std::unique_ptr<MapLayer> layer, const LayerState &state);
     void removeLayer(LayerCard *card);
+    void followVisibility(const LayerCard *card);
+    void leaveEmptyMap();
+    void markCards();
+    void orderTabs();
 
     void buildCenter();
     void buildFileMenu(QToolBar *bar);
@@ -67,6 +83,8 @@ private:
     void buildHelpMenu();
     void buildStatusBar();
     QWidget *makeHint();
+    /// Above the map, below older ones. Takes it over.
+    void showNotice(NoticeBar *notice);
 
     void onOpen(const QString &caption, const QString &filter);
     void onOpenStore();
@@ -75,14 +93,19 @@ private:
     void onPointed(const QPointF &position, const MapLayer *layer, const IdentifyResult &result);
     void onPointerLeft();
     void restoreState();
+    void fitScreen();
     void syncCards();
     void fitPanel();
 
     MapLayers layers;
+    QVector<LayerState> missing; // layers of the last run whose files are not there now
+    QStringList missingReasons;  // of each, a line
+    bool started = false;        // all layers of the last run are back
     MapWidget *m_map = nullptr;
     QScrollArea *panelArea = nullptr;
     QWidget *panel = nullptr;
     QVBoxLayout *cardColumn = nullptr;
+    QVBoxLayout *noticeColumn = nullptr;
     QLabel *positionLabel = nullptr;
     QLabel *swatchLabel = nullptr;
     QLabel *valueLabel = nullptr;

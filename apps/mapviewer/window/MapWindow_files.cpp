@@ -1,11 +1,8 @@
-#include "apps/mapviewer/layers/GridLayer.h"
-#include "apps/mapviewer/layers/LayerFile.h"
-#include "apps/mapviewer/layers/PolygonLayer.h"
 #include "apps/mapviewer/map/MapWidget.h"
 #include "apps/mapviewer/map/PictureFile.h"
 #include "apps/mapviewer/window/AppSettings.h"
-#include "apps/mapviewer/window/LayerCard.h"
 #include "apps/mapviewer/window/MapWindow.h"
+#include "apps/mapviewer/window/OwnMaps.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -14,9 +11,6 @@
 #include <QMessageBox>
 #include <QStyle>
 #include <QToolBar>
-#include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace mapviewer {
 
@@ -25,7 +19,6 @@ namespace {
 const QString lastFolderKey = QStringLiteral("history/lastOpenFilePath");
 // Begins a place in a data base, which is no folder to start a file dialog in.
 const QString databasePrefix = QStringLiteral("VTSDE30_");
-const QString ownDataFolder = QStringLiteral(":/mapviewer/data/");
 
 QString lastFolder()
 {
@@ -40,64 +33,6 @@ void rememberFolderOf(const QString &path)
 
 } // namespace
 
-void MapWindow::addOwnLayers()
-{
-    FileProblem problem;
-    if (auto layer =
-            readLayerFile(ownDataFolder + "countries.geojson", tr("Countries"), {}, &problem)) {
-        auto *countries = static_cast<PolygonLayer *>(layer.get());
-        countries->setField(QStringLiteral("GDP per head (USD)"));
-        countries->setClassificationMethod(ClassificationMethod::Quantiles);
-        countries->setSource(tr("Countries: made with Natural Earth (public domain)"));
-        addLayer(std::move(layer),
-                 {QStringLiteral("Yellow to red"), QStringLiteral("Political, soft")});
-    }
-    const QString unit = tr("m");
-    const QString agencies = tr("Heights: agencies of the United States government");
-    if (auto layer = readLayerFile(ownDataFolder + "terrain.asc", tr("Terrain"), unit, &problem)) {
-        static_cast<GridLayer *>(layer.get())->setHillShading(true);
-        layer->setSource(agencies);
-        addLayer(std::move(layer),
-                 {QStringLiteral("Temperate hills"), QStringLiteral("Dry relief")});
-    }
-    if (auto layer = readLayerFile(ownDataFolder + "relief.asc", tr("Relief and sea floor"), unit,
-                                   &problem)) {
-        auto *relief = static_cast<GridLayer *>(layer.get());
-        relief->setHillShading(true);
-        relief->setZeroInMiddle(true);
-        layer->setSource(agencies);
-        addLayer(std::move(layer),
-                 {QStringLiteral("Sea and land"), QStringLiteral("Lowland to snow")});
-    }
-}
-
-void MapWindow::addLayer(std::unique_ptr<MapLayer> layer, const QStringList &preferred)
-{
-    auto *card = new LayerCard(layer.get(), preferred, panel);
-    layers.insert(layers.begin(), std::move(layer));
-    cardColumn->insertWidget(0, card);
-    connect(card, &LayerCard::changed, m_map, &MapWidget::refresh);
-    connect(card, &LayerCard::zoomRequested, this, [this, card] { showLayer(card->layer()); });
-    connect(card, &LayerCard::editRequested, this, [this, card] { editScheme(card); });
-    // Queued, because the button that asks for it lies on the card.
-    connect(
-        card, &LayerCard::removeRequested, this, [this, card] { removeLayer(card); },
-        Qt::QueuedConnection);
-    fitPanel();
-    m_map->refresh();
-}
-
-void MapWindow::removeLayer(LayerCard *card)
-{
-    const auto found = std::find_if(layers.begin(), layers.end(), [card](const auto &layer) {
-        return layer.get() == card->layer();
-    });
-    delete card;
-    layers.erase(found);
-    onPointerLeft();
-    m_map->refresh();
-}
-
 void MapWindow::buildFileMenu(QToolBar *bar)
 {
     QMenu *menu = menuBar()->addMenu(tr("&File"));
@@ -110,6 +45,11 @@ void MapWindow::buildFileMenu(QToolBar *bar)
         onOpen(tr("Open polygons"), tr("GeoJSON (*.geojson *.json);;All files (*)"));
     });
     polygons->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+O")));
+    QAction *samples = menu->addAction(tr("Add the &sample maps"), this, [this] {
+        addOwnMaps();
+        m_map->showAll();
+    });
+    samples->setObjectName(QStringLiteral("addSampleMaps"));
     menu->addSeparator();
     QAction *save = menu->addAction(style()->standardIcon(QStyle::SP_DialogSaveButton),
                                     tr("&Export map…"), this, &MapWindow::onExport);
@@ -122,8 +62,7 @@ void MapWindow::buildFileMenu(QToolBar *bar)
 
 bool MapWindow::openFile(const QString &path, FileProblem *problem)
 {
-    std::unique_ptr<MapLayer> layer =
-        readLayerFile(path, QFileInfo(path).completeBaseName(), {}, problem);
+    std::unique_ptr<MapLayer> layer = readMap(QFileInfo(path).absoluteFilePath(), problem);
     if (!layer)
         return false;
     rememberFolderOf(path);

@@ -23,6 +23,8 @@ using namespace VTObjects;
 
 namespace {
 
+const QSize pictureSize(1280, 860);
+
 class Writer
 {
 public:
@@ -97,6 +99,7 @@ bool writeScreenshots(MapWindow *window, const QString &folder)
     Writer writer(folder);
     if (!writer.allWritten())
         return false;
+    window->resize(pictureSize);
     window->show();
     writer.write(window, QStringLiteral("map-world"));
     const QList<LayerCard *> cards = window->cards();
