@@ -1,6 +1,7 @@
 #include "apps/mapviewer/window/AppSettings.h"
 #include "apps/mapviewer/window/MapWindow.h"
 #include "apps/mapviewer/window/Screenshots.h"
+#include "apps/mapviewer/window/ThemeStyle.h"
 
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
@@ -10,7 +11,6 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
-#include <QStyleFactory>
 #include <QTemporaryDir>
 #include <QTextStream>
 
@@ -51,8 +51,7 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("mapviewer"));
     QApplication::setApplicationDisplayName(QStringLiteral("Map Viewer"));
-    // The one style that takes every colour from the palette, as the dark theme needs.
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new mapviewer::ThemeStyle);
 
     QCommandLineParser parser;
     parser.setApplicationDescription(
@@ -72,7 +71,8 @@ int main(int argc, char *argv[])
         return makeScreenshots(parser.value(screenshots), parser.positionalArguments());
 
     const QString store = mapviewer::appSettings().value(mapviewer::storeFolderKey).toString();
-    if (!store.isEmpty() && QDir(store).exists())
+    // Also when it is not there: the window says so, and no other takes its place.
+    if (!store.isEmpty())
         useStore(store);
     mapviewer::MapWindow window;
     window.show();

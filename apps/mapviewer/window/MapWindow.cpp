@@ -6,11 +6,13 @@
 #include "apps/mapviewer/map/MapWidget.h"
 #include "apps/mapviewer/window/AppSettings.h"
 #include "apps/mapviewer/window/CardFrame.h"
-#include "apps/mapviewer/window/ColorVisionEffect.h"
+#include "apps/mapviewer/window/ColorVisionWindows.h"
 #include "apps/mapviewer/window/LayerCard.h"
 #include "apps/mapviewer/window/NoticeBar.h"
 #include "apps/mapviewer/window/Theme.h"
 
+#include "colorscheme/model/VTDialogLayout.h"
+#include "vtgiscore/VTApplication.h"
 #include "vtgiscore/VTSymbolUtils.h"
 
 #include <QActionGroup>
@@ -51,7 +53,11 @@ const QString hintKey = QStringLiteral("mapviewer/hintClosed");
 
 MapWindow::MapWindow(QWidget *parent)
     : QMainWindow(parent)
+    , dialogSettings(
+          std::make_unique<QSettings>(VTApplication::vtgisSettingsFilePath(), QSettings::IniFormat))
+    , seenWindows(new ColorVisionWindows(this))
 {
+    VTDialogLayout::rememberIn(dialogSettings.get());
     setWindowTitle(tr("Map Viewer"));
     setWindowIcon(QIcon(QStringLiteral(":/icon/Default.png")));
     buildCenter();
@@ -119,8 +125,6 @@ void MapWindow::buildCenter()
     row->addLayout(left, 1);
     row->addWidget(panelArea);
     setCentralWidget(center);
-    centerEffect = new ColorVisionEffect(center);
-    center->setGraphicsEffect(centerEffect);
 
     connect(m_map, &MapWidget::pointed, this, &MapWindow::onPointed);
     connect(m_map, &MapWidget::pointerLeft, this, &MapWindow::onPointerLeft);
@@ -247,8 +251,11 @@ void MapWindow::buildStatusBar()
     statusBar()->addWidget(swatchLabel);
     statusBar()->addWidget(valueLabel, 1);
     statusBar()->addPermanentWidget(positionLabel);
-    statusEffect = new ColorVisionEffect(statusBar());
-    statusBar()->setGraphicsEffect(statusEffect);
+    storeLabel = new QLabel(this);
+    storeLabel->setObjectName(QStringLiteral("store"));
+    storeLabel->setTextFormat(Qt::PlainText);
+    statusBar()->addPermanentWidget(storeLabel);
+    showStoreName();
     onPointerLeft();
 }
 
@@ -287,8 +294,7 @@ void MapWindow::setDarkTheme(bool on)
 void MapWindow::setVision(ColorVision seenWith)
 {
     vision = seenWith;
-    centerEffect->setVision(vision);
-    statusEffect->setVision(vision);
+    seenWindows->setVision(vision);
     for (QAction *action : visionActions->actions())
         action->setChecked(action->data().toInt() == int(vision));
     QString remark = visionRemark(vision);

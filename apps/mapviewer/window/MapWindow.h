@@ -7,7 +7,10 @@
 
 #include <QMainWindow>
 
+#include <memory>
+
 class QActionGroup;
+class QSettings;
 class QLabel;
 class QScrollArea;
 class QToolBar;
@@ -15,7 +18,7 @@ class QVBoxLayout;
 
 namespace mapviewer {
 
-class ColorVisionEffect;
+class ColorVisionWindows;
 class LayerCard;
 class MapWidget;
 class NoticeBar;
@@ -41,8 +44,8 @@ public:
     /// Writes the present view with its legends, in the format that the ending names. False, with
     /// the reason in `problem` (never null), when it cannot.
     bool exportMap(const QString &path, QString *problem) const;
-    /// Takes all schemes from another folder, now and at the next start. False, after a message
-    /// box, when not all of it could be read.
+    /// Takes all schemes from another folder, now and at the next start; from the default place for
+    /// an empty name. False, after a message box, when not all of it could be read.
     bool openStore(const QString &folder);
 
     MapWidget *map() const { return m_map; }
@@ -88,6 +91,8 @@ private:
 
     void onOpen(const QString &caption, const QString &filter);
     void onOpenStore();
+    void onRestoreBuiltIns();
+    void showStoreName();
     void onExport();
     void onAbout();
     void onPointed(const QPointF &position, const MapLayer *layer, const IdentifyResult &result);
@@ -97,6 +102,7 @@ private:
     void syncCards();
     void fitPanel();
 
+    std::unique_ptr<QSettings> dialogSettings; // where the library keeps the sizes of its dialogs
     MapLayers layers;
     QVector<LayerState> missing; // layers of the last run whose files are not there now
     QStringList missingReasons;  // of each, a line
@@ -112,8 +118,9 @@ private:
     QAction *darkAction = nullptr;
     QAction *graticuleAction = nullptr;
     QActionGroup *visionActions = nullptr;
-    ColorVisionEffect *centerEffect = nullptr;
-    ColorVisionEffect *statusEffect = nullptr;
+    QLabel *storeLabel = nullptr;
+    QAction *defaultStoreAction = nullptr;
+    ColorVisionWindows *seenWindows;
     ColorVision vision = ColorVision::Normal;
 };
 

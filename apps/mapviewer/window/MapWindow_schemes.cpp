@@ -9,16 +9,26 @@
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QIcon>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPushButton>
+#include <QTextDocument>
 #include <QToolBar>
 
 namespace mapviewer {
 
 using VTObjects::VOColorSchemeManager;
+
+namespace {
+
+constexpr int storeNameWidth = 260;
+
+} // namespace
 
 void MapWindow::buildSchemeMenu(QToolBar *bar)
 {
@@ -27,7 +37,13 @@ void MapWindow::buildSchemeMenu(QToolBar *bar)
                                       tr("&Manage schemes…"), this, &MapWindow::manageSchemes);
     manage->setObjectName(QStringLiteral("manageSchemes"));
     manage->setShortcut(QKeySequence(QStringLiteral("Ctrl+M")));
+    QAction *restore =
+        menu->addAction(tr("&Restore built-in schemes…"), this, &MapWindow::onRestoreBuiltIns);
+    restore->setObjectName(QStringLiteral("restoreBuiltIns"));
+    menu->addSeparator();
     menu->addAction(tr("Open scheme &store…"), this, &MapWindow::onOpenStore);
+    defaultStoreAction = menu->addAction(tr("&Default store"), this, [this] { openStore({}); });
+    defaultStoreAction->setObjectName(QStringLiteral("defaultStore"));
     bar->addSeparator();
     bar->addAction(manage);
 }
@@ -78,7 +94,11 @@ bool MapWindow::openStore(const QString &folder)
 {
     VOColorSchemeManager::setStoreDirectory(VTObjects::toVOString(folder));
     const bool good = VOColorSchemeManager::instance()->load();
-    appSettings().setValue(storeFolderKey, folder);
+    if (folder.isEmpty())
+        appSettings().remove(storeFolderKey);
+    else
+        appSettings().setValue(storeFolderKey, folder);
+    showStoreName();
     for (LayerCard *card : cards())
         card->reloadScheme();
     if (!good) {
@@ -87,6 +107,40 @@ bool MapWindow::openStore(const QString &folder)
                              QMessageBox::Close);
     }
     return good;
+}
+
+void MapWindow::showStoreName()
+{
+    const QString folder = appSettings().value(storeFolderKey).toString();
+    const QString name = folder.isEmpty() ? tr("Default store") : QDir(folder).dirName();
+    storeLabel->setText(
+        fontMetrics().elidedText(tr("Schemes: %1").arg(name), Qt::ElideMiddle, storeNameWidth));
+    storeLabel->setToolTip(Qt::convertFromPlainText(
+        folder.isEmpty() ? name : QDir::toNativeSeparators(folder), Qt::WhiteSpaceNormal));
+    defaultStoreAction->setEnabled(!folder.isEmpty());
+}
+
+void MapWindow::onRestoreBuiltIns()
+{
+    QMessageBox box(QMessageBox::Warning, tr("Restore built-in schemes"),
+                    tr("The built-in groups become what they were when the program was installed. "
+                       "Whatever was added, changed or deleted in them is lost."),
+                    QMessageBox::Cancel, this);
+    box.setInformativeText(tr("Your own groups and your favorites stay."));
+    QPushButton *restore = box.addButton(tr("Restore"), QMessageBox::AcceptRole);
+    restore->setObjectName(QStringLiteral("restore"));
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.exec();
+    if (box.clickedButton() != restore)
+        return;
+    VOColorSchemeManager *store = VOColorSchemeManager::instance();
+    store->resetDefaultTeam();
+    if (!store->save()) {
+        QMessageBox::warning(this, tr("Restore built-in schemes"),
+                             tr("The schemes are restored, but could not be saved."),
+                             QMessageBox::Close);
+    }
+    syncCards();
 }
 
 } // namespace mapviewer

@@ -52,6 +52,7 @@ private Q_SLOTS:
     void aDragMovesTheMap();
     void darkThemeReachesTheMapAndComesBack();
     void simulatedVisionReachesEverything();
+    void simulatedVisionReachesDropDownAndDialogs();
     void theMapIsExportedAsItsNameEnds();
     void anExportThatCannotBeSaysWhy_data();
     void anExportThatCannotBeSaysWhy();
@@ -62,6 +63,18 @@ static QByteArray contentOf(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+static bool isGray(const QImage &image)
+{
+    for (int y = 0; y < image.height(); y += 2) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = image.pixel(x, y);
+            if (qRed(pixel) != qGreen(pixel) || qGreen(pixel) != qBlue(pixel))
+                return false;
+        }
+    }
+    return !image.isNull();
 }
 
 static const QByteArray smallGrid =
@@ -283,18 +296,37 @@ void tst_MapWindow::darkThemeReachesTheMapAndComesBack()
 void tst_MapWindow::simulatedVisionReachesEverything()
 {
     window->setVision(ColorVision::Gray);
-    const QImage gray = window->centralWidget()->grab().toImage();
-    for (int y = 0; y < gray.height(); y += 5) {
-        for (int x = 0; x < gray.width(); x += 5) {
-            const QRgb pixel = gray.pixel(x, y);
-            QVERIFY(qRed(pixel) == qGreen(pixel) && qGreen(pixel) == qBlue(pixel));
-        }
-    }
+    const QImage gray = window->grab().toImage();
+    QVERIFY(isGray(gray));
     QVERIFY(window->windowTitle().contains("gray vision"));
     window->setVision(ColorVision::Normal);
     QVERIFY(!window->windowTitle().contains("vision"));
-    const QImage normal = window->centralWidget()->grab().toImage();
-    QVERIFY(normal != gray);
+    const QImage normal = window->grab().toImage();
+    QVERIFY(!isGray(normal));
+}
+
+void tst_MapWindow::simulatedVisionReachesDropDownAndDialogs()
+{
+    window->setVision(ColorVision::Gray);
+    QVector<QImage> seen;
+    const auto look = [&seen](QWidget *shown) {
+        seen.append(shown->grab().toImage());
+        QTest::keyClick(shown, Qt::Key_Escape);
+    };
+    ModalDriver driver;
+    driver.next(look);
+    QTest::mouseClick(card("Countries")->picker(), Qt::LeftButton);
+    driver.next(look);
+    window->manageSchemes();
+    driver.next(look);
+    QTest::mouseClick(card("Countries")->findChild<QToolButton *>("editScheme"), Qt::LeftButton);
+    window->setVision(ColorVision::Normal);
+    driver.next(look);
+    QTest::mouseClick(card("Countries")->picker(), Qt::LeftButton);
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(seen.size(), 4);
+    for (int i = 0; i < seen.size(); ++i)
+        QVERIFY2(isGray(seen.at(i)) == (i < 3), qPrintable(QString::number(i)));
 }
 
 void tst_MapWindow::theMapIsExportedAsItsNameEnds()

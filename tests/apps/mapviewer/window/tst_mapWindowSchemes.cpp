@@ -14,6 +14,7 @@
 
 #include <QAction>
 #include <QDir>
+#include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QToolButton>
@@ -39,7 +40,11 @@ private Q_SLOTS:
     void anotherMethodAsksForAnotherGroup();
     void aNumberAfterATextIsShownInRanges();
     void anotherStoreIsTaken();
+    void theOpenStoreIsNamedAndTheDefaultOneComesBack();
+    void builtInSchemesAreRestoredWhenAsked_data();
+    void builtInSchemesAreRestoredWhenAsked();
     void theManagerOpensAndLayersFollowTheStore();
+    void theManagerOpensAsItWasLeft();
     void aLayerKeepsItsColorsWhenItsSchemeIsGone();
     void editingABuiltInSchemeMakesACopyOfIt();
     void canceledEditingLeavesNoCopy_data();
@@ -173,6 +178,63 @@ void tst_mapWindowSchemes::anotherStoreIsTaken()
     QCOMPARE(appSettings().value(storeFolderKey).toString(), folder);
 }
 
+void tst_mapWindowSchemes::theOpenStoreIsNamedAndTheDefaultOneComesBack()
+{
+    auto *label = window->findChild<QLabel *>("store");
+    auto *back = window->findChild<QAction *>("defaultStore");
+    QVERIFY(label && back);
+    QCOMPARE(label->text(), QString("Schemes: Default store"));
+    QVERIFY(!back->isEnabled());
+    const QString folder = store->path("alpine <b>maps");
+    QVERIFY(QDir().mkpath(folder));
+    QVERIFY(window->openStore(folder));
+    QCOMPARE(label->text(), QString("Schemes: alpine <b>maps"));
+    QVERIFY(label->textFormat() == Qt::PlainText);
+    QVERIFY(label->toolTip().contains(folder.toHtmlEscaped()));
+    open();
+    label = window->findChild<QLabel *>("store");
+    QCOMPARE(label->text(), QString("Schemes: alpine <b>maps"));
+    back = window->findChild<QAction *>("defaultStore");
+    QVERIFY(back->isEnabled());
+    back->trigger();
+    QCOMPARE(label->text(), QString("Schemes: Default store"));
+    QVERIFY(!appSettings().contains(storeFolderKey));
+    QVERIFY(!back->isEnabled());
+}
+
+void tst_mapWindowSchemes::builtInSchemesAreRestoredWhenAsked_data()
+{
+    QTest::addColumn<bool>("yes");
+    QTest::newRow("Restore") << true;
+    QTest::newRow("Cancel") << false;
+}
+
+void tst_mapWindowSchemes::builtInSchemesAreRestoredWhenAsked()
+{
+    QFETCH(bool, yes);
+    VOColorSchemeManager *schemes = VOColorSchemeManager::instance();
+    const std::size_t groups = schemes->defaultTeam.groups.size();
+    schemes->defaultTeam.groups.erase(schemes->defaultTeam.groups.begin());
+    customGroups() = {makeGroup("Mine", {"one"})};
+    ModalDriver driver;
+    driver.next([yes](QWidget *box) {
+        if (yes)
+            QTest::mouseClick(box->findChild<QPushButton *>("restore"), Qt::LeftButton);
+        else
+            QTest::keyClick(box, Qt::Key_Return);
+    });
+    auto *action = window->findChild<QAction *>("restoreBuiltIns");
+    QVERIFY(action);
+    action->trigger();
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(schemes->defaultTeam.groups.size(), yes ? groups : groups - 1);
+    QVERIFY(schemes->customTeam.contains("Mine"));
+    if (yes) {
+        QVERIFY(schemes->load());
+        QCOMPARE(schemes->defaultTeam.groups.size(), groups);
+    }
+}
+
 void tst_mapWindowSchemes::theManagerOpensAndLayersFollowTheStore()
 {
     customGroups() = {makeGroup("Mine", {"one"})};
@@ -191,6 +253,23 @@ void tst_mapWindowSchemes::theManagerOpensAndLayersFollowTheStore()
     window->findChild<QAction *>("manageSchemes")->trigger();
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     QCOMPARE(pixelAt(outback.x(), outback.y()), qRgb(4, 5, 6));
+}
+
+void tst_mapWindowSchemes::theManagerOpensAsItWasLeft()
+{
+    QVector<QSize> sizes;
+    for (int run = 0; run < 2; ++run) {
+        ModalDriver driver;
+        driver.next([&](QWidget *dialog) {
+            sizes.append(dialog->size());
+            dialog->resize(dialog->size() + QSize(5, 30));
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        });
+        window->manageSchemes();
+        QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+        open();
+    }
+    QCOMPARE(sizes.at(1), sizes.at(0) + QSize(5, 30));
 }
 
 void tst_mapWindowSchemes::aLayerKeepsItsColorsWhenItsSchemeIsGone()
