@@ -1,5 +1,6 @@
 #include "vomap/VOColorSchemeManager.h"
 
+#include "vomap/VOColorSchemeId.h"
 #include "vomap/VOStringConversion.h"
 #include "vomap/VOTeamKind.h"
 #include "vomap/files/fileProblem_p.h"
@@ -72,6 +73,21 @@ const VOColorSchemeTeam &VOColorSchemeManager::team(VOTeamKind kind) const
 {
     const VOColorSchemeTeam *const teams[] = {&defaultTeam, &customTeam, &favoriteTeam};
     return *teams[kind];
+}
+
+const VOColorScheme *VOColorSchemeManager::find(const VOColorSchemeId &id) const
+{
+    if (id.isNull())
+        return nullptr;
+    for (const VOColorSchemeGroup &group : team(teamKindOf(toQString(id.team))).groups) {
+        if (group.name != id.group)
+            continue;
+        for (const VOColorScheme &scheme : group.schemes) {
+            if (scheme.name == id.scheme)
+                return &scheme;
+        }
+    }
+    return nullptr;
 }
 
 bool VOColorSchemeManager::load()

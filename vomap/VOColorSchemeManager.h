@@ -9,6 +9,7 @@
 namespace VTObjects {
 
 class SchemeStore;
+struct VOColorSchemeId;
 enum VOTeamKind : int; // its values, which a host may have names for itself, are not brought along
 
 /// The store: every scheme that the application knows, in three teams. One for the whole process;
@@ -25,6 +26,9 @@ public:
     /// One of these three.
     VOColorSchemeTeam &team(VOTeamKind kind);
     const VOColorSchemeTeam &team(VOTeamKind kind) const;
+
+    /// The scheme of this id, or null. It is the store's, and lives until its group changes.
+    const VOColorScheme *find(const VOColorSchemeId &id) const;
 
     /// The store. The first call loads it; never null, never to be deleted.
     static VOColorSchemeManager *instance();

@@ -38,6 +38,8 @@ set(expected
     vtgiscore/VTSymbolUtils.h
     # For hosts: from the toolkit's strings to those of the records and back.
     vomap/VOStringConversion.h
+    # For hosts: which scheme.
+    vomap/VOColorSchemeId.h
     vomap/VOTeamKind.h
     vomap/safeFileName.h
     # Made by the build: what each library exports.
