@@ -1,6 +1,7 @@
 #include "vomap/VOColorSchemeManager.h"
 
 #include "vomap/VOColorSchemeId.h"
+#include "vomap/VOColorSchemeNotifier.h"
 #include "vomap/VOStringConversion.h"
 #include "vomap/VOTeamKind.h"
 #include "vomap/files/fileProblem_p.h"
@@ -12,23 +13,33 @@
 #include <QStandardPaths>
 
 #include <exception>
+#include <utility>
 
 namespace VTObjects {
 
 namespace {
 
-VOString &chosenDirectory()
+struct ChosenDirectory
 {
-    static VOString directory;
+    VOString name; // empty for the default place
+    bool mustExist = false;
+};
+
+ChosenDirectory &chosenDirectory()
+{
+    static ChosenDirectory directory;
     return directory;
 }
 
-std::string storeFolder()
+StoreFolder storeFolder()
 {
-    if (chosenDirectory() != L"")
-        return nativePath(chosenDirectory());
-    return nativePath(toVOString(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
-                                 QStringLiteral("/colorschemes")));
+    const ChosenDirectory &chosen = chosenDirectory();
+    if (chosen.name != L"")
+        return {nativePath(chosen.name), chosen.mustExist};
+    return {
+        nativePath(toVOString(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
+                              QStringLiteral("/colorschemes"))),
+        false};
 }
 
 // Want of memory is a failure like any other: nothing is thrown out of here.
@@ -47,7 +58,9 @@ bool succeeds(Action action)
 VOColorSchemeManager::VOColorSchemeManager()
     : store(std::make_unique<SchemeStore>())
 {
-    load();
+    if (!read())
+        unreadFolder = storeFolder().path;
+    store->takeNews(); // whoever asks for the store sees it
 }
 
 VOColorSchemeManager::~VOColorSchemeManager() = default;
@@ -60,7 +73,12 @@ VOColorSchemeManager *VOColorSchemeManager::instance()
 
 void VOColorSchemeManager::setStoreDirectory(const VOString &directory)
 {
-    chosenDirectory() = directory;
+    chosenDirectory() = {directory, false};
+}
+
+void VOColorSchemeManager::requireStoreDirectory(const VOString &directory)
+{
+    chosenDirectory() = {directory, true};
 }
 
 VOColorSchemeTeam &VOColorSchemeManager::team(VOTeamKind kind)
@@ -90,25 +108,83 @@ const VOColorScheme *VOColorSchemeManager::find(const VOColorSchemeId &id) const
     return nullptr;
 }
 
-bool VOColorSchemeManager::load()
+bool VOColorSchemeManager::read()
 {
     return succeeds([this] {
         return store->load(storeFolder(), {&defaultTeam, &customTeam, &favoriteTeam});
     });
 }
 
+bool VOColorSchemeManager::load()
+{
+    bool all = read();
+    if (!unreadFolder.empty() && std::exchange(unreadFolder, {}) == storeFolder().path)
+        all = false;
+    announce();
+    return all;
+}
+
+bool VOColorSchemeManager::reloadIfChanged()
+{
+    if (holds > 0)
+        return false;
+    const bool changed = succeeds([this] {
+        return store->reload(storeFolder(), {&defaultTeam, &customTeam, &favoriteTeam});
+    });
+    announce();
+    return changed;
+}
+
+bool VOColorSchemeManager::write(const std::vector<VOTeamKind> &kinds)
+{
+    const StoreFolder folder = storeFolder();
+    const bool done = succeeds([&] {
+        std::vector<SchemeStore::Saving> savings;
+        for (const VOTeamKind kind : kinds)
+            savings.push_back({kind, &team(kind)});
+        return store->save(folder, savings);
+    });
+    announce();
+    if (!done)
+        Q_EMIT VOColorSchemeNotifier::instance()->saveFailed(shownPath(folder.path),
+                                                             store->failure());
+    return done;
+}
+
 bool VOColorSchemeManager::save()
 {
-    return succeeds([this] {
-        return store->save(storeFolder(), {{DefaultTeam, &defaultTeam},
-                                           {CustomTeam, &customTeam},
-                                           {FavoriteTeam, &favoriteTeam}});
-    });
+    return write({DefaultTeam, CustomTeam, FavoriteTeam});
 }
 
 bool VOColorSchemeManager::saveCustomTeam()
 {
-    return succeeds([this] { return store->save(storeFolder(), {{CustomTeam, &customTeam}}); });
+    return write({CustomTeam});
+}
+
+void VOColorSchemeManager::announce()
+{
+    if (store->takeNews())
+        Q_EMIT VOColorSchemeNotifier::instance()->storeChanged();
+}
+
+std::vector<VOStoreProblem> VOColorSchemeManager::problems() const
+{
+    return store->problems;
+}
+
+void VOColorSchemeManager::clearProblems()
+{
+    store->problems.clear();
+}
+
+VOColorSchemeManager::Hold::Hold()
+{
+    ++instance()->holds;
+}
+
+VOColorSchemeManager::Hold::~Hold()
+{
+    --instance()->holds;
 }
 
 void VOColorSchemeManager::resetDefaultTeam()

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "vomap/VOColorSchemeTeam.h"
+#include "vomap/VOStoreProblem.h"
 
 #include <QString>
 
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace VTObjects {
 
@@ -37,19 +40,49 @@ public:
     /// the user's data folder for applications. Call it before the first instance() or before
     /// load(); an empty name means the default place again.
     static void setStoreDirectory(const VOString &directory);
+    /// The same for a directory that is known to be there, such as one that the user chose earlier.
+    /// Where it is missing (it was moved, or its disk is not connected), no other one is made in
+    /// its place: load() answers false, problems() says so, and save() fails until it is back.
+    static void requireStoreDirectory(const VOString &directory);
 
-    /// Reads the store again from its directory and answers whether all of it could be read.
+    /// Reads the store again from its directory and answers whether all of it could be read. False
+    /// as well, once, if the first instance() could not read all of the same directory: whoever
+    /// loads only to hear of it learns of it.
     /// Where nothing was ever saved, the built-in schemes are there, and the answer is true.
     /// Of a damaged team the last good copy is read, and the damaged file is kept in the folder
     /// "damaged".
     bool load();
+    /// Takes over what other processes saved since the last load() or save() here, and keeps what
+    /// was changed here and is not saved yet: both are merged as by save(). True if that changed a
+    /// team; pointers into the teams are invalid then. Cheap where nothing happened, so call it
+    /// when a window of yours becomes active, or when a file watcher says so. Does nothing, and
+    /// answers false, as long as there is a Hold.
+    bool reloadIfChanged();
+    /// Keeps reloadIfChanged() from changing the teams while somebody holds pointers into them or
+    /// will write them back: a manager, and an editor that works in the store.
+    class VOMAP_EXPORT Hold
+    {
+    public:
+        Hold();
+        ~Hold();
+        Hold(const Hold &) = delete;
+        Hold &operator=(const Hold &) = delete;
+    };
+
     /// Writes the whole store to its directory. False, with the old files as they were, if it
     /// cannot be written, if another process does not let go of the store within two seconds, or
     /// if a newer release of the library wrote it. What another process saved since the last
-    /// load() is not lost: it is merged into the files, and appears here with the next load().
+    /// load() is not lost: it is merged into the files, and appears here with the next load() or
+    /// reloadIfChanged(). What went wrong is told by VOColorSchemeNotifier::saveFailed(), too.
     bool save();
     /// Writes the custom team only; the files of the other teams are not touched.
     bool saveCustomTeam();
+    /// What went wrong with the store, since the first instance() or the last clearProblems(), in
+    /// that order. What is found again stands there once. A team that is saved in the end, and a
+    /// missing directory that is back, are no problem any more.
+    std::vector<VOStoreProblem> problems() const;
+    void clearProblems();
+
     /// Makes the default team what this release of the library ships. The disk has it with the
     /// next save().
     void resetDefaultTeam();
@@ -70,7 +103,13 @@ private:
     VOColorSchemeManager(const VOColorSchemeManager &) = delete;
     VOColorSchemeManager &operator=(const VOColorSchemeManager &) = delete;
 
+    bool read();
+    bool write(const std::vector<VOTeamKind> &kinds);
+    void announce();
+
     std::unique_ptr<SchemeStore> store;
+    std::string unreadFolder; // that the first instance() could not read, until load() has said so
+    int holds = 0;
 };
 
 } // namespace VTObjects

@@ -38,8 +38,10 @@ set(expected
     vtgiscore/VTSymbolUtils.h
     # For hosts: from the toolkit's strings to those of the records and back.
     vomap/VOStringConversion.h
-    # For hosts: which scheme.
+    # For hosts: which scheme, what changed, what went wrong.
     vomap/VOColorSchemeId.h
+    vomap/VOColorSchemeNotifier.h
+    vomap/VOStoreProblem.h
     vomap/VOTeamKind.h
     vomap/safeFileName.h
     # Made by the build: what each library exports.

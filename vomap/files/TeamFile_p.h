@@ -81,6 +81,14 @@ std::uint64_t recordChecksum(std::uint32_t tag, std::string_view payload);
 /// out of its place.
 std::uint64_t sealed(std::uint64_t seal, std::string_view head);
 
+/// The seal with which a whole file ends: files with the same seal hold the same records. 0 without
+/// one.
+inline std::uint64_t sealOf(std::string_view file)
+{
+    constexpr std::size_t size = sizeof(std::uint64_t);
+    return file.size() < size ? 0 : qFromLittleEndian<quint64>(file.data() + file.size() - size);
+}
+
 /// The numbers that stand for the kinds of ramps in a file.
 constexpr std::uint32_t noRamp = 0;
 constexpr std::uint32_t lastKnownKind = 4;

@@ -5,6 +5,7 @@
 
 #include "vobase/VOString.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -14,6 +15,8 @@
 namespace VTObjects {
 
 namespace {
+
+constexpr qint64 coarsestClock = 2000; // milliseconds that a file system may count in
 
 QString pathFrom(const std::string &path)
 {
@@ -35,6 +38,11 @@ std::string nativePath(const VOString &path)
     std::string utf8;
     const bool good = wide.find(L'\0') == std::wstring::npos && appendUtf8(utf8, wide);
     return good ? utf8 : std::string();
+}
+
+QString shownPath(const std::string &path)
+{
+    return pathFrom(path);
 }
 
 ReadState readWholeFile(const std::string &path, std::uint64_t limit, ByteBuffer &bytes)
@@ -64,6 +72,25 @@ bool somethingIsAt(const std::string &path)
 {
     const QFileInfo info(pathFrom(path));
     return info.exists() || info.isSymLink();
+}
+
+FileStamp stampOf(const std::string &path)
+{
+    const QFileInfo info(pathFrom(path));
+    FileStamp stamp;
+    if (!info.exists())
+        return stamp;
+    const QDateTime written = info.lastModified();
+    stamp.exists = true;
+    stamp.marks = {static_cast<std::uint64_t>(info.size()),
+                   static_cast<std::uint64_t>(written.toMSecsSinceEpoch())};
+    stamp.isSettled = written.msecsTo(QDateTime::currentDateTime()) > coarsestClock;
+    return stamp;
+}
+
+QString systemReason()
+{
+    return QString(); // the toolkit's calls leave none behind
 }
 
 bool writeSynced(const std::string &path, std::string_view bytes, const std::string &model)
@@ -165,6 +192,11 @@ bool FolderLock::acquire(const std::string &path, int milliseconds)
     if (!lock->file.tryLock(0) && !lock->file.getLockInfo(&process, &host, &program))
         QFile::remove(pathFrom(path));
     return lock->file.isLocked() || lock->file.tryLock(milliseconds);
+}
+
+bool FolderLock::isTaken() const
+{
+    return lock && lock->file.error() == QLockFile::LockFailedError;
 }
 
 } // namespace VTObjects

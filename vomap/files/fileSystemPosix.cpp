@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <fcntl.h>
 #include <memory>
@@ -23,6 +24,7 @@ namespace {
 
 constexpr int patience = 100; // how often a call is made again that a signal broke off
 constexpr std::size_t block = std::size_t(256) * 1024;
+constexpr time_t coarsestClock = 2; // seconds that a file system may count in
 
 template <typename Call>
 auto uninterrupted(Call call)
@@ -72,6 +74,8 @@ bool writeAll(int descriptor, std::string_view bytes)
     while (!bytes.empty()) {
         const auto written =
             uninterrupted([&] { return ::write(descriptor, bytes.data(), bytes.size()); });
+        if (written == 0)
+            errno = EIO;
         if (written <= 0)
             return false;
         bytes.remove_prefix(static_cast<std::size_t>(written));
@@ -109,10 +113,14 @@ void takePermissions(int descriptor, const std::string &model)
 bool fill(int descriptor, std::string_view bytes)
 {
     struct stat status = {};
-    return ::ftruncate(descriptor, 0) == 0 && writeAll(descriptor, bytes) &&
-           ::fstat(descriptor, &status) == 0 &&
-           status.st_size == static_cast<off_t>(bytes.size()) &&
-           uninterrupted([&] { return ::fsync(descriptor); }) == 0;
+    if (::ftruncate(descriptor, 0) != 0 || !writeAll(descriptor, bytes) ||
+        ::fstat(descriptor, &status) != 0)
+        return false;
+    if (status.st_size != static_cast<off_t>(bytes.size())) {
+        errno = EIO;
+        return false;
+    }
+    return uninterrupted([&] { return ::fsync(descriptor); }) == 0;
 }
 
 bool isSameFile(const std::string &path, int descriptor)
@@ -186,6 +194,11 @@ std::string nativePath(const VOString &path)
     return appendUtf8(utf8, wide) ? utf8 : std::string();
 }
 
+QString shownPath(const std::string &path)
+{
+    return QFile::decodeName(QByteArray::fromStdString(path));
+}
+
 ReadState readWholeFile(const std::string &path, std::uint64_t limit, ByteBuffer &bytes)
 {
     // Not blocking: a pipe of that name would keep us waiting for a writer.
@@ -229,6 +242,27 @@ bool somethingIsAt(const std::string &path)
     return ::lstat(path.c_str(), &status) == 0;
 }
 
+FileStamp stampOf(const std::string &path)
+{
+    struct stat status = {};
+    FileStamp stamp;
+    if (::stat(path.c_str(), &status) != 0)
+        return stamp;
+    stamp.exists = true;
+    stamp.marks = {std::uint64_t(status.st_dev),          std::uint64_t(status.st_ino),
+                   std::uint64_t(status.st_size),         std::uint64_t(status.st_mtim.tv_sec),
+                   std::uint64_t(status.st_mtim.tv_nsec), std::uint64_t(status.st_ctim.tv_nsec)};
+    timespec now = {};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    stamp.isSettled = now.tv_sec - status.st_mtim.tv_sec > coarsestClock;
+    return stamp;
+}
+
+QString systemReason()
+{
+    return errno == 0 ? QString() : QString::fromLocal8Bit(std::strerror(errno));
+}
+
 bool writeSynced(const std::string &path, std::string_view bytes, const std::string &model)
 {
     Descriptor file(path, O_WRONLY | O_CREAT | O_NOFOLLOW, 0666);
@@ -236,10 +270,14 @@ bool writeSynced(const std::string &path, std::string_view bytes, const std::str
         return false;
     takePermissions(file.get(), model);
     const bool filled = fill(file.get(), bytes);
+    int reason = errno;
     const bool closed = file.close();
     if (filled && closed)
         return true;
+    if (filled)
+        reason = errno;
     removeFile(path);
+    errno = reason;
     return false;
 }
 
@@ -355,6 +393,11 @@ bool FolderLock::acquire(const std::string &path, int milliseconds)
         waitAMoment();
     }
     return true;
+}
+
+bool FolderLock::isTaken() const
+{
+    return lock && lock->file.isOpen();
 }
 
 } // namespace VTObjects

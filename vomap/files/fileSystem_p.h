@@ -2,6 +2,9 @@
 
 #include "vomap/files/ByteBuffer_p.h"
 
+#include <QString>
+
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -28,11 +31,34 @@ enum class ReadState {
 /// The path for the file system; empty if it cannot name a file (empty, or with a NUL inside).
 std::string nativePath(const VOString &path);
 
+/// The same path as the user knows it.
+QString shownPath(const std::string &path);
+
 /// Reads the whole file. Unless it answers Read, the content of `bytes` is unset.
 ReadState readWholeFile(const std::string &path, std::uint64_t limit, ByteBuffer &bytes);
 /// True if the file can be read and holds exactly these bytes.
 bool fileHolds(const std::string &path, std::string_view bytes);
 bool somethingIsAt(const std::string &path);
+
+/// What tells, without reading it, that a file was replaced or written to. Two that are equal say
+/// that nothing happened between them if the first one `isSettled`: a file that was written a
+/// moment before it was looked at may be written again within what the file system's clock can tell
+/// apart.
+struct FileStamp
+{
+    bool exists = false;
+    bool isSettled = false;
+    std::array<std::uint64_t, 6> marks{};
+};
+FileStamp stampOf(const std::string &path);
+inline bool operator==(const FileStamp &left, const FileStamp &right)
+{
+    return left.exists == right.exists && left.marks == right.marks;
+}
+
+/// Why the last call here that failed did so, in the words of the system; empty if it has none. To
+/// be asked for right behind that call.
+QString systemReason();
 
 /// Writes a new file, or over an old one of the same name, checks that it has got its full length
 /// and waits until it is on the disk. On failure the file is removed. The permissions are those of
@@ -70,6 +96,8 @@ public:
     /// Waits for it at most so long. The file at `path` is made if need be; its content does not
     /// matter.
     bool acquire(const std::string &path, int milliseconds);
+    /// After acquire() failed: whether that was because another process has it.
+    bool isTaken() const;
 
 private:
     struct Lock; // what the system has for it

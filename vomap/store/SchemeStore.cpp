@@ -47,20 +47,27 @@ std::string SchemeStore::pathOfLock() const
     return folder + "/store.lock";
 }
 
-bool SchemeStore::load(const std::string &directory,
-                       const std::array<VOColorSchemeTeam *, teamCount> &teams)
+bool SchemeStore::load(const StoreFolder &place, const Teams &teams)
 {
-    folder = directory;
+    folder = place.path;
     if (folder.empty()) {
-        for (const VOTeamKind which : allTeams)
+        for (const VOTeamKind which : allTeams) {
+            const std::uint64_t shown = known[which].shown;
+            known[which] = Known();
+            known[which].shown = shown;
             *teams[which] = builtInTeamOf(which);
-        known = {};
+            show(which, checksumOf(which, *teams[which]));
+        }
         return false;
     }
+    const bool isThere = somethingIsAt(folder);
+    forget(VOStoreProblem::FolderMissing, VOString());
+    bool all = isThere || !place.mustExist;
+    if (!all)
+        tell(folderMissingProblem(shownPath(folder)));
     FolderLock lock;
     // A folder that is not there is no reason to make one: nothing is saved yet.
-    const bool locked = somethingIsAt(folder) && lock.acquire(pathOfLock(), lockTimeout);
-    bool all = true;
+    const bool locked = isThere && lock.acquire(pathOfLock(), lockTimeout);
     for (const VOTeamKind which : allTeams) {
         if (locked)
             finishInterrupted(which);
@@ -85,38 +92,57 @@ void SchemeStore::finishInterrupted(VOTeamKind which) const
 bool SchemeStore::loadTeam(VOTeamKind which, bool locked, VOColorSchemeTeam &team)
 {
     Known &now = known[which];
+    const std::uint64_t shown = now.shown;
     now = Known();
+    now.shown = shown;
+    // Before the file is read: what is written meanwhile shows as a change.
+    now.stamp = stampOf(pathOf(which));
     TeamContent content;
-    bool good = false;
+    bool good = true;
+    bool asStored = false; // the bytes of the base are those of the team in memory
     Found found(pathOf(which));
     if (found.isWhole() || found.isNewer()) {
         good = found.complete;
         content = std::move(found.content);
         now.newer = found.isNewer();
         now.base = std::move(found.bytes);
+        asStored = true;
+        if (now.newer)
+            tell(loadProblem(VOStoreProblem::NewerRelease, which, content.team, QString()));
     } else if (found.isMissing() && !somethingIsAt(pathOf(which, lastSuffix))) {
-        good = true;
         content.team = builtInTeamOf(which);
         if (which == DefaultTeam)
             content.extras.builtIns = builtInList(content.team);
     } else {
+        good = false;
         Found last(pathOf(which, lastSuffix));
-        content = recovered(which, found, last);
+        VOStoreProblem::Kind kind = VOStoreProblem::Damaged;
+        content = recovered(which, found, last, kind);
+        std::string aside;
         if (locked && found.read != ReadState::Unreadable)
-            putRecovered(which, found, last, content);
+            aside = putRecovered(which, found, last, content);
+        tell(loadProblem(kind, which, content.team, shownPath(aside)));
     }
-    if (which == DefaultTeam && !now.newer)
+    if (which == DefaultTeam && !now.newer) {
         upgradeBuiltIns(content, builtInTeam());
+        asStored = false;
+    }
     now.extras = std::move(content.extras);
     team = std::move(content.team);
+    now.clean = asStored ? sealOf(now.base.view()) : checksumOf(which, team);
+    show(which, now.clean);
     return good;
 }
 
 // What can be had of a team whose file cannot be taken as it is.
-TeamContent SchemeStore::recovered(VOTeamKind which, Found &found, Found &last) const
+TeamContent SchemeStore::recovered(VOTeamKind which, Found &found, Found &last,
+                                   VOStoreProblem::Kind &kind) const
 {
-    if (last.isWhole())
+    const bool unreadable = found.read == ReadState::Unreadable;
+    if (last.isWhole()) {
+        kind = unreadable ? VOStoreProblem::Unreadable : VOStoreProblem::Restored;
         return std::move(last.content);
+    }
     TeamContent content;
     bool knowsBuiltIns = false;
     if (found.read == ReadState::Read)
@@ -129,6 +155,9 @@ TeamContent SchemeStore::recovered(VOTeamKind which, Found &found, Found &last) 
             content.extras.builtIns = std::move(older.extras.builtIns);
         knowsBuiltIns = knowsBuiltIns || olderKnows;
     }
+    kind = unreadable                    ? VOStoreProblem::Unreadable
+           : content.team.groups.empty() ? VOStoreProblem::Damaged
+                                         : VOStoreProblem::PartlyLost;
     if (content.team.groups.empty())
         content.team = builtInTeamOf(which);
     // Its name may be among what was lost.
@@ -141,9 +170,9 @@ TeamContent SchemeStore::recovered(VOTeamKind which, Found &found, Found &last) 
 }
 
 // Sets the damaged files aside and makes what was recovered the team's file. If any of it fails,
-// all stays as it is: the next load or save will try again.
-void SchemeStore::putRecovered(VOTeamKind which, Found &found, Found &last,
-                               const TeamContent &content)
+// all stays as it is: the next load or save will try again. Where a damaged file is now.
+std::string SchemeStore::putRecovered(VOTeamKind which, Found &found, Found &last,
+                                      const TeamContent &content)
 {
     const std::string path = pathOf(which);
     const std::string fresh = pathOf(which, newSuffix);
@@ -151,18 +180,29 @@ void SchemeStore::putRecovered(VOTeamKind which, Found &found, Found &last,
     if (last.isWhole())
         bytes.append(last.bytes.view());
     else if (!encodeTeam(content.team, content.extras, bytes))
-        return;
+        return std::string();
     if (!writeSynced(fresh, bytes.view(), path))
-        return;
-    const bool aside = (!found.isDamaged() || !setAside(path, found).empty()) &&
-                       (!last.isDamaged() || !setAside(pathOf(which, lastSuffix), last).empty());
+        return std::string();
+    std::string asides[2];
+    bool aside = true;
+    if (found.isDamaged()) {
+        asides[0] = setAside(path, found);
+        aside = !asides[0].empty();
+    }
+    if (aside && last.isDamaged()) {
+        asides[1] = setAside(pathOf(which, lastSuffix), last);
+        aside = !asides[1].empty();
+    }
+    const std::string &told = asides[asides[0].empty() ? 1 : 0];
     if (!aside || !renameOver(fresh, path) || !syncFolder(folder)) {
         removeFile(fresh);
-        return;
+        return told;
     }
     if (last.isDamaged())
         removeFile(pathOf(which, lastSuffix));
     known[which].base = std::move(bytes);
+    known[which].stamp = stampOf(path);
+    return told;
 }
 
 // Gives the damaged thing a name that nothing has in the folder of such things; empty on failure.

@@ -1,11 +1,12 @@
 #include "vomap/store/SchemeStore_p.h"
 
+#include "vomap/VOStringConversion.h"
 #include "vomap/store/SchemeStoreFound_p.h"
 #include "vomap/store/builtInSchemes_p.h"
 #include "vomap/store/teamMerge_p.h"
 
 #include <algorithm>
-#include <map>
+#include <exception>
 #include <utility>
 
 namespace VTObjects {
@@ -24,36 +25,39 @@ struct SchemeStore::Work
     bool replaces = false; // a good file, which becomes the last good copy
 };
 
-namespace {
-
-std::vector<BuiltInScheme> joinedLists(const std::vector<BuiltInScheme> &mine,
-                                       const std::vector<BuiltInScheme> &theirs)
+bool SchemeStore::save(const StoreFolder &place, const std::vector<Saving> &savings)
 {
-    std::map<std::pair<std::wstring, std::wstring>, std::uint64_t> all;
-    for (const std::vector<BuiltInScheme> *list : {&theirs, &mine}) {
-        for (const BuiltInScheme &scheme : *list)
-            all[{scheme.group, scheme.scheme}] = scheme.checksum;
+    reason.clear();
+    try {
+        if (write(place, savings))
+            return true;
+    } catch (const std::exception &) { // there is too little memory
+        fail(StoreFailure::OutOfMemory);
     }
-    std::vector<BuiltInScheme> joined;
-    joined.reserve(all.size());
-    for (const auto &[name, checksum] : all)
-        joined.push_back({name.first, name.second, checksum});
-    return joined;
+    tellFailure(savings);
+    return false;
 }
 
-} // namespace
-
-bool SchemeStore::save(const std::string &directory, const std::vector<Saving> &savings)
+bool SchemeStore::write(const StoreFolder &place, const std::vector<Saving> &savings)
 {
-    if (folder != directory) {
+    if (folder != place.path) {
         // What was loaded elsewhere says nothing about what is there.
-        for (Known &each : known)
+        for (Known &each : known) {
             each.base.clear();
-        folder = directory;
+            each.stamp = FileStamp();
+            each.clean = 0;
+        }
+        folder = place.path;
     }
+    if (folder.empty())
+        return fail(StoreFailure::NoSuchFolder);
+    if (place.mustExist && !somethingIsAt(folder))
+        return fail(StoreFailure::FolderMissing);
+    if (!makeFolder(folder))
+        return fail(StoreFailure::FolderRefused);
     FolderLock lock;
-    if (folder.empty() || !makeFolder(folder) || !lock.acquire(pathOfLock(), lockTimeout))
-        return false;
+    if (!lock.acquire(pathOfLock(), lockTimeout))
+        return fail(lock.isTaken() ? StoreFailure::LockTaken : StoreFailure::LockRefused);
     std::vector<Work> works(savings.size());
     for (std::size_t i = 0; i < savings.size(); ++i) {
         works[i].which = savings[i].which;
@@ -67,34 +71,70 @@ bool SchemeStore::save(const std::string &directory, const std::vector<Saving> &
         return false;
     for (Work &work : works) {
         Known &now = known[work.which];
+        const bool merged = work.base.size() > 0;
         now.spare = std::move(now.base);
-        now.base = std::move(work.base.size() > 0 ? work.base : work.bytes);
+        now.base = std::move(merged ? work.base : work.bytes);
         now.extras = std::move(work.extras);
         now.newer = false;
+        // What others saved is on disk and not here: the next reload has to look.
+        now.stamp = merged ? FileStamp() : stampOf(pathOf(work.which));
+        now.clean = sealOf(now.base.view());
+        show(work.which, now.clean);
+        forget(VOStoreProblem::NotSaved, toVOString(teamKey(work.which)));
+        if (work.damaged)
+            tell(replacedProblem(work.which, *work.team, shownPath(work.aside)));
     }
     return true;
 }
 
+bool SchemeStore::fail(StoreFailure why)
+{
+    const bool systemKnows = why == StoreFailure::FolderRefused ||
+                             why == StoreFailure::LockRefused || why == StoreFailure::WriteRefused;
+    reason = reasonOf(why, systemKnows ? systemReason() : QString());
+    return false;
+}
+
+// Of the teams that were to be saved, those that hold something new; all if none does.
+void SchemeStore::tellFailure(const std::vector<Saving> &savings)
+{
+    std::vector<Saving> waiting;
+    for (const Saving &saving : savings) {
+        forget(VOStoreProblem::NotSaved, toVOString(teamKey(saving.which)));
+        const std::uint64_t checksum = checksumOf(saving.which, *saving.team);
+        if (checksum != known[saving.which].clean)
+            waiting.push_back(saving);
+        show(saving.which, checksum);
+    }
+    for (const Saving &saving : waiting.empty() ? savings : waiting)
+        tell(notSavedProblem(saving.which, *saving.team, reason));
+}
+
 // Decides what to write, from what is on disk.
-bool SchemeStore::prepare(Work &work) const
+bool SchemeStore::prepare(Work &work)
 {
     const Known &now = known[work.which];
     const std::string path = pathOf(work.which);
+    const auto put = [this](bool encoded) { return encoded || fail(StoreFailure::Unwritable); };
     work.extras = now.extras;
     if (work.which == DefaultTeam && work.extras.builtIns.empty())
         work.extras.builtIns = builtInList(builtInTeam());
     if (now.base.size() > 0 && fileHolds(path, now.base.view())) {
+        if (now.newer)
+            return fail(StoreFailure::Newer);
         work.replaces = true;
-        return !now.newer && encodeTeam(*work.team, work.extras, work.bytes);
+        return put(encodeTeam(*work.team, work.extras, work.bytes));
     }
     auto found = std::make_unique<Found>(path);
-    if (found->read == ReadState::Unreadable || found->isNewer())
-        return false;
+    if (found->read == ReadState::Unreadable)
+        return fail(StoreFailure::Unreadable);
+    if (found->isNewer())
+        return fail(StoreFailure::Newer);
     if (found->isMissing())
-        return encodeTeam(*work.team, work.extras, work.bytes);
+        return put(encodeTeam(*work.team, work.extras, work.bytes));
     if (found->isWhole()) {
         work.replaces = true;
-        return merge(work, found->content);
+        return put(merge(work, found->content));
     }
     // What is left of it is joined with what was known of it, so that a loss is not a deletion.
     TeamContent theirs;
@@ -105,7 +145,7 @@ bool SchemeStore::prepare(Work &work) const
     if (decodeTeam(now.base.view(), base, complete) == TeamFileState::Whole)
         addMissing(theirs.team, base.team);
     work.damaged = std::move(found);
-    return merge(work, theirs);
+    return put(merge(work, theirs));
 }
 
 bool SchemeStore::merge(Work &work, const TeamContent &theirs) const
@@ -127,7 +167,7 @@ bool SchemeStore::merge(Work &work, const TeamContent &theirs) const
 
 // Up to the sync of the folder everything can be undone, and is when something fails. From there
 // on the save counts; what then cannot be tidied, the next load or save tidies.
-bool SchemeStore::commit(std::vector<Work> &works) const
+bool SchemeStore::commit(std::vector<Work> &works)
 {
     const bool written = std::all_of(works.begin(), works.end(), [this](const Work &work) {
         return writeSynced(pathOf(work.which, newSuffix), work.bytes.view(), pathOf(work.which));
@@ -139,6 +179,7 @@ bool SchemeStore::commit(std::vector<Work> &works) const
         work.renamed = done;
     }
     if (!done || !syncFolder(folder)) {
+        fail(StoreFailure::WriteRefused); // first, while the system knows why
         rollBack(works);
         return false;
     }

@@ -169,6 +169,21 @@ std::vector<BuiltInScheme> builtInList(const VOColorSchemeTeam &builtIn)
     return list;
 }
 
+std::vector<BuiltInScheme> joinedLists(const std::vector<BuiltInScheme> &mine,
+                                       const std::vector<BuiltInScheme> &theirs)
+{
+    std::map<std::pair<std::wstring, std::wstring>, std::uint64_t> all;
+    for (const std::vector<BuiltInScheme> *list : {&theirs, &mine}) {
+        for (const BuiltInScheme &scheme : *list)
+            all[{scheme.group, scheme.scheme}] = scheme.checksum;
+    }
+    std::vector<BuiltInScheme> joined;
+    joined.reserve(all.size());
+    for (const auto &[name, checksum] : all)
+        joined.push_back({name.first, name.second, checksum});
+    return joined;
+}
+
 void upgradeBuiltIns(TeamContent &content, const VOColorSchemeTeam &builtIn)
 {
     using Name = std::pair<std::wstring, std::wstring>;

@@ -4,6 +4,7 @@
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 #include "tests/support/faultShim.h"
+#include "tests/support/storeDamage.h"
 #include "tests/support/toString.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
@@ -102,13 +103,9 @@ void tst_storeDamage::aDamagedFileIsSetAsideAndTheLastButOneSaveRestored_data()
     QTest::addColumn<int>("way");
     for (const char *file : {"default.team", "custom.team", "favorite.team"}) {
         const QString name = QString::fromLatin1(file);
-        QTest::newRow(qPrintable(name + " empty")) << name << 0;
-        QTest::newRow(qPrintable(name + " with a zeroed start")) << name << 1;
-        QTest::newRow(qPrintable(name + " of garbage")) << name << 2;
-        QTest::newRow(qPrintable(name + " with bytes behind its end")) << name << 3;
-        QTest::newRow(qPrintable(name + " cut in half")) << name << 4;
-        QTest::newRow(qPrintable(name + " with a zeroed block")) << name << 5;
-        QTest::newRow(qPrintable(name + " of zeroes")) << name << 6;
+        int way = 0;
+        for (const auto &form : damagedForms(QByteArray(100, 'x')))
+            QTest::newRow(qPrintable(name + ' ' + form.first)) << name << way++;
     }
 }
 
@@ -118,24 +115,18 @@ void tst_storeDamage::aDamagedFileIsSetAsideAndTheLastButOneSaveRestored()
     QFETCH(int, way);
     StoreFixture::Files files = good;
     const QByteArray whole = files[file];
-    const QByteArray damaged[] = {QByteArray(),
-                                  QByteArray(16, '\0') + whole.mid(16),
-                                  QByteArray("garbage").repeated(100),
-                                  whole + '\0',
-                                  whole.left(whole.size() / 2),
-                                  QByteArray(whole).replace(40, 16, QByteArray(16, '\0')),
-                                  QByteArray(whole.size(), '\0')};
-    files[file] = damaged[way];
+    const QByteArray damaged = damagedForms(whole)[way].second;
+    files[file] = damaged;
     store->setFiles(files);
     QVERIFY(!manager().load());
     QCOMPARE(StoreFixture::customAuthor(), QString(file == custom ? "1" : "2"));
     const StoreFixture::Files now = store->files();
-    QCOMPARE(now.value("damaged/" + file + ".1"), damaged[way]);
+    QCOMPARE(now.value("damaged/" + file + ".1"), damaged);
     QCOMPARE(now.value(file), good.value(file + ".last"));
     // The next load finds nothing wrong, and the next save has its copy again.
     QVERIFY(manager().load());
     QVERIFY(manager().save());
-    QVERIFY(isSomewhere(damaged[way]));
+    QVERIFY(isSomewhere(damaged));
     QVERIFY(!QFile::exists(store->path("damaged/" + file + ".2")));
 }
 
