@@ -15,6 +15,7 @@
 #include "vomap/VOStringConversion.h"
 
 #include <QFileDialog>
+#include <QShortcut>
 #include <QSignalBlocker>
 
 #include <utility>
@@ -78,6 +79,7 @@ VTColorSchemeEditor::VTColorSchemeEditor(int index, VOColorSchemeGroup *group, b
     ui->setupUi(this);
     initUi();
     setupConnections();
+    setupKeys();
 }
 
 VTColorSchemeEditor::~VTColorSchemeEditor()
@@ -103,6 +105,8 @@ void VTColorSchemeEditor::initUi()
     header->resizeSection(0, numberColumnWidth);
     header->setSectionResizeMode(0, QHeaderView::Fixed);
     ui->colorView->setIconSize(swatchSize);
+    ui->colorView->setTabKeyNavigation(false); // Tab leaves it
+    ui->colorView->installEventFilter(this);
     describeParts();
 
     ui->comboBox_type->insertItem(VOColorRamp::RandomRamp, tr("Random"));
@@ -170,6 +174,9 @@ void VTColorSchemeEditor::setupConnections()
     for (const auto &[action, slot] : commands)
         connect(action, SIGNAL(triggered(bool)), this, slot);
     connect(ui->spinBox_seed, SIGNAL(valueChanged(int)), this, SLOT(onPreview()));
+    auto *toColors = new QShortcut(Qt::Key_F6, this);
+    connect(toColors, &QShortcut::activated, ui->colorView,
+            [view = ui->colorView] { view->setFocus(Qt::ShortcutFocusReason); });
     const auto hsvBoxes = ui->groupBox_hsv->findChildren<QSpinBox *>();
     for (const QSpinBox *box : hsvBoxes)
         connect(box, SIGNAL(valueChanged(int)), this, SLOT(onPreview()));

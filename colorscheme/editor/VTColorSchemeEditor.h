@@ -33,6 +33,9 @@ class DialogMemory;
 /// The widgets are the working state: until OK the scheme stays as it is, and OK gives it a new
 /// ramp, so that pointers to the old one dangle. Nothing is saved to disk.
 ///
+/// Tab leaves the list of colours, and F6 leads back to it. There Return picks a colour for the
+/// row, and further keys do what the tool buttons do, whose tool-tips name them.
+///
 /// A scheme without a ramp opens with the default ramp. What the controls cannot hold, such as a
 /// level outside 2..1000, they show as the nearest value that they can.
 class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeEditor : public QDialog
@@ -50,6 +53,9 @@ public:
     VTColorSchemeEditor(int index, VTObjects::VOColorSchemeGroup *group, bool isNew,
                         QWidget *parent = nullptr);
     ~VTColorSchemeEditor() override;
+
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override;
 
 private Q_SLOTS:
     void onOk();
@@ -74,6 +80,7 @@ private:
     void initUi();
     void describeParts();
     void setupConnections();
+    void setupKeys();
     void typeChangeUi(VTObjects::VOColorRamp::ColorRampType type);
     void viewScheme(const VTObjects::VOColorScheme &scheme);
     void showPreview(VTObjects::VOColorRamp *ramp);

@@ -1,13 +1,18 @@
 // The commands that edit the colour list.
 #include "colorscheme/editor/VTColorModel.h"
 #include "colorscheme/editor/VTColorSchemeEditor.h"
+#include "colorscheme/model/actionKeys_p.h"
 #include "ui_VTColorSchemeEditorBase.h"
 #include "vtcontrolbase/VTColorMenu.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
 
 #include <algorithm>
 #include <limits>
 #include <utility>
 
+using vtcontrolcolorscheme::setActionKey;
 using VTObjects::VOColorRamp;
 
 namespace {
@@ -39,6 +44,40 @@ QVector<int> selectedRows(const QTableView &view, int most = std::numeric_limits
 
 } // namespace
 
+void VTColorSchemeEditor::setupKeys()
+{
+    QTableView *const list = ui->colorView;
+    list->horizontalHeader()->setToolTip(tr("Colors") + QStringLiteral(" (F6)"));
+    setActionKey(ui->actionLoad_scheme, QKeySequence::Open);
+    setActionKey(ui->actionAdd_color, Qt::Key_Insert, list);
+    setActionKey(ui->actionDelete_color, QKeySequence::Delete, list);
+    setActionKey(ui->actionSelect_all, QKeySequence::SelectAll, list);
+    setActionKey(ui->actionInvert_select, Qt::CTRL + Qt::Key_I, list);
+    setActionKey(ui->actionColor_antitone, Qt::CTRL + Qt::Key_R, list);
+    setActionKey(ui->actionTop, Qt::ALT + Qt::Key_Home, list);
+    setActionKey(ui->actionBottom, Qt::ALT + Qt::Key_End, list);
+    setActionKey(ui->actionUp, Qt::ALT + Qt::Key_Up, list);
+    setActionKey(ui->actionDown, Qt::ALT + Qt::Key_Down, list);
+}
+
+bool VTColorSchemeEditor::eventFilter(QObject *object, QEvent *event)
+{
+    if (object != ui->colorView || event->type() != QEvent::KeyPress)
+        return QDialog::eventFilter(object, event);
+    const auto *press = static_cast<QKeyEvent *>(event);
+    const int key = press->key();
+    const bool isPlain = (press->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const QModelIndex current = ui->colorView->currentIndex();
+    // Without a row it is the dialog's Return.
+    if (!isPlain || !current.isValid() ||
+        (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_F2))
+        return QDialog::eventFilter(object, event);
+    const QModelIndex swatch = current.sibling(current.row(), VTColorModel::SwatchColumn);
+    ui->colorView->scrollTo(swatch);
+    onColorDoubleClicked(swatch);
+    return true;
+}
+
 void VTColorSchemeEditor::onAddColor()
 {
     colorModel->appendColor(addedColor);
@@ -59,8 +98,15 @@ void VTColorSchemeEditor::onDeleteColor()
     if (rows.isEmpty())
         return;
     // From the end, so that no row moves before its turn.
-    for (auto row = rows.crbegin(); row != rows.crend() && !canLoseNone(); ++row)
+    int next = rows.last();
+    for (auto row = rows.crbegin(); row != rows.crend() && !canLoseNone(); ++row) {
         colorModel->removeColorAt(*row);
+        next = *row;
+    }
+    // The row that moved up is where the user goes on by keyboard. It is not selected.
+    next = std::min(next, colorModel->colors.size() - 1);
+    ui->colorView->selectionModel()->setCurrentIndex(colorModel->index(next, 0),
+                                                     QItemSelectionModel::NoUpdate);
     onPreview();
 }
 

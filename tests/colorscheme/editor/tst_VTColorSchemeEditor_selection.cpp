@@ -40,6 +40,8 @@ private Q_SLOTS:
     void theMovesTellTheTruthAfterEveryCommand();
     void theMovesTellTheTruthAfterANewList();
     void allMovesAreEnabledUntilTheFirstSelection();
+    void theRowThatMovedUpBecomesCurrent_data();
+    void theRowThatMovedUpBecomesCurrent();
     void anAddedColorIsScrolledIntoSight_data();
     void anAddedColorIsScrolledIntoSight();
 };
@@ -190,6 +192,29 @@ void tst_VTColorSchemeEditor_selection::allMovesAreEnabledUntilTheFirstSelection
     test.run("onAddColor");
     test.run("onColorAntitone");
     QCOMPARE(test.enabledMoves().size(), 4);
+}
+
+void tst_VTColorSchemeEditor_selection::theRowThatMovedUpBecomesCurrent_data()
+{
+    QTest::addColumn<QVector<int>>("deleted");
+    QTest::addColumn<int>("current");
+    QTest::newRow("the first") << QVector<int>{0} << 0;
+    QTest::newRow("in the middle") << QVector<int>{2} << 2;
+    QTest::newRow("the last") << QVector<int>{4} << 3;
+    QTest::newRow("several") << QVector<int>{1, 3} << 1;
+    QTest::newRow("the end") << QVector<int>{3, 4} << 2;
+    QTest::newRow("all") << QVector<int>{0, 1, 2, 3, 4} << -1;
+}
+
+void tst_VTColorSchemeEditor_selection::theRowThatMovedUpBecomesCurrent()
+{
+    QFETCH(QVector<int>, deleted);
+    QFETCH(int, current);
+    EditorUnderTest test(randomRamp(3, 5));
+    test.select(deleted);
+    test.run("onDeleteColor");
+    QCOMPARE(test.view()->currentIndex().row(), current);
+    QCOMPARE(test.selectedRows(), QVector<int>());
 }
 
 void tst_VTColorSchemeEditor_selection::anAddedColorIsScrolledIntoSight_data()
