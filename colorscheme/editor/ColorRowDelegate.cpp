@@ -1,7 +1,9 @@
 #include "colorscheme/editor/ColorRowDelegate_p.h"
 
-#include <QApplication>
-#include <QStyle>
+#include "colorscheme/model/cellText_p.h"
+
+#include <QIcon>
+#include <QPixmap>
 
 namespace vtcontrolcolorscheme {
 
@@ -25,16 +27,7 @@ void ColorRowDelegate::initStyleOption(QStyleOptionViewItem *option, const QMode
         const QPixmap swatch = index.data(Qt::DecorationRole).value<QPixmap>();
         option->icon.addPixmap(swatch, QIcon::Selected);
     }
-    if (option->text.isEmpty())
-        return;
-    const QStyle *style = option->widget ? option->widget->style() : QApplication::style();
-    const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, option, option->widget) + 1;
-    const int room = option->rect.width() - 2 * margin;
-    const int needed = option->fontMetrics.horizontalAdvance(option->text);
-    if (room > 0 && needed > room) {
-        option->font.setPointSizeF(option->font.pointSizeF() * room / needed);
-        option->fontMetrics = QFontMetrics(option->font);
-    }
+    shrinkToFit(*option);
 }
 
 } // namespace vtcontrolcolorscheme

@@ -1,6 +1,8 @@
 #include "colorscheme/editor/ColorRowDelegate_p.h"
 #include "colorscheme/editor/VTColorModel.h"
+#include "tests/support/EditorUnderTest.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/WatchingStyle.h"
 
 #include <QHeaderView>
 #include <QTableView>
@@ -13,6 +15,8 @@ class tst_ColorRowDelegate : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void aSelectedSwatchKeepsItsColor();
+    void everyNumberCanBeRead_data();
+    void everyNumberCanBeRead();
     void aNumberFitsItsColumn_data();
     void aNumberFitsItsColumn();
 };
@@ -45,6 +49,45 @@ void tst_ColorRowDelegate::aSelectedSwatchKeepsItsColor()
         const QPoint center = view.visualRect(model.index(row, 1)).center();
         QCOMPARE(image.pixelColor(center), model.colors[row]);
     }
+}
+
+void tst_ColorRowDelegate::everyNumberCanBeRead_data()
+{
+    QTest::addColumn<int>("rows");
+    QTest::addColumn<int>("points");
+    QTest::addColumn<int>("pixels");
+    for (const int rows : {9, 10, 100, 1000}) {
+        QTest::addRow("%d, as it comes", rows) << rows << 0 << 0;
+        for (const int size : {12, 16, 24}) {
+            QTest::addRow("%d, %d points", rows, size) << rows << size << 0;
+            QTest::addRow("%d, %d pixels", rows, size) << rows << 0 << size;
+        }
+    }
+}
+
+// Nor does the toolkit complain, which would fail the test.
+void tst_ColorRowDelegate::everyNumberCanBeRead()
+{
+    QFETCH(int, rows);
+    QFETCH(int, points);
+    QFETCH(int, pixels);
+    WatchingStyle style;
+    EditorUnderTest test(evenRamp(QVector<QColor>(rows, QColor(1, 2, 3)), 9));
+    QTableView *const view = test.view();
+    view->setStyle(&style);
+    QFont font = view->font();
+    if (points > 0)
+        font.setPointSize(points);
+    else if (pixels > 0)
+        font.setPixelSize(pixels);
+    view->setFont(font);
+    test.editor().show();
+    QVERIFY(QTest::qWaitForWindowExposed(&test.editor()));
+    view->scrollToBottom();
+    view->grab();
+    QVERIFY(style.fits.contains(QString::number(rows)));
+    QVERIFY(style.fits.value(QString::number(rows)));
+    QCOMPARE(view->columnWidth(0), 25);
 }
 
 void tst_ColorRowDelegate::aNumberFitsItsColumn_data()

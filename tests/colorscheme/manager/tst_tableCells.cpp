@@ -2,13 +2,13 @@
 #include "colorscheme/manager/VTColorSchemeView.h"
 #include "tests/support/ManagerTest.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/WatchingStyle.h"
 
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 
 #include <QHelpEvent>
 #include <QLineEdit>
-#include <QProxyStyle>
 #include <QStyleOptionViewItem>
 #include <QTextDocument>
 #include <QToolTip>
@@ -40,26 +40,6 @@ private Q_SLOTS:
 namespace {
 
 const char *const longText = "Elevation of the sea floor between the shelf and the deep sea";
-
-/// Remembers what the view gave the style to draw, and whether there was room for it.
-class WatchingStyle : public QProxyStyle
-{
-public:
-    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
-                     const QWidget *widget) const override
-    {
-        const auto *item = qstyleoption_cast<const QStyleOptionViewItem *>(option);
-        if (element == CE_ItemViewItem && item && !item->text.isEmpty()) {
-            const int margin = pixelMetric(PM_FocusFrameHMargin, nullptr, widget) + 1;
-            const int room =
-                subElementRect(SE_ItemViewItemText, item, widget).width() - 2 * margin;
-            fits[item->text] = QFontMetricsF(item->font).horizontalAdvance(item->text) <= room;
-        }
-        QProxyStyle::drawControl(element, option, painter, widget);
-    }
-
-    mutable QMap<QString, bool> fits;
-};
 
 VOColorSchemeGroup groupOf(int count)
 {
