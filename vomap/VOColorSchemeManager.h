@@ -98,6 +98,7 @@ public:
     static bool saveFile(const VOColorScheme &scheme, const VOString &path, QString &problem);
 
 private:
+    friend class VOStoreHistory; // which reads the states in the store's folder
     VOColorSchemeManager();
     ~VOColorSchemeManager();
     VOColorSchemeManager(const VOColorSchemeManager &) = delete;

@@ -38,7 +38,8 @@ struct VOMAP_EXPORT VOStoreProblem
     /// The damaged file, set aside in the store's folder "damaged"; empty where none was. For
     /// FolderMissing the folder.
     QString path;
-    /// How many schemes the team has after it: what could be read or, if not saved, what is waiting.
+    /// How many schemes the team has after it: what could be read or, if not saved, what is
+    /// waiting.
     int schemes = 0;
     QString text; ///< one or two sentences for the user, in the language of the application
 };

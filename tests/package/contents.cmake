@@ -41,6 +41,7 @@ set(expected
     # For hosts: which scheme, what changed, what went wrong.
     vomap/VOColorSchemeId.h
     vomap/VOColorSchemeNotifier.h
+    vomap/VOStoreHistory.h
     vomap/VOStoreProblem.h
     vomap/VOTeamKind.h
     vomap/safeFileName.h

@@ -3,6 +3,7 @@
 #include "vomap/VOStringConversion.h"
 #include "vomap/store/SchemeStoreFound_p.h"
 #include "vomap/store/builtInSchemes_p.h"
+#include "vomap/store/teamFileName_p.h"
 #include "vomap/store/teamMerge_p.h"
 
 #include <limits>
@@ -13,7 +14,6 @@ namespace VTObjects {
 namespace {
 
 constexpr std::uint64_t anyLength = std::numeric_limits<std::int64_t>::max();
-constexpr const char *fileNames[] = {"default.team", "custom.team", "favorite.team"};
 
 VOColorSchemeTeam builtInTeamOf(VOTeamKind which)
 {
@@ -39,7 +39,7 @@ SchemeStore::~SchemeStore() = default;
 
 std::string SchemeStore::pathOf(VOTeamKind which, const char *suffix) const
 {
-    return folder + '/' + fileNames[which] + suffix;
+    return folder + '/' + teamFileName(which) + suffix;
 }
 
 std::string SchemeStore::pathOfLock() const

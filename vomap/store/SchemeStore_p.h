@@ -5,6 +5,7 @@
 #include "vomap/files/ByteBuffer_p.h"
 #include "vomap/files/TeamFile_p.h"
 #include "vomap/files/fileSystem_p.h"
+#include "vomap/store/StoreHistory_p.h"
 
 #include <array>
 #include <string>
@@ -77,6 +78,10 @@ public:
     /// Writes all of them, or none and answers false.
     bool save(const StoreFolder &place, const std::vector<Saving> &savings);
 
+    /// The folder of the last load or save.
+    const std::string &directory() const { return folder; }
+    StoreHistory::Limits historyLimits;
+
     /// Whether a team has become another one since this was asked last.
     bool takeNews() { return std::exchange(news, false); }
     /// What went wrong, in the order in which it did.
@@ -124,6 +129,7 @@ private:
     bool merge(Work &work, const TeamContent &theirs) const;
     bool commit(std::vector<Work> &works);
     bool link(Work &work) const;
+    void keepState(Work &work, StoreHistory &history) const;
     void rollBack(std::vector<Work> &works) const;
 
     std::string pathOf(VOTeamKind which, const char *suffix = "") const;

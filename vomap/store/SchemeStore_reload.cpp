@@ -23,7 +23,8 @@ bool SchemeStore::reload(const StoreFolder &place, const Teams &teams)
     return std::exchange(news, news || before);
 }
 
-// Whether somebody else wrote the file. One that is gone is no change: the next save brings it back.
+// Whether somebody else wrote the file. One that is gone is no change: the next save brings it
+// back.
 bool SchemeStore::isReplaced(VOTeamKind which)
 {
     Known &now = known[which];

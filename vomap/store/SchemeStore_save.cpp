@@ -23,6 +23,8 @@ struct SchemeStore::Work
     bool linked = false;
     bool renamed = false;
     bool replaces = false; // a good file, which becomes the last good copy
+    bool changes = false;  // that file holds something else
+    std::string kept;      // the file's place in the history
 };
 
 bool SchemeStore::save(const StoreFolder &place, const std::vector<Saving> &savings)
@@ -123,7 +125,9 @@ bool SchemeStore::prepare(Work &work)
         if (now.newer)
             return fail(StoreFailure::Newer);
         work.replaces = true;
-        return put(encodeTeam(*work.team, work.extras, work.bytes));
+        const bool encoded = put(encodeTeam(*work.team, work.extras, work.bytes));
+        work.changes = encoded && work.bytes.view() != now.base.view();
+        return encoded;
     }
     auto found = std::make_unique<Found>(path);
     if (found->read == ReadState::Unreadable)
@@ -134,7 +138,9 @@ bool SchemeStore::prepare(Work &work)
         return put(encodeTeam(*work.team, work.extras, work.bytes));
     if (found->isWhole()) {
         work.replaces = true;
-        return put(merge(work, found->content));
+        const bool merged = put(merge(work, found->content));
+        work.changes = merged && work.bytes.view() != found->bytes.view();
+        return merged;
     }
     // What is left of it is joined with what was known of it, so that a loss is not a deletion.
     TeamContent theirs;
@@ -174,7 +180,10 @@ bool SchemeStore::commit(std::vector<Work> &works)
     });
     bool done = written &&
                 std::all_of(works.begin(), works.end(), [this](Work &work) { return link(work); });
+    StoreHistory history(folder);
     for (Work &work : works) {
+        if (done)
+            keepState(work, history);
         done = done && renameOver(pathOf(work.which, newSuffix), pathOf(work.which));
         work.renamed = done;
     }
@@ -189,8 +198,16 @@ bool SchemeStore::commit(std::vector<Work> &works)
         else
             removeFile(pathOf(work.which, oldSuffix));
     }
+    history.prune(historyLimits);
     static_cast<void>(syncFolder(folder));
     return true;
+}
+
+// A state less in the history is not worth failing a save for.
+void SchemeStore::keepState(Work &work, StoreHistory &history) const
+{
+    if (work.replaces && work.changes && historyLimits.states > 0)
+        work.kept = history.keep(work.which, pathOf(work.which));
 }
 
 // Keeps what is about to be replaced under a second name.
@@ -221,6 +238,8 @@ void SchemeStore::rollBack(std::vector<Work> &works) const
             putBack(work.aside, path); // a folder, which has no second name
         removeFile(old);
         removeFile(pathOf(work.which, newSuffix));
+        if (!work.kept.empty())
+            removeFile(work.kept);
     }
     static_cast<void>(syncFolder(folder));
 }

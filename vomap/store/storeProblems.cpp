@@ -18,18 +18,22 @@ QString loadText(VOStoreProblem::Kind kind, VOTeamKind which, int schemes)
     switch (kind) {
     case VOStoreProblem::Damaged:
         return which == DefaultTeam
-                   ? tr("The file of the team \"%1\" was damaged, and none of it could be read. The "
+                   ? tr("The file of the team \"%1\" was damaged, and none of it could be read. "
+                        "The "
                         "built-in color schemes are there as they were delivered.")
                    : tr("The file of the team \"%1\" was damaged, and none of it could be read.");
     case VOStoreProblem::Restored:
-        return tr("The file of the team \"%1\" was damaged or missing. Its last good copy stands in "
-                  "for it (color schemes: %2); what was changed after that copy is lost.");
+        return tr(
+            "The file of the team \"%1\" was damaged or missing. Its last good copy stands in "
+            "for it (color schemes: %2); what was changed after that copy is lost.");
     case VOStoreProblem::PartlyLost:
-        return tr("The file of the team \"%1\" was damaged. What could be read of it is there (color "
-                  "schemes: %2); the others are lost.");
+        return tr(
+            "The file of the team \"%1\" was damaged. What could be read of it is there (color "
+            "schemes: %2); the others are lost.");
     case VOStoreProblem::NewerRelease:
-        return tr("The team \"%1\" was saved by a newer release of this program. It is shown as far "
-                  "as it is understood (color schemes: %2) and cannot be saved here.");
+        return tr(
+            "The team \"%1\" was saved by a newer release of this program. It is shown as far "
+            "as it is understood (color schemes: %2) and cannot be saved here.");
     case VOStoreProblem::Unreadable:
         return schemes > 0
                    ? tr("The file of the team \"%1\" cannot be read. Its last good copy is shown "
@@ -73,7 +77,8 @@ QString reasonOf(StoreFailure failure, const QString &systemSays)
         text = QT_TRANSLATE_NOOP("VOStoreProblem", "Another program is busy with the store.");
         break;
     case StoreFailure::LockRefused:
-        text = QT_TRANSLATE_NOOP("VOStoreProblem", "Nothing can be written into the store's folder.");
+        text =
+            QT_TRANSLATE_NOOP("VOStoreProblem", "Nothing can be written into the store's folder.");
         break;
     case StoreFailure::Unreadable:
         text = QT_TRANSLATE_NOOP("VOStoreProblem",
@@ -114,12 +119,12 @@ VOStoreProblem replacedProblem(VOTeamKind which, const VOColorSchemeTeam &team,
 {
     VOStoreProblem problem = problemOf(VOStoreProblem::Damaged, which, team);
     problem.path = aside;
-    problem.text = (aside.isEmpty()
-                        ? tr("The file of the team \"%1\" was damaged while this program was "
-                             "running. What is shown here replaces it with the next save.")
-                        : tr("The file of the team \"%1\" was damaged while this program was "
-                             "running. What is shown here was saved in its place."))
-                       .arg(teamKey(which));
+    problem.text =
+        (aside.isEmpty() ? tr("The file of the team \"%1\" was damaged while this program was "
+                              "running. What is shown here replaces it with the next save.")
+                         : tr("The file of the team \"%1\" was damaged while this program was "
+                              "running. What is shown here was saved in its place."))
+            .arg(teamKey(which));
     return problem;
 }
 

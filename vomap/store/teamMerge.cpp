@@ -1,5 +1,7 @@
 #include "vomap/store/teamMerge_p.h"
 
+#include "vomap/store/NamedIndex_p.h"
+
 #include <algorithm>
 #include <map>
 #include <set>
@@ -8,35 +10,6 @@
 namespace VTObjects {
 
 namespace {
-
-/// A name, and which one of those that bear it: names should be unique, but nobody enforces it.
-using Key = std::pair<std::wstring, int>;
-
-// The groups of a team or the schemes of a group by their keys, which also keep their order.
-template <typename Named>
-class Index
-{
-public:
-    explicit Index(const std::vector<Named> &list)
-    {
-        std::map<std::wstring, int> occurrences;
-        for (const Named &named : list) {
-            keys.emplace_back(named.name.text(), occurrences[named.name.text()]++);
-            found.emplace(keys.back(), &named);
-        }
-    }
-
-    const Named *find(const Key &key) const
-    {
-        const auto at = found.find(key);
-        return at == found.end() ? nullptr : at->second;
-    }
-    const std::vector<Key> &inOrder() const { return keys; }
-
-private:
-    std::vector<Key> keys;
-    std::map<Key, const Named *> found;
-};
 
 const std::vector<VOColorScheme> &schemesOf(const VOColorSchemeGroup *group)
 {
@@ -71,17 +44,17 @@ std::vector<VOColorScheme> mergedSchemes(const VOColorSchemeGroup *base,
                                          const VOColorSchemeGroup *mine,
                                          const VOColorSchemeGroup *theirs)
 {
-    const Index<VOColorScheme> inBase(schemesOf(base));
-    const Index<VOColorScheme> inMine(schemesOf(mine));
-    const Index<VOColorScheme> inTheirs(schemesOf(theirs));
+    const NamedIndex<VOColorScheme> inBase(schemesOf(base));
+    const NamedIndex<VOColorScheme> inMine(schemesOf(mine));
+    const NamedIndex<VOColorScheme> inTheirs(schemesOf(theirs));
     std::set<std::wstring> taken;
-    for (const Index<VOColorScheme> *index : {&inMine, &inTheirs}) {
-        for (const Key &key : index->inOrder())
+    for (const NamedIndex<VOColorScheme> *index : {&inMine, &inTheirs}) {
+        for (const NamedKey &key : index->inOrder())
             taken.insert(key.first);
     }
 
     std::vector<VOColorScheme> merged;
-    for (const Key &key : inMine.inOrder()) {
+    for (const NamedKey &key : inMine.inOrder()) {
         const VOColorScheme *const was = inBase.find(key);
         const VOColorScheme &own = *inMine.find(key);
         const VOColorScheme *const other = inTheirs.find(key);
@@ -91,7 +64,7 @@ std::vector<VOColorScheme> mergedSchemes(const VOColorSchemeGroup *base,
         else if (other)
             merged.push_back(*other);
     }
-    for (const Key &key : inTheirs.inOrder()) {
+    for (const NamedKey &key : inTheirs.inOrder()) {
         const VOColorScheme *const was = inBase.find(key);
         const VOColorScheme *const own = inMine.find(key);
         const VOColorScheme &other = *inTheirs.find(key);
@@ -110,18 +83,18 @@ std::vector<VOColorScheme> mergedSchemes(const VOColorSchemeGroup *base,
 VOColorSchemeTeam mergedTeam(const VOColorSchemeTeam &base, const VOColorSchemeTeam &mine,
                              const VOColorSchemeTeam &theirs)
 {
-    const Index<VOColorSchemeGroup> inBase(base.groups);
-    const Index<VOColorSchemeGroup> inMine(mine.groups);
-    const Index<VOColorSchemeGroup> inTheirs(theirs.groups);
-    std::vector<Key> keys = inMine.inOrder();
-    for (const Key &key : inTheirs.inOrder()) {
+    const NamedIndex<VOColorSchemeGroup> inBase(base.groups);
+    const NamedIndex<VOColorSchemeGroup> inMine(mine.groups);
+    const NamedIndex<VOColorSchemeGroup> inTheirs(theirs.groups);
+    std::vector<NamedKey> keys = inMine.inOrder();
+    for (const NamedKey &key : inTheirs.inOrder()) {
         if (!inMine.find(key))
             keys.push_back(key);
     }
 
     VOColorSchemeTeam merged;
     merged.name = mine.name;
-    for (const Key &key : keys) {
+    for (const NamedKey &key : keys) {
         const VOColorSchemeGroup *const was = inBase.find(key);
         const VOColorSchemeGroup *const own = inMine.find(key);
         const VOColorSchemeGroup *const other = inTheirs.find(key);

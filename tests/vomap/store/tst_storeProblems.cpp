@@ -207,9 +207,10 @@ void tst_storeProblems::aSaveThatSucceedsEndsTheProblem()
     QCOMPARE(manager().problems().size(), std::size_t(3)); // nothing of it lies there
     VOColorSchemeManager::setStoreDirectory(toVOString(store->path()));
     QVERIFY(manager().saveCustomTeam());
-    QCOMPARE(told(), QStringList({"not saved Default " + QString::number(
-                                      manager().defaultTeam.groups[0].schemes.size()),
-                                  "not saved Favorite 0"}));
+    QCOMPARE(told(),
+             QStringList({"not saved Default " +
+                              QString::number(manager().defaultTeam.groups[0].schemes.size()),
+                          "not saved Favorite 0"}));
     QVERIFY(manager().save());
     QCOMPARE(told(), QStringList());
 }
@@ -221,11 +222,16 @@ void tst_storeProblems::everyReasonIsASentence_data()
     QTest::addColumn<int>("error");
     QTest::addColumn<QString>("reason");
     QTest::newRow("a name that cannot be") << QString(QChar(0)) << "" << 0 << "No folder can";
-    QTest::newRow("below a file") << "file/below" << "" << 0 << "cannot be made";
-    QTest::newRow("a full disk") << "" << "write" << ENOSPC << "No space left";
-    QTest::newRow("a broken disk") << "" << "fsync" << EIO << "Input/output error";
-    QTest::newRow("a read-only disk") << "" << "open" << EROFS << "Read-only file system";
-    QTest::newRow("no renaming") << "" << "rename" << EACCES << "Permission denied";
+    QTest::newRow("below a file") << "file/below"
+                                  << "" << 0 << "cannot be made";
+    QTest::newRow("a full disk") << ""
+                                 << "write" << ENOSPC << "No space left";
+    QTest::newRow("a broken disk") << ""
+                                   << "fsync" << EIO << "Input/output error";
+    QTest::newRow("a read-only disk") << ""
+                                      << "open" << EROFS << "Read-only file system";
+    QTest::newRow("no renaming") << ""
+                                 << "rename" << EACCES << "Permission denied";
 }
 
 void tst_storeProblems::everyReasonIsASentence()

@@ -278,9 +278,7 @@ void tst_storeReload::randomEditsOfTwoProcessesLoseNothing()
     const auto editor = [&](unsigned int side) {
         std::mt19937 random(side);
         std::set<std::pair<int, QString>> own;
-        const auto nameOf = [&](int number) {
-            return QString("%1-%2").arg(side).arg(number);
-        };
+        const auto nameOf = [&](int number) { return QString("%1-%2").arg(side).arg(number); };
         const auto place = [&](const std::pair<int, QString> &scheme) {
             std::vector<VOColorScheme> &schemes =
                 manager().customTeam.groups[std::size_t(scheme.first)].schemes;
