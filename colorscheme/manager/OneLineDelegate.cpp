@@ -3,6 +3,7 @@
 #include "colorscheme/model/cellText_p.h"
 
 #include <QAbstractItemView>
+#include <QLineEdit>
 
 namespace vtcontrolcolorscheme {
 
@@ -12,6 +13,14 @@ OneLineDelegate::OneLineDelegate(QObject *parent)
 }
 
 OneLineDelegate::~OneLineDelegate() = default;
+
+void OneLineDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
+                                   const QModelIndex &index) const
+{
+    const auto *field = qobject_cast<const QLineEdit *>(editor);
+    if (!field || !holdsTextOf(*field, index))
+        QStyledItemDelegate::setModelData(editor, model, index);
+}
 
 QString OneLineDelegate::displayText(const QVariant &value, const QLocale & /*locale*/) const
 {

@@ -6,7 +6,7 @@ namespace vtcontrolcolorscheme {
 
 /// Draws the cells of the manager's views so that they can be read: a number shrinks until it fits
 /// its column; a text is one line that shows its beginning, and whole on hovering where it is cut.
-/// The models' data stays what it is.
+/// The models' data stays what it is. An edited text that ends as it began is not stored.
 class OneLineDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -14,6 +14,8 @@ public:
     explicit OneLineDelegate(QObject *parent);
     ~OneLineDelegate() override;
 
+    void setModelData(QWidget *editor, QAbstractItemModel *model,
+                      const QModelIndex &index) const override;
     QString displayText(const QVariant &value, const QLocale &locale) const override;
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override;

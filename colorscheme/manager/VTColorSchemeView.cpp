@@ -12,6 +12,7 @@
 #include "colorscheme/manager/exportSchemes_p.h"
 #include "colorscheme/manager/tableColumns_p.h"
 #include "colorscheme/model/GeneratedName_p.h"
+#include "colorscheme/model/cellText_p.h"
 #include "colorscheme/model/lastOpenFilePath_p.h"
 #include "colorscheme/model/messageBoxes_p.h"
 #include "vomap/VOStringConversion.h"
@@ -29,6 +30,7 @@ using vtcontrolcolorscheme::AuthorColumn;
 using vtcontrolcolorscheme::describeColorRamp;
 using vtcontrolcolorscheme::exportSchemes;
 using vtcontrolcolorscheme::GeneratedName;
+using vtcontrolcolorscheme::holdsTextOf;
 using vtcontrolcolorscheme::lastOpenFilePath;
 using vtcontrolcolorscheme::NameColumn;
 using vtcontrolcolorscheme::NumberColumn;
@@ -273,12 +275,18 @@ void VTColorSchemeView::onNameEditingFinished()
 
 void VTColorSchemeView::makeNameUsable(VTLineEditWidget *editor)
 {
-    if (!editor)
+    // A name that the scheme had before is no new one, whatever others are called.
+    if (!editor || isUnchanged(*editor))
         return;
     const int row = editor->data().toInt();
     const QString name = editor->lineEdit()->text().trimmed();
     if (name.isEmpty() || !tableModel->group().schemeNameChangeCheck(row, toVOString(name)))
         editor->lineEdit()->setText(makeRenameName(row));
+}
+
+bool VTColorSchemeView::isUnchanged(const VTLineEditWidget &editor) const
+{
+    return holdsTextOf(*editor.lineEdit(), tableModel->index(editor.data().toInt(), NameColumn));
 }
 
 void VTColorSchemeView::tellUsable(VTLineEditWidget *editor)
@@ -327,6 +335,9 @@ void VTColorSchemeView::commitData(QWidget *editor)
             return;
         makeNameUsable(nameEditor);
         tellUsable(nameEditor);
+        // What is not changed must not make the data modified.
+        if (isUnchanged(*nameEditor))
+            return;
     }
     QTableView::commitData(editor);
 }

@@ -78,6 +78,8 @@ private:
 
     QString makeRenameName(int row) const;
     void makeNameUsable(VTLineEditWidget *editor);
+    /// Whether it holds the name that the scheme has.
+    bool isUnchanged(const VTLineEditWidget &editor) const;
     /// Emits information(true), unless it has been since the user last typed in this editor.
     void tellUsable(VTLineEditWidget *editor);
     /// From here on the editor has nothing to say any more.

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QFontMetricsF>
 #include <QHelpEvent>
+#include <QLineEdit>
 #include <QScreen>
 #include <QStyle>
 #include <QTextDocument>
@@ -96,6 +97,11 @@ QString oneLine(const QString &text)
         }
     }
     return line;
+}
+
+bool holdsTextOf(const QLineEdit &field, const QModelIndex &index)
+{
+    return field.text() == index.data(Qt::EditRole).toString().left(field.maxLength());
 }
 
 bool showWholeText(const QHelpEvent *event, const QAbstractItemView *view,

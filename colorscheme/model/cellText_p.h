@@ -4,6 +4,7 @@
 
 class QAbstractItemView;
 class QHelpEvent;
+class QLineEdit;
 
 namespace vtcontrolcolorscheme {
 
@@ -16,6 +17,9 @@ void shrinkToFit(QStyleOptionViewItem &option);
 
 /// The text with a blank for every line break and tab, so that a cell shows its beginning.
 QString oneLine(const QString &text);
+
+/// Whether a field still holds the text of the cell that it edits, as far as it can take it.
+bool holdsTextOf(const QLineEdit &field, const QModelIndex &index);
 
 /// Shows the whole text of a cell as a tool-tip where the cell cannot show it; the option is
 /// complete but for its text. False if there is nothing to add to what the cell shows.

@@ -268,8 +268,11 @@ void RandomManagerUser::renameInPlace()
             user->tree->setFocus();
         else
             user->command("actionSelect_all");
-        table[row] = name;
-        modified = true;
+        // A name that is typed once more is none, however many have it.
+        if (typed != table[row]) {
+            table[row] = name;
+            modified = true;
+        }
     }
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

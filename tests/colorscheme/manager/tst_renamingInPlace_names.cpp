@@ -1,7 +1,13 @@
+#include "colorscheme/manager/WorkingCopies_p.h"
 #include "tests/support/RenamingTest.h"
 #include "tests/support/TestMain.h"
+#include "vomap/VOStringConversion.h"
 
+#include <QLineEdit>
 #include <QtTest>
+
+using vtcontrolcolorscheme::WorkingCopies;
+using VTObjects::toQString;
 
 /// Names edited in the table of a manager, by mouse and keyboard through the window system.
 class tst_renamingInPlace_names : public RenamingTest
@@ -16,6 +22,10 @@ private Q_SLOTS:
     void aBadNameBecomesAGeneratedOne_data();
     void aBadNameBecomesAGeneratedOne();
     void theOwnNameIsNoClash();
+    void anUnchangedTextIsNoChange_data();
+    void anUnchangedTextIsNoChange();
+    void aNameThatIsTypedBackIsNoChange();
+    void aFieldOfADeletedGroupsQuestionChangesNothing();
     void blanksAroundANameAreKeptButDoNotCount();
     void theCellBehindTheFieldDoesNotShine();
     void authorAndDescriptionTakeAnyText();
@@ -90,6 +100,83 @@ void tst_renamingInPlace_names::theOwnNameIsNoClash()
     QVERIFY(user->ok->isEnabled());
     press(Qt::Key_Return);
     QCOMPARE(user->names().at(1), QStringLiteral("b"));
+}
+
+void tst_renamingInPlace_names::anUnchangedTextIsNoChange_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("ending");
+    for (int column = 2; column < 5; ++column) {
+        for (const char *ending : {"Return", "Tab", "Escape", "another row", "another group",
+                                   "actionSelect_all", "actionEdit_scheme"})
+            QTest::addRow("column %d, %s", column, ending) << column << QString(ending);
+    }
+}
+
+void tst_renamingInPlace_names::anUnchangedTextIsNoChange()
+{
+    QFETCH(int, column);
+    QFETCH(QString, ending);
+    // Imports make schemes of one name, and of names that nobody could type.
+    auto &schemes = user->model->group().schemes;
+    schemes[1].name = schemes[0].name;
+    schemes[2].name = VTObjects::VOString();
+    schemes[3].describe = VTObjects::VOString(std::wstring(40000, L'x'));
+    const QStringList names = user->names();
+    for (const int row : {0, 1, 2, 3}) {
+        edit(row, column);
+        ModalDriver driver;
+        if (ending == QLatin1String("Return"))
+            press(Qt::Key_Return);
+        else if (ending == QLatin1String("Tab"))
+            press(Qt::Key_Tab);
+        else if (ending == QLatin1String("another row"))
+            clickAt(user->table->viewport(), cell(3 - row, 0));
+        else if (ending == QLatin1String("another group"))
+            user->click(1, 1);
+        else if (ending.startsWith(QLatin1String("action"))) {
+            if (ending == QLatin1String("actionEdit_scheme"))
+                driver.next(pressNamed(QStringLiteral("pushButton_cancel")));
+            user->command(ending.toLatin1().constData());
+        }
+        // What is left open after Tab, and what Escape is for.
+        while (qobject_cast<QLineEdit *>(QApplication::focusWidget()))
+            press(Qt::Key_Escape);
+        QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+        QVERIFY(!WorkingCopies::isModified());
+        QVERIFY(user->ok->isEnabled());
+        if (ending == QLatin1String("another group"))
+            return;
+        QCOMPARE(user->names(), names);
+        QCOMPARE(toQString(schemes[3].describe).size(), 40000);
+    }
+}
+
+void tst_renamingInPlace_names::aNameThatIsTypedBackIsNoChange()
+{
+    user->model->group().schemes[1].name = user->model->group().schemes[0].name;
+    edit(1);
+    type(QStringLiteral("az"));
+    press(Qt::Key_Backspace);
+    // It is not to be had once more, but the scheme has it.
+    QCOMPARE(warning(), QStringLiteral("The name already exists!"));
+    press(Qt::Key_Return);
+    QCOMPARE(user->names(), (QStringList{"a", "a", "c", "rename_4"}));
+    QVERIFY(!WorkingCopies::isModified());
+    QVERIFY(user->ok->isEnabled());
+}
+
+void tst_renamingInPlace_names::aFieldOfADeletedGroupsQuestionChangesNothing()
+{
+    edit(1);
+    ModalDriver driver;
+    driver.next([](QWidget *box) { QTest::keyClick(box, Qt::Key_Escape); });
+    user->command("actionDelete_group");
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QVERIFY(!WorkingCopies::isModified());
+    // So nothing is asked.
+    QTest::mouseClick(user->ok, Qt::LeftButton);
+    QVERIFY(manager->isHidden());
 }
 
 void tst_renamingInPlace_names::blanksAroundANameAreKeptButDoNotCount()
