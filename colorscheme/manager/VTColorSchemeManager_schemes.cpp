@@ -48,8 +48,10 @@ void VTColorSchemeManager::onAddScheme()
     // After Cancel the editor has taken the scheme out again and there is no such row. Escape
     // leaves it in, so it must be seen, but that alone is no reason to save.
     model->insertSchemeRow(row, QModelIndex());
-    if (accepted)
-        WorkingCopies::markModified();
+    if (!accepted)
+        return;
+    ui->schemeView->showRows(row, row);
+    WorkingCopies::markModified();
 }
 
 void VTColorSchemeManager::onEditScheme()
@@ -77,6 +79,9 @@ void VTColorSchemeManager::onDeleteScheme()
     // From the end, so that no removal shifts the rows still to come.
     for (auto row = rows.crbegin(); row != rows.crend(); ++row)
         table->schemeModel()->removeScheme(*row, QModelIndex());
+    // The next command has something to work on: what moved up, or what is the last one now.
+    const int next = std::min(rows.first(), table->schemeModel()->rowCount() - 1);
+    table->showRows(next, next);
     // A favourites group lives only as long as it has schemes.
     const GroupPlace shown = shownPlace();
     if (shown.teamKind == FavoriteTeam && table->schemeModel()->group().schemes.empty() &&
@@ -146,6 +151,7 @@ void VTColorSchemeManager::onImportScheme()
     if (paths.isEmpty())
         return;
     VTColorSchemeModel *model = ui->schemeView->schemeModel();
+    const int firstNew = model->rowCount();
     for (const QString &path : paths) {
         VOColorScheme scheme;
         QString problem;
@@ -159,6 +165,7 @@ void VTColorSchemeManager::onImportScheme()
             scheme.name += L"_1";
         model->appendSchemes({scheme});
     }
+    ui->schemeView->showRows(firstNew, model->rowCount() - 1);
     WorkingCopies::markModified();
 }
 

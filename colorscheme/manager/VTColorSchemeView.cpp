@@ -146,6 +146,18 @@ QVector<int> VTColorSchemeView::selectedRowNumbers() const
     return rows;
 }
 
+void VTColorSchemeView::showRows(int first, int last)
+{
+    const QModelIndex from = tableModel->index(first, 0);
+    const QModelIndex to = tableModel->index(last, tableModel->columnCount() - 1);
+    if (!from.isValid() || !to.isValid())
+        return;
+    selectRow(first); // so that it is the anchor of what the user selects next
+    selectionModel()->select(QItemSelection(from, to), QItemSelectionModel::ClearAndSelect);
+    scrollTo(tableModel->index(last, 0));
+    scrollTo(from);
+}
+
 void VTColorSchemeView::onDoubleClicked(const QModelIndex &index)
 {
     // The other columns are edited in place.

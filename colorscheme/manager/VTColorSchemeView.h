@@ -41,6 +41,9 @@ public:
     VTColorSchemeModel *schemeModel() const { return tableModel; }
     /// The rows that are selected as a whole, ascending.
     QVector<int> selectedRowNumbers() const;
+    /// Selects these rows and nothing else, makes the first of them current and scrolls them into
+    /// sight, or as many of them from the first on as there is room for.
+    void showRows(int first, int last);
     /// Opens the editor on a row, as a child of `parent`; Ok marks the manager's data as modified.
     void editScheme(int row, QWidget *parent);
     /// Commits what is being typed in the table and closes its editor. Tool buttons do not take the

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void cleanup() { tearDown(); }
 
     void anAddedSchemeIsNumberedAndHasTheDefaultRamp();
+    void anAddedSchemeIsSelectedAndInSight();
     void aSchemeAddedButCanceledIsGone();
     void aSchemeAddedButEscapedIsShownAndNoReasonToSave();
     void schemesAreAddedToBuiltInAndCustomGroupsOnly_data();
@@ -37,6 +38,8 @@ private Q_SLOTS:
     void deletingAsksFirst();
     void deletingNothingIsSilent();
     void selectedRowsAreDeletedWhateverTheirOrder();
+    void afterDeletingTheRowThatMovedUpIsCurrent_data();
+    void afterDeletingTheRowThatMovedUpIsCurrent();
     void anEmptiedFavoritesGroupGoes();
     void anEmptiedFavoritesGroupGoesWithItsOwnRow();
     void emptiedGroupsOfOtherTeamsStay();
@@ -77,6 +80,25 @@ void tst_managerSchemes::anAddedSchemeIsNumberedAndHasTheDefaultRamp()
     user->click(0, 0);
     QCOMPARE(copyNames(1, 1), (QStringList{"add_scheme1", "add_scheme2"}));
     QVERIFY(VOColorSchemeManager::instance()->customTeam.groups[1].schemes.empty());
+}
+
+void tst_managerSchemes::anAddedSchemeIsSelectedAndInSight()
+{
+    auto &schemes = VOColorSchemeManager::instance()->customTeam.groups[0].schemes;
+    schemes.assign(200, makeScheme(QStringLiteral("old")));
+    open();
+    user->click(1, 0);
+    ModalDriver driver;
+    driver.next(pressNamed(QStringLiteral("pushButton_cancel")));
+    user->command("actionAdd_scheme");
+    QCOMPARE(user->table->selectedRowNumbers(), QVector<int>{0});
+    driver.next(pressNamed(QStringLiteral("pushButton_ok")));
+    user->command("actionAdd_scheme");
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(user->table->selectedRowNumbers(), QVector<int>{200});
+    QCOMPARE(user->table->currentIndex().row(), 200);
+    const QRect row = user->table->visualRect(user->model->index(200, 0));
+    QVERIFY(user->table->viewport()->rect().contains(row));
 }
 
 void tst_managerSchemes::aSchemeAddedButCanceledIsGone()
@@ -253,6 +275,45 @@ void tst_managerSchemes::selectedRowsAreDeletedWhateverTheirOrder()
         user->click(0, 0);
         QCOMPARE(copyNames(1, 0), (QStringList{"a", "c", "e"}));
     }
+}
+
+void tst_managerSchemes::afterDeletingTheRowThatMovedUpIsCurrent_data()
+{
+    QTest::addColumn<QVector<int>>("rows");
+    QTest::addColumn<int>("current");
+    QTest::newRow("the first") << QVector<int>{0} << 0;
+    QTest::newRow("one in the middle") << QVector<int>{2} << 2;
+    QTest::newRow("the last") << QVector<int>{5} << 4;
+    QTest::newRow("neighbors") << QVector<int>{1, 2, 3} << 1;
+    QTest::newRow("with gaps") << QVector<int>{5, 1, 3} << 1;
+    QTest::newRow("the end") << QVector<int>{4, 5} << 3;
+    QTest::newRow("all") << QVector<int>{0, 1, 2, 3, 4, 5} << -1;
+}
+
+void tst_managerSchemes::afterDeletingTheRowThatMovedUpIsCurrent()
+{
+    QFETCH(QVector<int>, rows);
+    QFETCH(int, current);
+    open();
+    user->click(1, 0);
+    user->select(rows);
+    ModalDriver driver;
+    driver.next(pressText(QStringLiteral("Delete")));
+    user->command("actionDelete_scheme");
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(user->table->currentIndex().row(), current);
+    QCOMPARE(user->table->selectedRowNumbers(),
+             current < 0 ? QVector<int>() : QVector<int>{current});
+    if (current < 0)
+        return;
+    // So the next command has something to work on.
+    const QString name = user->names().at(current);
+    driver.next([&name](QWidget *editor) {
+        QCOMPARE(editor->findChild<QLineEdit *>(QStringLiteral("lineEdit"))->text(), name);
+        pressNamed(QStringLiteral("pushButton_cancel"))(editor);
+    });
+    user->command("actionEdit_scheme");
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
 }
 
 void tst_managerSchemes::anEmptiedFavoritesGroupGoes()

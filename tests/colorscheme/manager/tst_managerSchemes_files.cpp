@@ -22,6 +22,7 @@ private Q_SLOTS:
     void importReadsManyFilesPastABadOne();
     void eachBadFileIsNamedWithWhatIsWrong();
     void importedNamesAreSuffixedOnce();
+    void whatIsImportedIsSelectedAndInSight();
     void importTurnsBackslashes();
     void importStartsAtTheLastPath();
     void importNeedsAShownGroup_data();
@@ -123,6 +124,37 @@ void tst_managerSchemes_files::importedNamesAreSuffixedOnce()
         QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     }
     QCOMPARE(user->names().mid(6), (QStringList{"a_1", "a_1"}));
+}
+
+void tst_managerSchemes_files::whatIsImportedIsSelectedAndInSight()
+{
+    auto &schemes = VOColorSchemeManager::instance()->customTeam.groups[0].schemes;
+    schemes.assign(200, makeScheme(QStringLiteral("old")));
+    const QStringList paths{writeFile(QStringLiteral("1.vcs"), QStringLiteral("x")),
+                            writeFile(QStringLiteral("2.vcs"), QStringLiteral("y")),
+                            writeFile(QStringLiteral("3.vcs"), QStringLiteral("z"))};
+    open();
+    user->click(1, 0);
+    const auto importAll = [this](const QStringList &files) {
+        ModalDriver driver;
+        driver.next(choose(files));
+        user->command("actionImport_scheme");
+        QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    };
+    importAll(paths);
+    QCOMPARE(user->table->selectedRowNumbers(), (QVector<int>{200, 201, 202}));
+    QCOMPARE(user->table->currentIndex().row(), 200);
+    const QRect sight = user->table->viewport()->rect();
+    for (const int row : {200, 202})
+        QVERIFY(sight.contains(user->table->visualRect(user->model->index(row, 0))));
+    // More than there is room for show from the first on.
+    QStringList many;
+    for (int i = 0; i < 60; ++i)
+        many.append(writeFile(QStringLiteral("m%1.vcs").arg(i), QStringLiteral("m")));
+    importAll(many);
+    QCOMPARE(user->table->selectedRowNumbers().size(), 60);
+    QCOMPARE(user->table->currentIndex().row(), 203);
+    QVERIFY(sight.contains(user->table->visualRect(user->model->index(203, 0))));
 }
 
 void tst_managerSchemes_files::importTurnsBackslashes()
