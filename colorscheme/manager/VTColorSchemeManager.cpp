@@ -11,7 +11,6 @@
 #include "ui_VTColorSchemeManagerBase.h"
 
 #include <QHeaderView>
-#include <QMenu>
 #include <QStandardItemModel>
 
 using vtcontrolcolorscheme::AuthorColumn;
@@ -188,32 +187,6 @@ void VTColorSchemeManager::showGroup(GroupPlace place)
 void VTColorSchemeManager::updateData()
 {
     copies->write(shownPlace(), ui->schemeView->schemeModel()->group());
-}
-
-QMenu *VTColorSchemeManager::defaultMenu()
-{
-    return copyMenu(defaultItem, &VTColorSchemeManager::onCopyDefaultGroup);
-}
-
-QMenu *VTColorSchemeManager::customMenu()
-{
-    return copyMenu(customItem, &VTColorSchemeManager::onCopyCustomGroup);
-}
-
-QMenu *VTColorSchemeManager::copyMenu(const QStandardItem *team,
-                                      void (VTColorSchemeManager::*slot)(bool))
-{
-    auto menu = std::make_unique<QMenu>();
-    for (int row = 0; row < team->rowCount(); ++row) {
-        const QStandardItem *item = team->child(row);
-        if (placeOf(item) == shownPlace())
-            continue;
-        auto *action = new QAction(item->text(), menu.get());
-        action->setData(item->data(nodeInfoRole));
-        connect(action, &QAction::triggered, this, slot);
-        menu->addAction(action);
-    }
-    return menu.release();
 }
 
 void VTColorSchemeManager::onClose()

@@ -80,6 +80,8 @@ private:
     void appendGroup(QStandardItem *team, const QString &text, const VTObjects::VOString &name);
     void showGroup(vtcontrolcolorscheme::GroupPlace place);
     QMenu *copyMenu(const QStandardItem *team, void (VTColorSchemeManager::*slot)(bool));
+    /// The place of the group that an action of such a menu stands for; nowhere if there is none.
+    vtcontrolcolorscheme::GroupPlace targetOf(const QObject *action, int teamKind) const;
     /// The item of the tree's current node; null if there is none.
     QStandardItem *currentItem() const;
     /// The place of the group that an item of the tree stands for.

@@ -10,12 +10,15 @@
 
 #include "ui_VTColorSchemeManagerBase.h"
 
+#include <QMenu>
 #include <QStandardItemModel>
 
 using vtcontrolcolorscheme::GeneratedName;
 using vtcontrolcolorscheme::GroupPlace;
 using vtcontrolcolorscheme::isConfirmed;
+using vtcontrolcolorscheme::nodeInfoRole;
 using vtcontrolcolorscheme::WorkingCopies;
+using VTObjects::CustomTeam;
 using VTObjects::DefaultTeam;
 using VTObjects::toVOString;
 using VTObjects::VOColorScheme;
@@ -23,11 +26,13 @@ using VTObjects::VOString;
 
 namespace {
 
-/// The info of the group that a copy-to action names; the type of a root if it names none.
-ColorSchemeNodeInfo targetOf(const QObject *sender)
+/// Where an action of a copy-to menu keeps its group's node of the tree.
+constexpr const char *nodeProperty = "node";
+
+/// A menu takes a single one for the mark of a key.
+QString withAmpersands(QString text)
 {
-    const auto *action = qobject_cast<const QAction *>(sender);
-    return action ? action->data().value<ColorSchemeNodeInfo>() : ColorSchemeNodeInfo();
+    return text.replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
 } // namespace
@@ -66,18 +71,60 @@ void VTColorSchemeManager::onDeleteGroup()
     WorkingCopies::markModified();
 }
 
+QMenu *VTColorSchemeManager::defaultMenu()
+{
+    return copyMenu(defaultItem, &VTColorSchemeManager::onCopyDefaultGroup);
+}
+
+QMenu *VTColorSchemeManager::customMenu()
+{
+    return copyMenu(customItem, &VTColorSchemeManager::onCopyCustomGroup);
+}
+
+QMenu *VTColorSchemeManager::copyMenu(const QStandardItem *team,
+                                      void (VTColorSchemeManager::*slot)(bool))
+{
+    auto menu = std::make_unique<QMenu>();
+    for (int row = 0; row < team->rowCount(); ++row) {
+        const QStandardItem *item = team->child(row);
+        if (placeOf(item) == shownPlace())
+            continue;
+        auto *action = new QAction(withAmpersands(item->text()), menu.get());
+        action->setData(item->data(nodeInfoRole));
+        // Groups can share a name, so the name alone does not tell which one is meant.
+        action->setProperty(nodeProperty, QPersistentModelIndex(item->index()));
+        connect(action, &QAction::triggered, this, slot);
+        menu->addAction(action);
+    }
+    return menu.release();
+}
+
 void VTColorSchemeManager::onCopyDefaultGroup(bool /*checked*/)
 {
-    const ColorSchemeNodeInfo info = targetOf(sender());
-    if (info.type == GroupNode)
-        copySelected(copies->placeOf(DefaultTeam, -1, info.name));
+    copySelected(targetOf(sender(), DefaultTeam));
 }
 
 void VTColorSchemeManager::onCopyCustomGroup(bool /*checked*/)
 {
-    const ColorSchemeNodeInfo info = targetOf(sender());
-    if (info.type == GroupNode)
-        copySelected(copies->customPlace(info.name));
+    copySelected(targetOf(sender(), CustomTeam));
+}
+
+GroupPlace VTColorSchemeManager::targetOf(const QObject *action, int teamKind) const
+{
+    const auto *copyAction = qobject_cast<const QAction *>(action);
+    if (!copyAction)
+        return {};
+    const QVariant node = copyAction->property(nodeProperty);
+    if (node.isValid()) {
+        const QStandardItem *item = teamModel->itemFromIndex(node.toPersistentModelIndex());
+        return item && item->parent() ? placeOf(item) : GroupPlace();
+    }
+    // An action that somebody else made goes by the name that it bears.
+    const auto info = copyAction->data().value<ColorSchemeNodeInfo>();
+    if (info.type != GroupNode)
+        return {};
+    return teamKind == CustomTeam ? copies->customPlace(info.name)
+                                  : copies->placeOf(teamKind, -1, info.name);
 }
 
 void VTColorSchemeManager::copySelected(GroupPlace target)
@@ -104,8 +151,8 @@ void VTColorSchemeManager::appendSchemes(GroupPlace place,
                                          const std::vector<VOColorScheme> &schemes)
 {
     copies->append(place, schemes);
-    // Groups can share a name, so the one that was meant can turn out to be the shown one. What the
-    // table holds is written back over it later and needs the schemes too; until then the working
+    // Who keeps a copy-to menu can go on to its group, which then is the shown one. What the table
+    // holds is written back over it later and needs the schemes too; until then the working
     // copy is what the next command looks into, and what a call from code goes back to.
     if (place == shownPlace())
         ui->schemeView->schemeModel()->appendSchemes(schemes);

@@ -37,6 +37,9 @@ private Q_SLOTS:
     void copyMenusLeaveOutTheShownGroup();
     void copyMenusAreMadeAnewForTheCaller();
     void anEmptyTeamHasAnEmptyCopyMenu();
+    void ofTwoGroupsOfOneNameTheChosenOneGetsTheCopies();
+    void anActionOfAHostsOwnGoesByTheName();
+    void anAmpersandIsShown();
     void theContextMenuOffersGroupsAndFavorites();
     void theContextMenuOfFavoritesLacksFavorites();
     void theContextMenuNeedsASelectedRow();
@@ -83,6 +86,64 @@ void tst_VTColorSchemeManager_menus::anEmptyTeamHasAnEmptyCopyMenu()
     const std::unique_ptr<QMenu> customs(manager->customMenu());
     QVERIFY(defaults->isEmpty());
     QVERIFY(customs->isEmpty());
+}
+
+void tst_VTColorSchemeManager_menus::ofTwoGroupsOfOneNameTheChosenOneGetsTheCopies()
+{
+    auto &groups = VOColorSchemeManager::instance()->customTeam.groups;
+    groups = {makeGroup("Twin", {"first"}), makeGroup("Other", {}), makeGroup("Twin", {"second"})};
+    open();
+    user->select({0, 1});
+    const std::unique_ptr<QMenu> menu(manager->customMenu());
+    QCOMPARE(textsOf(*menu), (QStringList{"Twin", "Other", "Twin"}));
+    menu->actions().at(2)->trigger();
+    QCOMPARE(copyNames(1, 0), QStringList{"first"});
+    QCOMPARE(copyNames(1, 2), (QStringList{"second", "d1", "d2"}));
+    // The first of them moves away meanwhile, and the menu still means the other.
+    user->click(1, 0);
+    const std::unique_ptr<QMenu> stale(manager->customMenu());
+    ModalDriver driver;
+    driver.next(pressText(QStringLiteral("Delete")));
+    user->command("actionDelete_group");
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    user->click(0, 0);
+    user->select({2});
+    stale->actions().at(1)->trigger();
+    QCOMPARE(copyNames(1, 1), (QStringList{"second", "d1", "d2", "d3"}));
+}
+
+void tst_VTColorSchemeManager_menus::anActionOfAHostsOwnGoesByTheName()
+{
+    open();
+    user->select({0});
+    QAction action;
+    action.setData(
+        QVariant::fromValue(ColorSchemeNodeInfo(VTObjects::VOString(L"Mine"), GroupNode)));
+    QVERIFY(
+        connect(&action, SIGNAL(triggered(bool)), manager.get(), SLOT(onCopyCustomGroup(bool))));
+    action.trigger();
+    QCOMPARE(copyNames(1, 0), (QStringList{"m1", "m2", "d1"}));
+}
+
+void tst_VTColorSchemeManager_menus::anAmpersandIsShown()
+{
+    VOColorSchemeManager::instance()->customTeam.groups = {
+        makeGroup("Land & sea", {}), makeGroup("&&", {}), makeGroup("A&", {})};
+    open();
+    const std::unique_ptr<QMenu> menu(manager->customMenu());
+    QStringList shown;
+    for (const QAction *action : menu->actions()) {
+        // What a menu makes of a text: one of two is shown, a single one marks the next letter.
+        QString text = action->text();
+        text.replace(QLatin1String("&&"), QString(QChar(1)));
+        QVERIFY2(!text.contains(QLatin1Char('&')), qPrintable(text));
+        shown.append(text.replace(QChar(1), QLatin1Char('&')));
+    }
+    QCOMPARE(shown, (QStringList{"Land & sea", "&&", "A&"}));
+    QCOMPARE(user->groups(1), shown);
+    // The target is found in spite of it.
+    menu->actions().first()->trigger();
+    QCOMPARE(copyNames(1, 0), QStringList{"d1"});
 }
 
 void tst_VTColorSchemeManager_menus::theContextMenuOffersGroupsAndFavorites()

@@ -14,8 +14,8 @@ using vtcontrolcolorscheme::WorkingCopies;
 using VTObjects::VOColorSchemeManager;
 
 /// Schemes that are appended to the very group that the table shows. Neither the tree nor the
-/// context menu offers that, but groups can share a name, and a host can keep a copy-to menu while
-/// the user goes on to another group. Table and working copy then hold the group both.
+/// context menu offers that, but a host can keep a copy-to menu while the user goes on to another
+/// group. Table and working copy then hold the group both.
 class tst_appendedSchemes : public QObject
 {
     Q_OBJECT
@@ -85,11 +85,12 @@ void tst_appendedSchemes::copiesIntoTheShownBuiltInGroupAreNumberedOn()
 
 void tst_appendedSchemes::copiesIntoTheShownCustomGroupClashWithEarlierOnes()
 {
-    // The menu offers the second one of this name, which stands for the first.
+    user->click(1, 1);
+    QMenu *menu = manager->customMenu();
     user->click(1, 0);
     user->model->setData(user->model->index(0, 2), QStringLiteral("edited"));
     user->select({0});
-    copyTwice(manager->customMenu());
+    copyTwice(menu);
     // The first copy finds the working copy without that name yet, the second one finds it taken.
     QCOMPARE(user->names(), (QStringList{"edited", "edited", "add_scheme1"}));
     QCOMPARE(copyNames(1, 0), (QStringList{"c", "edited", "add_scheme1"}));
@@ -98,9 +99,11 @@ void tst_appendedSchemes::copiesIntoTheShownCustomGroupClashWithEarlierOnes()
 
 void tst_appendedSchemes::theyOutliveACallFromCode()
 {
+    user->click(1, 1);
+    QMenu *menu = manager->customMenu();
     user->click(1, 0);
     user->select({0});
-    copyTwice(manager->customMenu());
+    copyTwice(menu);
     QVERIFY(QMetaObject::invokeMethod(manager.get(), "onTeamViewClicked",
                                       Q_ARG(QModelIndex, user->node(1, 0))));
     QCOMPARE(user->names(), (QStringList{"c", "add_scheme1", "add_scheme1"}));
