@@ -1,5 +1,6 @@
 #include "colorscheme/manager/VTColorSchemeManager.h"
 
+#include "colorscheme/manager/ManagerKeys_p.h"
 #include "colorscheme/manager/OneLineDelegate_p.h"
 #include "colorscheme/manager/VTColorSchemeModel.h"
 #include "colorscheme/manager/WorkingCopies_p.h"
@@ -16,6 +17,7 @@
 using vtcontrolcolorscheme::AuthorColumn;
 using vtcontrolcolorscheme::DialogMemory;
 using vtcontrolcolorscheme::GroupPlace;
+using vtcontrolcolorscheme::ManagerKeys;
 using vtcontrolcolorscheme::NameColumn;
 using vtcontrolcolorscheme::nodeInfo;
 using vtcontrolcolorscheme::nodeInfoRole;
@@ -99,6 +101,7 @@ void VTColorSchemeManager::initUi()
     }
     ui->teamView->expandAll();
 
+    new ManagerKeys(*ui, this);
     auto *memory = new DialogMemory(this, QStringLiteral("manager"));
     QHeaderView *const header = ui->schemeView->horizontalHeader();
     memory->addColumn(header, NameColumn, QStringLiteral("nameWidth"));

@@ -21,6 +21,7 @@
 #include <QContextMenuEvent>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 
@@ -78,6 +79,7 @@ VTColorSchemeView::VTColorSchemeView(QWidget *parent)
     horizontalHeader()->setSectionResizeMode(NumberColumn, QHeaderView::Fixed);
     horizontalHeader()->setSectionResizeMode(RampColumn, QHeaderView::Fixed);
     setEditTriggers(QAbstractItemView::DoubleClicked);
+    setTabKeyNavigation(false);
     connect(this, &QTableView::doubleClicked, this, &VTColorSchemeView::onDoubleClicked);
     setAccessibleName(tr("Color schemes"));
     connect(tableModel, &QAbstractItemModel::dataChanged, this,
@@ -220,6 +222,25 @@ void VTColorSchemeView::onFavorite()
         return;
     const QVector<int> rows = selectedRowNumbers();
     manager->onFavorite(QSet<int>(rows.cbegin(), rows.cend()));
+}
+
+void VTColorSchemeView::keyPressEvent(QKeyEvent *event)
+{
+    // What an open field does not want comes here too, and is not meant for the row.
+    const bool isForRow = currentIndex().isValid() && (state() != EditingState || hasFocus()) &&
+                          !(event->modifiers() & ~Qt::KeypadModifier);
+    if (isForRow && event->key() == Qt::Key_F2) {
+        const QModelIndex name = currentIndex().siblingAtColumn(NameColumn);
+        selectionModel()->setCurrentIndex(name, QItemSelectionModel::NoUpdate);
+        edit(name);
+        return;
+    }
+    QTableView::keyPressEvent(event);
+    if (isForRow && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        // Else the default button of the dialog would take it.
+        event->accept();
+        onDoubleClicked(currentIndex().siblingAtColumn(NumberColumn));
+    }
 }
 
 void VTColorSchemeView::contextMenuEvent(QContextMenuEvent *event)

@@ -18,7 +18,8 @@ class VOColorSchemeGroup;
 
 /// The table of the manager: the schemes of one group. Names are edited in place, with a warning
 /// while what is typed cannot be used; author and description too; a double-click on number or
-/// preview opens the editor. Works on its model's copy of the group only.
+/// preview opens the editor, and so does Return; F2 edits the name. Tab leaves the table. Works on
+/// its model's copy of the group only.
 ///
 /// A long text is one line that shows its beginning; hovering shows it whole.
 ///
@@ -69,6 +70,7 @@ Q_SIGNALS:
 
 protected:
     bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
 
