@@ -76,8 +76,7 @@ int main(int argc, char **argv)
     QTemporaryDir directory(QCoreApplication::applicationDirPath() + "/store-XXXXXX");
     VOColorSchemeManager::setStoreDirectory(toVOString(directory.path()));
     VOColorSchemeManager &manager = *VOColorSchemeManager::instance();
-    return measure(manager, 300, 200) && measure(manager, 10000, 50) &&
-                   measure(manager, 100000, 15)
+    return measure(manager, 300, 200) && measure(manager, 10000, 50) && measure(manager, 100000, 15)
                ? 0
                : 1;
 }

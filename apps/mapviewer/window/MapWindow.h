@@ -58,6 +58,8 @@ public:
     /// The library's editor on the scheme of one layer: on the scheme itself if it is the user's
     /// own, else on a copy that becomes so.
     void editScheme(LayerCard *card);
+    /// The earlier states of the store, to look at and to bring back.
+    void showHistory();
     /// Shows one layer as large as it fits.
     void showLayer(const MapLayer *layer);
 

@@ -1,5 +1,6 @@
 #include "apps/mapviewer/schemes/SchemeCopy.h"
 #include "apps/mapviewer/window/AppSettings.h"
+#include "apps/mapviewer/window/HistoryDialog.h"
 #include "apps/mapviewer/window/LayerCard.h"
 #include "apps/mapviewer/window/MapWindow.h"
 
@@ -40,6 +41,8 @@ void MapWindow::buildSchemeMenu(QToolBar *bar)
     QAction *restore =
         menu->addAction(tr("&Restore built-in schemes…"), this, &MapWindow::onRestoreBuiltIns);
     restore->setObjectName(QStringLiteral("restoreBuiltIns"));
+    menu->addAction(tr("&History…"), this, &MapWindow::showHistory)
+        ->setObjectName(QStringLiteral("schemeHistory"));
     menu->addSeparator();
     menu->addAction(tr("Open scheme &store…"), this, &MapWindow::onOpenStore);
     defaultStoreAction = menu->addAction(tr("&Default store"), this, [this] { openStore({}); });
@@ -53,6 +56,13 @@ void MapWindow::manageSchemes()
     VTColorSchemeManager manager(this);
     manager.exec();
     syncCards();
+}
+
+void MapWindow::showHistory()
+{
+    HistoryDialog dialog(this);
+    connect(&dialog, &HistoryDialog::restored, this, &MapWindow::syncCards);
+    dialog.exec();
 }
 
 void MapWindow::syncCards()
