@@ -48,8 +48,6 @@ using VTObjects::VOColorSchemeGroup;
 
 namespace {
 
-constexpr int mostProblems = 10; // lines in a message box
-
 // Of a name's editor: whether the last word of it was told, and whether it is being closed.
 constexpr char toldProperty[] = "told";
 constexpr char endedProperty[] = "ended";
@@ -204,16 +202,11 @@ void VTColorSchemeView::onExportScheme()
         QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog);
     if (chosen.isEmpty())
         return;
-    const QStringList problems = exportSchemes(tableModel->group().schemes, rows, chosen);
-    if (problems.isEmpty()) {
+    // Deliberate: the box does not say which files failed.
+    if (exportSchemes(tableModel->group().schemes, rows, chosen))
         tellSuccess(this, tr("Export color scheme"), tr("Export color scheme successfully!"));
-        return;
-    }
-    QStringList shown = problems.mid(0, mostProblems);
-    if (problems.size() > shown.size())
-        shown.append(tr("And %1 more.").arg(problems.size() - shown.size()));
-    tellFailure(this, tr("Export color scheme"), tr("Failed to export color scheme!"),
-                shown.join(QLatin1Char('\n')));
+    else
+        tellFailure(this, tr("Export color scheme"), tr("Failed to export color scheme!"));
 }
 
 void VTColorSchemeView::onFavorite()

@@ -5,15 +5,14 @@
 #include "vomap/safeFileName.h"
 
 using VTObjects::safeFileNames;
-using VTObjects::toQString;
 using VTObjects::VOColorScheme;
 using VTObjects::VOColorSchemeManager;
 using VTObjects::VOString;
 
 namespace vtcontrolcolorscheme {
 
-QStringList exportSchemes(const std::vector<VOColorScheme> &schemes, const QVector<int> &rows,
-                          const QString &folder)
+bool exportSchemes(const std::vector<VOColorScheme> &schemes, const QVector<int> &rows,
+                   const QString &folder)
 {
     std::vector<const VOColorScheme *> chosen;
     std::vector<VOString> names;
@@ -27,14 +26,12 @@ QStringList exportSchemes(const std::vector<VOColorScheme> &schemes, const QVect
     // A name can be any text; its file stays inside the folder.
     const std::vector<VOString> files = safeFileNames(names);
     const VOString directory = toFilePath(folder);
-    QStringList problems;
+    bool all = true;
     for (std::size_t i = 0; i < chosen.size(); ++i) {
         const VOString path = directory + "/" + files[i] + ".vcs";
-        QString problem;
-        if (!VOColorSchemeManager::saveFile(*chosen[i], path, problem))
-            problems.append(fileProblem(toQString(path), problem));
+        all = VOColorSchemeManager::saveFile(*chosen[i], path) && all;
     }
-    return problems;
+    return all;
 }
 
 } // namespace vtcontrolcolorscheme

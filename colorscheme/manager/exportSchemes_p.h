@@ -2,7 +2,7 @@
 
 #include "vomap/VOColorScheme.h"
 
-#include <QStringList>
+#include <QString>
 #include <QVector>
 
 #include <vector>
@@ -10,9 +10,8 @@
 namespace vtcontrolcolorscheme {
 
 /// Writes the schemes at these rows into the folder, each into a file of its name; rows that do not
-/// exist are passed over. Goes on after a failure, and answers with a line for each: the file, and
-/// what is wrong with it.
-QStringList exportSchemes(const std::vector<VTObjects::VOColorScheme> &schemes,
-                          const QVector<int> &rows, const QString &folder);
+/// exist are passed over. Goes on after a failure; true if there was none.
+bool exportSchemes(const std::vector<VTObjects::VOColorScheme> &schemes, const QVector<int> &rows,
+                   const QString &folder);
 
 } // namespace vtcontrolcolorscheme

@@ -153,8 +153,9 @@ void HistoryDialog::showDifferences()
     const int row = stateList->currentRow();
     VOColorSchemeTeam then;
     if (row < 0) {
-        hint->setText(tr("Nothing was replaced yet. Every save that changes these schemes keeps what "
-                         "they were before."));
+        hint->setText(
+            tr("Nothing was replaced yet. Every save that changes these schemes keeps what "
+               "they were before."));
     } else if (!history.read(states[std::size_t(row)], then)) {
         hint->setText(tr("This state cannot be read any more."));
         restoreTeamButton->setEnabled(false);
@@ -166,7 +167,8 @@ void HistoryDialog::showDifferences()
         const VOTeamDifference difference = teamDifference(then, now);
         for (const auto *list : {&difference.removed, &difference.changed, &difference.added}) {
             for (const VOColorSchemeId &id : *list)
-                addRow(toQString(id.group), list == &difference.added ? nullptr : schemeIn(then, id),
+                addRow(toQString(id.group),
+                       list == &difference.added ? nullptr : schemeIn(then, id),
                        list == &difference.removed ? nullptr : schemeIn(now, id));
         }
         tree->expandAll();
@@ -209,10 +211,9 @@ void HistoryDialog::addRow(const QString &group, const VOColorScheme *then,
 void HistoryDialog::updateButtons()
 {
     const QList<QTreeWidgetItem *> rows = tree->selectedItems();
-    restoreButton->setEnabled(
-        std::any_of(rows.begin(), rows.end(), [](const QTreeWidgetItem *row) {
-            return row->data(NameColumn, restorableRole).toBool();
-        }));
+    restoreButton->setEnabled(std::any_of(rows.begin(), rows.end(), [](const QTreeWidgetItem *row) {
+        return row->data(NameColumn, restorableRole).toBool();
+    }));
 }
 
 // A group's row brings back the group as it was, a scheme's row that scheme only.
@@ -235,7 +236,8 @@ void HistoryDialog::restoreSelected()
 void HistoryDialog::restoreTeam()
 {
     QMessageBox box(QMessageBox::Question, tr("Scheme history"),
-                    tr("Make all of these schemes what they were then?"), QMessageBox::Cancel, this);
+                    tr("Make all of these schemes what they were then?"), QMessageBox::Cancel,
+                    this);
     box.setInformativeText(tr("What they are now becomes the newest entry of the history."));
     QPushButton *restore = box.addButton(tr("Restore"), QMessageBox::AcceptRole);
     restore->setObjectName(QStringLiteral("restore"));

@@ -56,9 +56,7 @@ private Q_SLOTS:
     void exportCanBeCanceled();
     void exportTurnsBackslashes();
     void exportGoesOnAfterAFailure();
-    void exportSaysWhichFilesFailedAndWhy();
-    void exportOfManyFailuresStaysASmallBox();
-    void exportShowsNamesAsTheyAreWritten();
+    void aFailedExportDoesNotSayWhichFiles();
     void exportOfTwoEqualNamesKeepsTheLater();
     void exportKeepsHarmlessNames();
     void exportGivesDifferentNamesDifferentFiles();
@@ -153,7 +151,7 @@ void tst_VTColorSchemeView_export::exportGoesOnAfterAFailure()
     QCOMPARE(QDir(store->path()).entryList(QDir::Files), (QStringList{"a.vcs", "c.vcs"}));
 }
 
-void tst_VTColorSchemeView_export::exportSaysWhichFilesFailedAndWhy()
+void tst_VTColorSchemeView_export::aFailedExportDoesNotSayWhichFiles()
 {
     auto group = makeGroup("g", {"a", "without ramp", "in the way"});
     delete group.schemes[1].colorRamp;
@@ -167,49 +165,8 @@ void tst_VTColorSchemeView_export::exportSaysWhichFilesFailedAndWhy()
     driver.next(expectFailure(below));
     view->onExportScheme();
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QCOMPARE(below, QStringLiteral("without ramp.vcs: The scheme has no colors.\n"
-                                   "in the way.vcs: There is a folder of this name."));
+    QCOMPARE(below, QString());
     QCOMPARE(QDir(store->path()).entryList(QDir::Files), QStringList{"a.vcs"});
-}
-
-void tst_VTColorSchemeView_export::exportOfManyFailuresStaysASmallBox()
-{
-    QStringList names;
-    for (int i = 0; i < 300; ++i)
-        names.append(QStringLiteral("scheme %1").arg(i));
-    view->setGroup(1, 0, makeGroup("g", names));
-    for (auto &scheme : view->schemeModel()->group().schemes)
-        delete std::exchange(scheme.colorRamp, nullptr);
-    view->selectAll();
-    QString below;
-    ModalDriver driver;
-    driver.next(choose({store->path()}));
-    driver.next(expectFailure(below));
-    view->onExportScheme();
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    const QStringList lines = below.split(QLatin1Char('\n'));
-    QCOMPARE(lines.size(), 11);
-    QVERIFY(lines.first().startsWith(QLatin1String("scheme 0.vcs: ")));
-    QCOMPARE(lines.last(), QStringLiteral("And 290 more."));
-}
-
-void tst_VTColorSchemeView_export::exportShowsNamesAsTheyAreWritten()
-{
-    auto group = makeGroup("g", {"<b>bold</b>"});
-    delete std::exchange(group.schemes[0].colorRamp, nullptr);
-    view->setGroup(1, 0, group);
-    view->selectAll();
-    ModalDriver driver;
-    driver.next(choose({store->path()}));
-    driver.next([](QWidget *window) {
-        auto *label = window->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"));
-        QVERIFY(label);
-        QCOMPARE(label->textFormat(), Qt::PlainText);
-        QVERIFY(label->text().startsWith(toQString(safeFileName("<b>bold</b>"))));
-        window->close();
-    });
-    view->onExportScheme();
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
 }
 
 void tst_VTColorSchemeView_export::exportKeepsHarmlessNames()
