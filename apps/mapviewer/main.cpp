@@ -27,17 +27,24 @@ void useStore(const QString &folder)
 int makeScreenshots(const QString &folder, const QStringList &files)
 {
     const QTemporaryDir scratch;
-    VTApplication::setVtgisSettingsFilePath(scratch.filePath(QStringLiteral("settings.ini")));
     useStore(scratch.filePath(QStringLiteral("store")));
-    mapviewer::MapWindow window;
-    for (const QString &file : files) {
-        mapviewer::FileProblem problem;
-        if (!window.openFile(file, &problem)) {
-            QTextStream(stderr) << problem.message(QFileInfo(file).fileName()) << '\n';
-            return 2;
+    for (const mapviewer::ScreenshotLook &look : mapviewer::screenshotLooks()) {
+        // Each begins anew, or it would show the layers of the one before.
+        VTApplication::setVtgisSettingsFilePath(
+            scratch.filePath(look.folder + QStringLiteral("settings.ini")));
+        const mapviewer::ScreenshotLook::Applied applied(look.kind);
+        mapviewer::MapWindow window;
+        for (const QString &file : files) {
+            mapviewer::FileProblem problem;
+            if (!window.openFile(file, &problem)) {
+                QTextStream(stderr) << problem.message(QFileInfo(file).fileName()) << '\n';
+                return 2;
+            }
         }
+        if (!mapviewer::writeScreenshots(&window, look, folder))
+            return 1;
     }
-    return mapviewer::writeScreenshots(&window, folder) ? 0 : 1;
+    return 0;
 }
 
 } // namespace

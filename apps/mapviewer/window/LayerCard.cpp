@@ -22,6 +22,8 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace mapviewer {
 
 using VTObjects::DefaultTeam;
@@ -30,6 +32,7 @@ using VTObjects::teamKey;
 namespace {
 
 constexpr int pickerHeight = 26;
+constexpr int rowMargin = 8;
 constexpr int leastFieldCharacters = 12;
 
 // Many names or long ones: the box keeps to the card, its list and its tool-tip have the whole.
@@ -129,7 +132,9 @@ void LayerCard::addPicker(QVBoxLayout *column)
 {
     auto *row = new QHBoxLayout;
     m_picker = new VTColorSchemeComboBox(this);
-    m_picker->setFixedHeight(pickerHeight);
+    // Both in one line, also with larger letters.
+    const int height = std::max(pickerHeight, fontMetrics().height() + rowMargin);
+    m_picker->setFixedHeight(height);
     m_picker->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     m_picker->setToolTip(tr("Pick a color scheme for this layer"));
     m_picker->setAccessibleName(tr("Color scheme of %1").arg(m_layer->title()));
@@ -137,7 +142,7 @@ void LayerCard::addPicker(QVBoxLayout *column)
     auto *edit = new QToolButton(this);
     edit->setObjectName(QStringLiteral("editScheme"));
     edit->setText(tr("Edit…"));
-    edit->setFixedHeight(pickerHeight);
+    edit->setFixedHeight(height);
     edit->setToolTip(tr("Edit this scheme, or a copy of it if it is not your own"));
     connect(edit, &QToolButton::clicked, this, &LayerCard::editRequested);
     row->addWidget(edit);

@@ -27,7 +27,7 @@ using VTObjects::VOColorSchemeManager;
 
 namespace {
 
-constexpr int storeNameWidth = 260;
+constexpr int storeNameLetters = 36;
 
 } // namespace
 
@@ -124,7 +124,8 @@ void MapWindow::showStoreName()
     const QString folder = appSettings().value(storeFolderKey).toString();
     const QString name = folder.isEmpty() ? tr("Default store") : QDir(folder).dirName();
     storeLabel->setText(
-        fontMetrics().elidedText(tr("Schemes: %1").arg(name), Qt::ElideMiddle, storeNameWidth));
+        fontMetrics().elidedText(tr("Schemes: %1").arg(name), Qt::ElideMiddle,
+                                 storeNameLetters * fontMetrics().averageCharWidth()));
     storeLabel->setToolTip(Qt::convertFromPlainText(
         folder.isEmpty() ? name : QDir::toNativeSeparators(folder), Qt::WhiteSpaceNormal));
     defaultStoreAction->setEnabled(!folder.isEmpty());

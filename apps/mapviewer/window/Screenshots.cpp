@@ -5,6 +5,7 @@
 #include "apps/mapviewer/window/MapWindow.h"
 
 #include "colorscheme/editor/VTColorSchemeEditor.h"
+#include "colorscheme/manager/VTAddColorSchemeGroupDialog.h"
 #include "colorscheme/manager/VTColorSchemeManager.h"
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "colorscheme/picker/VTColorSchemeGroupButton.h"
@@ -15,6 +16,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFontInfo>
 #include <QTextStream>
 
 namespace mapviewer {
@@ -24,6 +26,9 @@ using namespace VTObjects;
 namespace {
 
 const QSize pictureSize(1280, 860);
+constexpr double largeText = 1.5;
+// What a host with a dark window of its own might set for all of it.
+const QString hostStyleSheet = QStringLiteral("QWidget{background-color:#2b2b2b;color:#eee}");
 
 class Writer
 {
@@ -52,6 +57,18 @@ public:
     void complain(const QString &path)
     {
         QTextStream(stderr) << "mapviewer: " << path << " cannot be written\n";
+    }
+
+    void exportMap(const MapWindow &window, const QString &name)
+    {
+        const QString path = folder.filePath(name);
+        QString problem;
+        if (window.exportMap(path, &problem)) {
+            QTextStream(stdout) << path << '\n';
+            return;
+        }
+        good = false;
+        QTextStream(stderr) << "mapviewer: " << problem << '\n';
     }
 
     bool allWritten() const { return good; }
@@ -85,6 +102,11 @@ void writeSchemeWindows(MapWindow *window, Writer *writer)
     groups.hide();
     dropDown.hide();
 
+    VTAddColorSchemeGroupDialog naming(QStringLiteral("Custom group1"), window);
+    naming.show();
+    writer->write(&naming, QStringLiteral("add-group"));
+    naming.hide();
+
     VTColorMenu colors(window);
     colors.setColor(window->palette().color(QPalette::Highlight));
     colors.show();
@@ -92,38 +114,69 @@ void writeSchemeWindows(MapWindow *window, Writer *writer)
     colors.hide();
 }
 
-} // namespace
-
-bool writeScreenshots(MapWindow *window, const QString &folder)
+// What the program can do with its maps; in one look, because the maps are the same in all.
+void writeMaps(MapWindow *window, Writer *writer)
 {
-    Writer writer(folder);
-    if (!writer.allWritten())
-        return false;
-    window->resize(pictureSize);
-    window->show();
-    writer.write(window, QStringLiteral("map-world"));
     const QList<LayerCard *> cards = window->cards();
     for (const LayerCard *card : cards) {
         if (card->layer()->title() == QLatin1String("Countries"))
             continue;
         window->showLayer(card->layer());
-        writer.write(window, card == cards.first() ? QStringLiteral("map-relief")
-                                                   : QStringLiteral("map-terrain"));
+        writer->write(window, card == cards.first() ? QStringLiteral("map-relief")
+                                                    : QStringLiteral("map-terrain"));
     }
     window->map()->showAll();
-    writeSchemeWindows(window, &writer);
     window->setVision(ColorVision::Deutan);
-    writer.write(window, QStringLiteral("map-deutan-vision"));
+    writer->write(window, QStringLiteral("map-deutan-vision"));
     window->setVision(ColorVision::Normal);
-    window->setDarkTheme(true);
-    writer.write(window, QStringLiteral("map-dark"));
-    window->setDarkTheme(false);
-    const QString picture = QDir(folder).filePath(QStringLiteral("exported-map.png"));
-    if (QString problem; !window->exportMap(picture, &problem)) {
-        QTextStream(stderr) << "mapviewer: " << problem << '\n';
-        return false;
+    writer->exportMap(*window, QStringLiteral("exported-map.png"));
+}
+
+} // namespace
+
+QVector<ScreenshotLook> screenshotLooks()
+{
+    return {{QString(), ScreenshotLook::Light},
+            {QStringLiteral("dark"), ScreenshotLook::Dark},
+            {QStringLiteral("host-style"), ScreenshotLook::HostStyle},
+            {QStringLiteral("large-text"), ScreenshotLook::LargeText},
+            {QStringLiteral("right-to-left"), ScreenshotLook::RightToLeft}};
+}
+
+ScreenshotLook::Applied::Applied(Kind kind)
+    : font(QApplication::font())
+{
+    if (kind == HostStyle)
+        qApp->setStyleSheet(hostStyleSheet);
+    if (kind == RightToLeft)
+        QApplication::setLayoutDirection(Qt::RightToLeft);
+    if (kind == LargeText) {
+        QFont large = font;
+        large.setPointSizeF(QFontInfo(font).pointSizeF() * largeText);
+        QApplication::setFont(large);
     }
-    QTextStream(stdout) << picture << '\n';
+}
+
+ScreenshotLook::Applied::~Applied()
+{
+    qApp->setStyleSheet(QString());
+    QApplication::setLayoutDirection(Qt::LeftToRight);
+    QApplication::setFont(font);
+}
+
+bool writeScreenshots(MapWindow *window, const ScreenshotLook &look, const QString &folder)
+{
+    Writer writer(QDir(folder).filePath(look.folder));
+    if (!writer.allWritten())
+        return false;
+    window->setDarkTheme(look.kind == ScreenshotLook::Dark);
+    window->resize(pictureSize);
+    window->show();
+    writer.write(window, QStringLiteral("map-world"));
+    writeSchemeWindows(window, &writer);
+    if (look.kind == ScreenshotLook::Light)
+        writeMaps(window, &writer);
+    window->setDarkTheme(false);
     return writer.allWritten();
 }
 

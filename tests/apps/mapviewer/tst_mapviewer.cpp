@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
@@ -65,7 +66,16 @@ void tst_mapviewer::screenshotsAreWrittenAndNamed()
     QVERIFY2(shooting.status == 0, qPrintable(shooting.errors));
     const QStringList paths = shooting.output.split('\n', Qt::SkipEmptyParts);
     QVERIFY(paths.size() >= 10);
-    QCOMPARE(paths.size(), QDir(shots).entryList({"*.png"}).size());
+    int written = 0;
+    QDirIterator files(shots, {"*.png"}, QDir::Files, QDirIterator::Subdirectories);
+    for (; files.hasNext(); files.next())
+        ++written;
+    QCOMPARE(paths.size(), written);
+    for (const char *look : {"", "dark/", "host-style/", "large-text/", "right-to-left/"}) {
+        for (const char *picture : {"map-world", "scheme-manager", "scheme-editor", "add-group",
+                                    "picker-drop-down", "picker-groups", "color-menu"})
+            QVERIFY2(paths.contains(QString("%1/%2%3.png").arg(shots, look, picture)), picture);
+    }
     QVector<QImage> images;
     for (const QString &path : paths) {
         const QImage image(path);
