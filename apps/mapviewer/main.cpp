@@ -1,6 +1,6 @@
-#include "apps/mapviewer/window/AppSettings.h"
 #include "apps/mapviewer/window/MapWindow.h"
 #include "apps/mapviewer/window/Screenshots.h"
+#include "apps/mapviewer/window/StoreGuard.h"
 #include "apps/mapviewer/window/ThemeStyle.h"
 
 #include "vomap/VOColorSchemeManager.h"
@@ -18,16 +18,12 @@
 
 namespace {
 
-void useStore(const QString &folder)
-{
-    VTObjects::VOColorSchemeManager::setStoreDirectory(VTObjects::toVOString(folder));
-}
-
 // Pictures show the program as it comes, whatever this user has chosen, and change nothing of it.
 int makeScreenshots(const QString &folder, const QStringList &files)
 {
     const QTemporaryDir scratch;
-    useStore(scratch.filePath(QStringLiteral("store")));
+    VTObjects::VOColorSchemeManager::setStoreDirectory(
+        VTObjects::toVOString(scratch.filePath(QStringLiteral("store"))));
     for (const mapviewer::ScreenshotLook &look : mapviewer::screenshotLooks()) {
         // Each begins anew, or it would show the layers of the one before.
         VTApplication::setVtgisSettingsFilePath(
@@ -77,10 +73,7 @@ int main(int argc, char *argv[])
     if (parser.isSet(screenshots))
         return makeScreenshots(parser.value(screenshots), parser.positionalArguments());
 
-    const QString store = mapviewer::appSettings().value(mapviewer::storeFolderKey).toString();
-    // Also when it is not there: the window says so, and no other takes its place.
-    if (!store.isEmpty())
-        useStore(store);
+    mapviewer::StoreGuard::useChosenFolder();
     mapviewer::MapWindow window;
     window.show();
     for (const QString &file : parser.positionalArguments())

@@ -9,9 +9,11 @@
 #include "apps/mapviewer/window/ColorVisionWindows.h"
 #include "apps/mapviewer/window/LayerCard.h"
 #include "apps/mapviewer/window/NoticeBar.h"
+#include "apps/mapviewer/window/StoreGuard.h"
 #include "apps/mapviewer/window/Theme.h"
 
 #include "colorscheme/model/VTDialogLayout.h"
+#include "vomap/VOColorSchemeNotifier.h"
 #include "vtgiscore/VTApplication.h"
 #include "vtgiscore/VTSymbolUtils.h"
 
@@ -56,6 +58,7 @@ MapWindow::MapWindow(QWidget *parent)
     , dialogSettings(
           std::make_unique<QSettings>(VTApplication::vtgisSettingsFilePath(), QSettings::IniFormat))
     , seenWindows(new ColorVisionWindows(this))
+    , guard(new StoreGuard(this))
 {
     VTDialogLayout::rememberIn(dialogSettings.get());
     setWindowTitle(tr("Map Viewer"));
@@ -70,11 +73,17 @@ MapWindow::MapWindow(QWidget *parent)
     buildViewMenu(bar);
     buildHelpMenu();
     buildStatusBar();
+    connect(guard, &StoreGuard::noticed, this, &MapWindow::showNotice);
+    connect(guard, &StoreGuard::opened, this, &MapWindow::onStoreOpened);
+    connect(guard, &StoreGuard::otherFolderWanted, this, &MapWindow::onOpenStore);
+    connect(VTObjects::VOColorSchemeNotifier::instance(),
+            &VTObjects::VOColorSchemeNotifier::storeChanged, this, &MapWindow::syncCards);
     restoreState();
     restoreLayers();
     started = true;
     m_map->showAll();
     m_map->setFocus();
+    guard->showProblems();
 }
 
 MapWindow::~MapWindow()
@@ -142,6 +151,7 @@ void MapWindow::fitPanel()
 void MapWindow::showNotice(NoticeBar *notice)
 {
     noticeColumn->addWidget(notice);
+    notice->show();
 }
 
 void MapWindow::fitScreen()
@@ -274,6 +284,10 @@ void MapWindow::restoreState()
 
 void MapWindow::closeEvent(QCloseEvent *event)
 {
+    if (!guard->mayLeave()) {
+        event->ignore();
+        return;
+    }
     QSettings settings = appSettings();
     settings.setValue(geometryKey, saveGeometry());
     settings.setValue(graticuleKey, graticuleAction->isChecked());

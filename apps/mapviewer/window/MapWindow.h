@@ -22,6 +22,7 @@ class ColorVisionWindows;
 class LayerCard;
 class MapWidget;
 class NoticeBar;
+class StoreGuard;
 
 /// The host: the map, layers with a picker each at its right, what lies under the pointer below.
 /// The pickers' menus open below them and to their left, over the map. Starts with the layers of
@@ -45,7 +46,8 @@ public:
     /// the reason in `problem` (never null), when it cannot.
     bool exportMap(const QString &path, QString *problem) const;
     /// Takes all schemes from another folder, now and at the next start; from the default place for
-    /// an empty name. False, after a message box, when not all of it could be read.
+    /// an empty name. False when the user would rather keep what is not saved. A notice tells what
+    /// is wrong with it.
     bool openStore(const QString &folder);
 
     MapWidget *map() const { return m_map; }
@@ -93,6 +95,7 @@ private:
 
     void onOpen(const QString &caption, const QString &filter);
     void onOpenStore();
+    void onStoreOpened();
     void onRestoreBuiltIns();
     void showStoreName();
     void onExport();
@@ -123,6 +126,7 @@ private:
     QLabel *storeLabel = nullptr;
     QAction *defaultStoreAction = nullptr;
     ColorVisionWindows *seenWindows;
+    StoreGuard *guard;
     ColorVision vision = ColorVision::Normal;
 };
 

@@ -1,14 +1,13 @@
 #include "apps/mapviewer/schemes/SchemeCopy.h"
-#include "apps/mapviewer/window/AppSettings.h"
 #include "apps/mapviewer/window/HistoryDialog.h"
 #include "apps/mapviewer/window/LayerCard.h"
 #include "apps/mapviewer/window/MapWindow.h"
+#include "apps/mapviewer/window/StoreGuard.h"
 
 #include "colorscheme/editor/VTColorSchemeEditor.h"
 #include "colorscheme/manager/VTColorSchemeManager.h"
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "vomap/VOColorSchemeManager.h"
-#include "vomap/VOStringConversion.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -82,10 +81,8 @@ void MapWindow::editScheme(LayerCard *card)
         return;
     }
     const SchemeChoice edited = copy.keep();
-    if (!VOColorSchemeManager::instance()->saveCustomTeam()) {
-        QMessageBox::warning(this, tr("Edit scheme"),
-                             tr("The scheme is used, but could not be saved."), QMessageBox::Close);
-    }
+    // The guard tells of a failure; the scheme is used all the same.
+    VOColorSchemeManager::instance()->saveCustomTeam();
     // Other layers may show the same scheme.
     syncCards();
     card->choose(edited);
@@ -94,7 +91,7 @@ void MapWindow::editScheme(LayerCard *card)
 void MapWindow::onOpenStore()
 {
     const QString folder = QFileDialog::getExistingDirectory(
-        this, tr("Open scheme store"), appSettings().value(storeFolderKey).toString(),
+        this, tr("Open scheme store"), StoreGuard::chosenFolder(),
         QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog);
     if (!folder.isEmpty())
         openStore(folder);
@@ -102,26 +99,19 @@ void MapWindow::onOpenStore()
 
 bool MapWindow::openStore(const QString &folder)
 {
-    VOColorSchemeManager::setStoreDirectory(VTObjects::toVOString(folder));
-    const bool good = VOColorSchemeManager::instance()->load();
-    if (folder.isEmpty())
-        appSettings().remove(storeFolderKey);
-    else
-        appSettings().setValue(storeFolderKey, folder);
+    return guard->open(folder);
+}
+
+void MapWindow::onStoreOpened()
+{
     showStoreName();
     for (LayerCard *card : cards())
         card->reloadScheme();
-    if (!good) {
-        QMessageBox::warning(this, tr("Scheme store"),
-                             tr("Some schemes of %1 could not be read.").arg(folder),
-                             QMessageBox::Close);
-    }
-    return good;
 }
 
 void MapWindow::showStoreName()
 {
-    const QString folder = appSettings().value(storeFolderKey).toString();
+    const QString folder = StoreGuard::chosenFolder();
     const QString name = folder.isEmpty() ? tr("Default store") : QDir(folder).dirName();
     storeLabel->setText(
         fontMetrics().elidedText(tr("Schemes: %1").arg(name), Qt::ElideMiddle,
@@ -146,11 +136,7 @@ void MapWindow::onRestoreBuiltIns()
         return;
     VOColorSchemeManager *store = VOColorSchemeManager::instance();
     store->resetDefaultTeam();
-    if (!store->save()) {
-        QMessageBox::warning(this, tr("Restore built-in schemes"),
-                             tr("The schemes are restored, but could not be saved."),
-                             QMessageBox::Close);
-    }
+    store->save(); // the guard tells of a failure
     syncCards();
 }
 
