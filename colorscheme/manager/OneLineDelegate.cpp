@@ -7,8 +7,9 @@
 
 namespace vtcontrolcolorscheme {
 
-OneLineDelegate::OneLineDelegate(QObject *parent)
+OneLineDelegate::OneLineDelegate(QObject *parent, SelectedText selectedText)
     : QStyledItemDelegate(parent)
+    , selectedText(selectedText)
 {
 }
 
@@ -33,6 +34,12 @@ void OneLineDelegate::initStyleOption(QStyleOptionViewItem *option, const QModel
     QStyledItemDelegate::initStyleOption(option, index);
     if (index.data(Qt::DisplayRole).userType() == QMetaType::Int)
         shrinkToFit(*option);
+    if (selectedText == PlainText) {
+        // Now and not in the view's palette: a host's style sheet can have changed the text since.
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+            option->palette.setBrush(group, QPalette::HighlightedText,
+                                     option->palette.brush(group, QPalette::Text));
+    }
 }
 
 bool OneLineDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,

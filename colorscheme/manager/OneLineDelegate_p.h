@@ -11,7 +11,12 @@ class OneLineDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 public:
-    explicit OneLineDelegate(QObject *parent);
+    /// What the text of a selected cell is drawn in.
+    enum SelectedText {
+        HighlightedText, ///< what the palette has for it
+        PlainText        ///< as any other, for a view whose selection is pale
+    };
+    explicit OneLineDelegate(QObject *parent, SelectedText selectedText = HighlightedText);
     ~OneLineDelegate() override;
 
     void setModelData(QWidget *editor, QAbstractItemModel *model,
@@ -22,6 +27,9 @@ public:
 
 protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
+
+private:
+    SelectedText selectedText;
 };
 
 } // namespace vtcontrolcolorscheme

@@ -77,7 +77,7 @@ void VTColorSchemeManager::initUi()
     ui->teamView->setAccessibleName(tr("Groups of color schemes"));
     teamModel = new QStandardItemModel(0, 1, this);
     ui->teamView->setModel(teamModel);
-    ui->teamView->setItemDelegate(new OneLineDelegate(ui->teamView));
+    ui->teamView->setItemDelegate(new OneLineDelegate(ui->teamView, OneLineDelegate::PlainText));
     ui->teamView->setStyleSheet(
         QStringLiteral("QTreeView::item:hover{background-color:rgb(255,0,0,125)}"
                        "QTreeView::item:selected{background-color:rgb(0,0,255,50)}"));

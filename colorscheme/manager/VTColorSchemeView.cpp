@@ -67,6 +67,7 @@ VTColorSchemeView::VTColorSchemeView(QWidget *parent)
 
     // First of all: the style's minimum is wider than the first column.
     horizontalHeader()->setMinimumSectionSize(25);
+    horizontalHeader()->setTextElideMode(Qt::ElideRight);
     setColumnWidth(NumberColumn, 25);
     setColumnWidth(RampColumn, 265);
     setColumnWidth(NameColumn, 100);

@@ -1,9 +1,12 @@
 #include "colorscheme/manager/WorkingCopies_p.h"
+#include "tests/support/RealInput.h"
 #include "tests/support/RenamingTest.h"
 #include "tests/support/TestMain.h"
 #include "vomap/VOStringConversion.h"
 
 #include <QLineEdit>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QtTest>
 
 using vtcontrolcolorscheme::WorkingCopies;
@@ -27,6 +30,7 @@ private Q_SLOTS:
     void aNameThatIsTypedBackIsNoChange();
     void aFieldOfADeletedGroupsQuestionChangesNothing();
     void blanksAroundANameAreKeptButDoNotCount();
+    void aCutNameIsShownWholeUnderThePointer();
     void theCellBehindTheFieldDoesNotShine();
     void authorAndDescriptionTakeAnyText();
 };
@@ -185,6 +189,25 @@ void tst_renamingInPlace_names::blanksAroundANameAreKeptButDoNotCount()
     type(QStringLiteral(" new "));
     press(Qt::Key_Return);
     QCOMPARE(user->names().at(1), QStringLiteral(" new "));
+}
+
+void tst_renamingInPlace_names::aCutNameIsShownWholeUnderThePointer()
+{
+    const QString name = QStringLiteral("Elevation of the <deep> sea floor & its shelf");
+    user->model->setData(user->model->index(1, 2), name);
+    const auto hover = [this](int row) {
+        const QPoint place = user->table->viewport()->mapToGlobal(cell(row, 2));
+        RealInput::moveTo(place - QPoint(3, 0));
+        RealInput::moveTo(place);
+    };
+    hover(1);
+    QTRY_VERIFY(QToolTip::isVisible());
+    QTextDocument shown;
+    shown.setHtml(QToolTip::text());
+    QCOMPARE(Qt::mightBeRichText(QToolTip::text()) ? shown.toPlainText() : QToolTip::text(), name);
+    // It goes with the pointer, and a name that stands there whole has none.
+    hover(2);
+    QTRY_VERIFY(!QToolTip::isVisible());
 }
 
 void tst_renamingInPlace_names::theCellBehindTheFieldDoesNotShine()

@@ -7,6 +7,7 @@
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 
+#include <QHeaderView>
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QStyleOptionViewItem>
@@ -33,6 +34,9 @@ private Q_SLOTS:
     void aCutTextIsShownWholeOnHovering_data();
     void aCutTextIsShownWholeOnHovering();
     void aCutGroupNameIsShownWholeOnHovering();
+    void theCurrentGroupCanBeRead_data();
+    void theCurrentGroupCanBeRead();
+    void aHeaderShowsItsBeginning();
     void aTextOpensForEditingAtItsBeginning_data();
     void aTextOpensForEditingAtItsBeginning();
 };
@@ -40,6 +44,22 @@ private Q_SLOTS:
 namespace {
 
 const char *const longText = "Elevation of the sea floor between the shelf and the deep sea";
+
+/// Remembers what the sections of a header show.
+class HeaderTexts : public QProxyStyle
+{
+public:
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override
+    {
+        const auto *header = qstyleoption_cast<const QStyleOptionHeader *>(option);
+        if (element == CE_Header && header)
+            texts[header->section] = header->text;
+        QProxyStyle::drawControl(element, option, painter, widget);
+    }
+
+    mutable QMap<int, QString> texts;
+};
 
 VOColorSchemeGroup groupOf(int count)
 {
@@ -190,6 +210,60 @@ void tst_tableCells::aCutGroupNameIsShownWholeOnHovering()
     QCOMPARE(toolTipOver(user->tree, user->node(1, 0)), QString());
     QCOMPARE(toolTipOver(user->tree, user->node(1, 1)), QString(longText));
     QCOMPARE(user->node(1, 1).data(Qt::ToolTipRole), QVariant());
+}
+
+void tst_tableCells::theCurrentGroupCanBeRead_data()
+{
+    QTest::addColumn<QString>("styleSheet");
+    QTest::newRow("as it comes") << QString();
+    QTest::newRow("a dark host") << QString("QWidget{background-color:#2b2b2b;color:#eee}");
+    QTest::newRow("a colored host") << QString("QWidget{background-color:#7a1f2b;color:#ffd}");
+}
+
+void tst_tableCells::theCurrentGroupCanBeRead()
+{
+    QFETCH(QString, styleSheet);
+    VOColorSchemeManager::instance()->customTeam.groups = {makeGroup("HHHH", {}),
+                                                           makeGroup("HHHH", {})};
+    qApp->setStyleSheet(styleSheet);
+    const auto reset = qScopeGuard([] { qApp->setStyleSheet(QString()); });
+    open();
+    user->click(1, 0);
+    const QImage picture = user->tree->viewport()->grab().toImage();
+    // As much between text and ground as on the row below, but for what the pale blue takes.
+    const auto contrast = [&](const QModelIndex &node) {
+        const QRect rect = user->tree->visualRect(node).adjusted(24, 2, -2, -2);
+        int darkest = 255;
+        int lightest = 0;
+        for (int y = rect.top(); y <= rect.bottom(); ++y) {
+            for (int x = rect.left(); x <= rect.right(); ++x) {
+                const int gray = qGray(picture.pixel(x, y));
+                darkest = qMin(darkest, gray);
+                lightest = qMax(lightest, gray);
+            }
+        }
+        return lightest - darkest;
+    };
+    QVERIFY(contrast(user->node(1, 1)) > 120);
+    QVERIFY(contrast(user->node(1, 0)) > contrast(user->node(1, 1)) * 3 / 4);
+}
+
+void tst_tableCells::aHeaderShowsItsBeginning()
+{
+    VTColorSchemeView view(nullptr);
+    QFont font = view.font();
+    font.setPixelSize(24);
+    view.setFont(font);
+    view.horizontalHeader()->setFont(font);
+    view.resize(790, 300);
+    HeaderTexts style;
+    view.horizontalHeader()->setStyle(&style);
+    view.horizontalHeader()->resizeSection(1, 80);
+    view.grab();
+    const QString shown = style.texts.value(1);
+    QVERIFY2(shown.startsWith(QLatin1String("Co")) && shown.endsWith(QChar(0x2026)),
+             qPrintable(shown));
+    QCOMPARE(view.model()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("ColorRamp"));
 }
 
 void tst_tableCells::aTextOpensForEditingAtItsBeginning_data()
