@@ -10,6 +10,7 @@
 #include "apps/mapviewer/window/StoreGuard.h"
 #include "apps/mapviewer/window/ThemeStyle.h"
 
+#include "colorscheme/manager/VTLineEditWidget.h"
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "colorscheme/picker/VTColorSchemeGroupMenu.h"
 #include "vomap/VOColorSchemeManager.h"
@@ -19,6 +20,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
 #include <QScreen>
@@ -149,17 +151,19 @@ void tst_mapWindowScreens::theMenusOfAPickerOpenWhereTheyBelong()
     VTColorSchemeComboBox *picker = window->cards().first()->picker();
     QRect dropDown;
     QRect chooser;
-    QPoint wantedChooser;
     ModalDriver driver;
     driver.next([&](QWidget *menu) {
         dropDown = menu->frameGeometry();
         RealInput::click(DropDown(menu).bar);
     });
     driver.next([&](QWidget *groups) {
+        const auto *button = static_cast<QWidget *>(groups->parent());
+        const auto wanted = [&] {
+            return button->parentWidget()->mapToGlobal(
+                QPoint(button->x() - (groups->width() - 1) - 3, button->geometry().bottom()));
+        };
+        QTRY_COMPARE(groups->frameGeometry().topLeft(), wanted());
         chooser = groups->frameGeometry();
-        auto *button = static_cast<QWidget *>(groups->parent());
-        wantedChooser = button->parentWidget()->mapToGlobal(
-            QPoint(button->x() - (groups->width() - 1) - 3, button->geometry().bottom()));
         RealInput::press("Escape");
         RealInput::press("Escape");
     });
@@ -169,7 +173,6 @@ void tst_mapWindowScreens::theMenusOfAPickerOpenWhereTheyBelong()
     const QPoint wanted = picker->parentWidget()->mapToGlobal(
         QPoint(picker->geometry().left(), picker->geometry().bottom()));
     QCOMPARE(dropDown.topLeft(), wanted);
-    QCOMPARE(chooser.topLeft(), wantedChooser);
     QVERIFY2(freeScreen().contains(dropDown), qPrintable(placeOf(dropDown)));
     QVERIFY2(freeScreen().contains(chooser), qPrintable(placeOf(chooser)));
 }
@@ -225,14 +228,22 @@ void tst_mapWindowScreens::aFailedSaveIsToldAndTriedAgain()
         ManagerUser user(*manager);
         user.click(1);
         user.command("actionAdd_group");
+        QVERIFY(QTest::qWaitForWindowActive(manager));
         RealInput::click(user.ok);
     });
     driver.next([](QWidget *naming) {
         QVERIFY(QTest::qWaitForWindowActive(naming));
-        RealInput::type("Valleys");
+        auto *name = naming->findChild<VTLineEditWidget *>()->lineEdit();
+        // A window that has only just come may lose the first keys.
+        RealInput::click(name);
+        RealInput::press("ctrl+a");
+        QTRY_COMPARE(name->selectedText(), name->text());
+        RealInput::type("valleys");
+        QTRY_COMPARE(name->text(), QString("valleys"));
         RealInput::press("Return");
     });
     driver.next([](QWidget *question) {
+        QVERIFY(QTest::qWaitForWindowActive(question));
         for (QPushButton *button : question->findChildren<QPushButton *>()) {
             if (button->text() == "Yes")
                 RealInput::click(button);
@@ -241,6 +252,7 @@ void tst_mapWindowScreens::aFailedSaveIsToldAndTriedAgain()
     driver.next([&](QWidget *told) {
         box = told->frameGeometry();
         locked.close();
+        QVERIFY(QTest::qWaitForWindowActive(told));
         RealInput::click(told->findChild<QPushButton *>("tryAgain"));
     });
     RealInput::press("ctrl+m");
@@ -248,7 +260,7 @@ void tst_mapWindowScreens::aFailedSaveIsToldAndTriedAgain()
     QVERIFY(freeScreen().contains(box));
     QFile file(store->storeDirectory() + "/custom.team");
     QVERIFY(file.open(QIODevice::ReadOnly));
-    QVERIFY(file.readAll().contains("Valleys"));
+    QVERIFY(file.readAll().contains("valleys"));
 }
 
 void tst_mapWindowScreens::damageAtTheStartIsShownAndItsFolderOpened()
