@@ -44,10 +44,20 @@ public:
     /// The kind, from which the class follows.
     virtual ColorRampType category() = 0;
 
+    // The same for a ramp that is only read: they call those above, which write nothing, and must
+    // not in a class of a host either.
+    rgb_color<float> getColor(unsigned int index) const { return own()->getColor(index); }
+    unsigned int getLevel() const { return own()->getLevel(); }
+    VOColorRamp *clone() const { return own()->clone(); }
+    ColorRampType category() const { return own()->category(); }
+
 protected:
     VOColorRamp() = default;
     VOColorRamp(const VOColorRamp &) = default;
     VOColorRamp &operator=(const VOColorRamp &) = default;
+
+private:
+    VOColorRamp *own() const { return const_cast<VOColorRamp *>(this); }
 };
 
 } // namespace VTObjects

@@ -17,6 +17,8 @@ class VOMAP_EXPORT VOColorRampContainer : public VOColorRamp
 public:
     ~VOColorRampContainer() override;
 
+    using VOColorRamp::getColor;
+    using VOColorRamp::getLevel;
     rgb_color<float> getColor(unsigned int index) override;
     void setColor(unsigned int index, rgb_color<float> color) override;
     void addColor(rgb_color<float> color) override;

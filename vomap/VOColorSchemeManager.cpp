@@ -207,6 +207,31 @@ bool VOColorSchemeManager::saveFile(const VOColorScheme &scheme, const VOString 
     return saveFile(scheme, path, problem);
 }
 
+std::string VOColorSchemeManager::toText(const VOColorScheme &scheme)
+{
+    std::string text;
+    const bool written = succeeds([&] { return writeSchemeText(scheme, text); });
+    return written ? text : std::string();
+}
+
+bool VOColorSchemeManager::fromText(VOColorScheme &scheme, const std::string &text)
+{
+    QString problem;
+    return fromText(scheme, text, problem);
+}
+
+bool VOColorSchemeManager::fromText(VOColorScheme &scheme, const std::string &text,
+                                    QString &problem)
+{
+    return succeeds([&] {
+        problem = memoryProblem(); // unless it gets to its end
+        SchemeFault fault;
+        const bool read = readSchemeText(text, scheme, &fault);
+        problem = textProblem(fault);
+        return read;
+    });
+}
+
 bool VOColorSchemeManager::readFile(VOColorScheme &scheme, const VOString &path, QString &problem)
 {
     return succeeds([&] {

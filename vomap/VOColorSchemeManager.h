@@ -93,6 +93,14 @@ public:
     /// Writes one scheme to a file, in place of any older one. False on failure, and for a scheme
     /// without a ramp.
     static bool saveFile(const VOColorScheme &scheme, const VOString &path);
+    /// A scheme as the text of a scheme file, for a host's project files; empty for a scheme that
+    /// saveFile() would refuse.
+    static std::string toText(const VOColorScheme &scheme);
+    /// The scheme of such a text. False, with `scheme` as it was, if it is none; `problem` tells
+    /// why, as that of readFile().
+    static bool fromText(VOColorScheme &scheme, const std::string &text);
+    static bool fromText(VOColorScheme &scheme, const std::string &text, QString &problem);
+
     /// The same, telling why they failed: one sentence for the user, empty after a success.
     static bool readFile(VOColorScheme &scheme, const VOString &path, QString &problem);
     static bool saveFile(const VOColorScheme &scheme, const VOString &path, QString &problem);

@@ -3,6 +3,8 @@
 #include "vomap/generate/evenColors_p.h"
 #include "vomap/generate/generatedColors_p.h"
 
+#include <utility>
+
 namespace VTObjects {
 
 VOEvenColorRamp::VOEvenColorRamp() = default;
@@ -53,10 +55,20 @@ void VOEvenColorRamp::setSourceColorList(QVector<rgb_color<float>> list)
 
 rgb_color<float> VOEvenColorRamp::getSourceColor(int index)
 {
-    return index >= 0 && index < sourceColors.size() ? sourceColors.at(index) : rgb_color<float>();
+    return std::as_const(*this).getSourceColor(index);
 }
 
 unsigned int VOEvenColorRamp::getSourceColorCount()
+{
+    return std::as_const(*this).getSourceColorCount();
+}
+
+rgb_color<float> VOEvenColorRamp::getSourceColor(int index) const
+{
+    return index >= 0 && index < sourceColors.size() ? sourceColors.at(index) : rgb_color<float>();
+}
+
+unsigned int VOEvenColorRamp::getSourceColorCount() const
 {
     return static_cast<unsigned int>(sourceColors.size());
 }

@@ -21,6 +21,8 @@ public:
 
     /// One source colour fills the whole ramp; none gives black.
     bool split(unsigned int count) override;
+    using VOColorRamp::category;
+    using VOColorRamp::clone;
     VOColorRamp *clone() override;
     ColorRampType category() override;
 
@@ -30,6 +32,8 @@ public:
     /// The source colour at `index`; black out of range.
     rgb_color<float> getSourceColor(int index);
     unsigned int getSourceColorCount();
+    rgb_color<float> getSourceColor(int index) const;
+    unsigned int getSourceColorCount() const;
     /// The whole source list at once, shared and not copied.
     const QVector<rgb_color<float>> &sourceColorList() const { return sourceColors; }
     void setSourceColorList(QVector<rgb_color<float>> list);

@@ -18,6 +18,8 @@ public:
     ~VOPredefineColorRamp() override;
 
     bool split(unsigned int count) override;
+    using VOColorRamp::category;
+    using VOColorRamp::clone;
     VOColorRamp *clone() override;
     ColorRampType category() override;
 

@@ -19,6 +19,8 @@ public:
     ~VORandomColorRamp() override;
 
     bool split(unsigned int count) override;
+    using VOColorRamp::category;
+    using VOColorRamp::clone;
     VOColorRamp *clone() override;
     ColorRampType category() override;
 

@@ -20,6 +20,8 @@ public:
     ~VORandomColorRampForHsv() override;
 
     bool split(unsigned int count) override;
+    using VOColorRamp::category;
+    using VOColorRamp::clone;
     VOColorRamp *clone() override;
     ColorRampType category() override;
 

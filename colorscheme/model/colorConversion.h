@@ -1,8 +1,10 @@
 #pragma once
 
+#include "vomap/VOColorRamp.h"
 #include "vomap/rgb_color.h"
 
 #include <QColor>
+#include <QVector>
 
 namespace VTObjects {
 
@@ -22,6 +24,17 @@ inline VTObjects::rgb_color<float> toRgbColor(const QColor &color)
     return VTObjects::rgb_color<float>(static_cast<float>(color.red()),
                                        static_cast<float>(color.green()),
                                        static_cast<float>(color.blue()));
+}
+
+/// All output colours of a ramp for drawing, in their order.
+inline QVector<QColor> toQColors(const VTObjects::VOColorRamp &ramp)
+{
+    const unsigned int level = ramp.getLevel();
+    QVector<QColor> colors;
+    colors.reserve(static_cast<int>(level));
+    for (unsigned int i = 0; i < level; ++i)
+        colors.append(toQColor(ramp.getColor(i)));
+    return colors;
 }
 
 } // namespace VTObjects

@@ -45,8 +45,9 @@ set(expected
     vomap/VOStoreProblem.h
     vomap/VOTeamKind.h
     vomap/safeFileName.h
-    # Made by the build: what each library exports.
+    # Made by the build: the version, and what each library exports.
     colorscheme/vtcontrolcolorscheme_export.h
+    vobase/VOVersion.h
     vobase/vobase_export.h
     vomap/vomap_export.h
     vtcontrolbase/vtcontrolbase_export.h

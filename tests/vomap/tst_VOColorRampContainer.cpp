@@ -1,3 +1,4 @@
+#include "colorscheme/model/colorConversion.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/rampColors.h"
 #include "tests/support/toString.h"
@@ -28,7 +29,39 @@ private Q_SLOTS:
     void componentsAreClampedAtTheDoor();
     void aCopyStaysAsItIsWhenTheOriginalIsWritten();
     void everyKindTellsItsClass();
+    void aConstantRampIsRead_data();
+    void aConstantRampIsRead();
+    void aConstantRampIsReadByItsOwnClassToo();
 };
+
+namespace {
+
+/// A host's own ramp, which knows only what is prescribed for it.
+class GrayRamp : public VOColorRamp
+{
+public:
+    bool split(unsigned int count) override
+    {
+        level = count;
+        return true;
+    }
+    rgb_color<float> getColor(unsigned int index) override
+    {
+        return Color(float(index), float(index), float(index));
+    }
+    void setColor(unsigned int, rgb_color<float>) override {}
+    void addColor(rgb_color<float>) override {}
+    void deleteColor(unsigned int) override {}
+    void deleteAll() override { level = 0; }
+    unsigned int getLevel() override { return level; }
+    VOColorRamp *clone() override { return new GrayRamp(*this); }
+    ColorRampType category() override { return RandomRamp; }
+
+private:
+    unsigned int level = 0;
+};
+
+} // namespace
 
 void tst_VOColorRampContainer::colorsAreAppendedAndRead()
 {
@@ -154,6 +187,74 @@ void tst_VOColorRampContainer::everyKindTellsItsClass()
     QCOMPARE(int(VOColorRamp::RandomHsvRamp), 1);
     QCOMPARE(int(VOColorRamp::EvenRamp), 2);
     QCOMPARE(int(VOColorRamp::PredefineRamp), 3);
+}
+
+void tst_VOColorRampContainer::aConstantRampIsRead_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::newRow("random") << 0;
+    QTest::newRow("HSV") << 1;
+    QTest::newRow("even") << 2;
+    QTest::newRow("predefined") << 3;
+    QTest::newRow("a host's") << 4;
+}
+
+void tst_VOColorRampContainer::aConstantRampIsRead()
+{
+    QFETCH(int, kind);
+    std::unique_ptr<VOColorRamp> ramp;
+    switch (kind) {
+    case 0:
+        ramp = std::make_unique<VORandomColorRamp>();
+        break;
+    case 1:
+        ramp = std::make_unique<VORandomColorRampForHsv>();
+        break;
+    case 2:
+        ramp = std::make_unique<VOEvenColorRamp>();
+        break;
+    case 3:
+        ramp = std::make_unique<VOPredefineColorRamp>();
+        break;
+    default:
+        ramp = std::make_unique<GrayRamp>();
+    }
+    QVERIFY(ramp->split(7));
+    const VOColorRamp &read = *ramp;
+    QCOMPARE(read.getLevel(), 7U);
+    QCOMPARE(read.category(), ramp->category());
+    const std::unique_ptr<VOColorRamp> copy(read.clone());
+    QCOMPARE(copy->getLevel(), 7U);
+    const QVector<QColor> drawn = toQColors(read);
+    QCOMPARE(drawn.size(), 7);
+    for (unsigned int i = 0; i < 8; ++i) { // and one past the end
+        QCOMPARE(read.getColor(i), ramp->getColor(i));
+        QCOMPARE(copy->getColor(i), ramp->getColor(i));
+        if (i < 7)
+            QCOMPARE(drawn.at(int(i)), toQColor(ramp->getColor(i)));
+    }
+    ramp->deleteAll();
+    QVERIFY(toQColors(read).isEmpty());
+}
+
+void tst_VOColorRampContainer::aConstantRampIsReadByItsOwnClassToo()
+{
+    VOPredefineColorRamp predefined;
+    Color sources[] = {{1, 2, 3}, {4, 5, 6}};
+    QVERIFY(predefined.setSourceColor(2, sources));
+    QVERIFY(predefined.split(2));
+    const VOPredefineColorRamp &read = predefined;
+    QCOMPARE(read.getLevel(), 2U);
+    QCOMPARE(read.getColor(1), Color(4, 5, 6));
+    QCOMPARE(read.category(), VOColorRamp::PredefineRamp);
+    QCOMPARE(read.getSourceColorCount(), 2U);
+    QCOMPARE(read.getSourceColor(1), Color(4, 5, 6));
+    QCOMPARE(read.getSourceColor(2), Color());
+    const VORandomColorRampForHsv random;
+    QCOMPARE(random.getLevel(), 0U);
+    QCOMPARE(random.category(), VOColorRamp::RandomHsvRamp);
+    const std::unique_ptr<VOColorRamp> copy(random.clone());
+    QCOMPARE(copy->category(), VOColorRamp::RandomHsvRamp);
 }
 
 VT_TEST_GUILESS_MAIN(tst_VOColorRampContainer)

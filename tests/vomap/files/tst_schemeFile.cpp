@@ -48,6 +48,9 @@ private Q_SLOTS:
     void aSchemeWithoutARampIsNotSaved();
     void aRampOfAForeignClassIsNotSaved();
     void whatNoReaderWouldTakeIsNotSaved();
+    void theTextInMemoryIsThatOfTheFile();
+    void aBadTextInMemoryLeavesTheSchemeAlone();
+    void whatCannotBeSavedHasNoTextInMemory();
 };
 
 void tst_schemeFile::theTextIsTheDocumentedOne()
@@ -238,6 +241,54 @@ void tst_schemeFile::whatNoReaderWouldTakeIsNotSaved()
     scheme.colorRamp->addColor({1, 2, 3});
     QVERIFY(!VOColorSchemeManager::saveFile(scheme, file()));
     QCOMPARE(content(), before);
+}
+
+void tst_schemeFile::theTextInMemoryIsThatOfTheFile()
+{
+    SchemeSamples samples(11);
+    for (int i = 0; i < 200; ++i) {
+        const VOColorScheme scheme = samples.scheme();
+        const std::string text = VOColorSchemeManager::toText(scheme);
+        const bool saved = VOColorSchemeManager::saveFile(scheme, file());
+        QCOMPARE(!text.empty(), saved);
+        if (!saved)
+            continue;
+        QCOMPARE(QByteArray::fromStdString(text), content());
+        VOColorScheme back;
+        QString problem = QStringLiteral("of another call");
+        QVERIFY(VOColorSchemeManager::fromText(back, text, problem));
+        QCOMPARE(problem, QString());
+        QCOMPARE(dump(back), dump(scheme));
+        QCOMPARE(VOColorSchemeManager::toText(back), text);
+    }
+}
+
+void tst_schemeFile::aBadTextInMemoryLeavesTheSchemeAlone()
+{
+    VOColorScheme scheme = SchemeSamples(9).scheme();
+    const QByteArray before = dump(scheme);
+    const VOColorRamp *const ramp = scheme.colorRamp;
+    const std::string good = goodText;
+    for (const std::string &text :
+         {std::string(), std::string("no scheme"), good + "x", good.substr(0, good.size() / 2),
+          good + std::string(1, '\0'), std::string(std::size_t(5) << 20, ' ')}) {
+        QString problem;
+        QVERIFY(!VOColorSchemeManager::fromText(scheme, text));
+        QVERIFY(!VOColorSchemeManager::fromText(scheme, text, problem));
+        QVERIFY(!problem.isEmpty());
+        QCOMPARE(scheme.colorRamp, ramp);
+        QCOMPARE(dump(scheme), before);
+    }
+    QVERIFY(VOColorSchemeManager::fromText(scheme, good));
+    QCOMPARE(dump(scheme), dump(goodScheme()));
+}
+
+void tst_schemeFile::whatCannotBeSavedHasNoTextInMemory()
+{
+    QCOMPARE(VOColorSchemeManager::toText(VOColorScheme()), std::string());
+    VOColorScheme foreign;
+    foreign.colorRamp = new ForeignRamp;
+    QCOMPARE(VOColorSchemeManager::toText(foreign), std::string());
 }
 
 VT_TEST_GUILESS_MAIN(tst_schemeFile)
