@@ -39,7 +39,7 @@ configure_file(
 install(FILES ${PROJECT_BINARY_DIR}/vtcontrolcolorscheme.pc
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
-# Hosts copy this file below their own application's folder, as resources/warning.gif.
+# Hosts may ship this file below their own application's folder, as resources/warning.gif.
 install(FILES ${vt_warning_movie}
     DESTINATION ${vt_resources_dir})
 install(FILES README.md CHANGELOG.md NOTICE DESTINATION ${CMAKE_INSTALL_DOCDIR})

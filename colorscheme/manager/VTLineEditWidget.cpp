@@ -3,15 +3,17 @@
 #include "ui_VTLineEditWidget.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QMovie>
 
 VTLineEditWidget::VTLineEditWidget(QWidget *parent)
     : QWidget(parent)
     , ui(std::make_unique<Ui::VTLineEditWidget>())
 {
+    Q_INIT_RESOURCE(VTControlColorScheme);
     ui->setupUi(this);
     ui->label->setAttribute(Qt::WA_TranslucentBackground);
-    // Beside the application and not in the resource: the host ships the animation.
+    // Beside the application: the host may ship an animation of its own.
     const QString path =
         QCoreApplication::applicationDirPath() + QStringLiteral("/resources/warning.gif");
     movie = new QMovie(path, QByteArray(), ui->label);
@@ -42,6 +44,8 @@ void VTLineEditWidget::setData(const QVariant &data)
 
 void VTLineEditWidget::showWarning(const QString &message)
 {
+    if (!QFile::exists(movie->fileName()))
+        movie->setFileName(QStringLiteral(":/VTControlColorScheme/warning.gif"));
     movie->start();
     ui->label->setToolTip(message);
     ui->label->show();

@@ -17,8 +17,9 @@ class VTLineEditWidget;
 /// A one-line text field with a 20 x 20 px warning icon at its right. It judges nothing itself:
 /// its owner listens to textEdited() and answers with showWarning() or hideWarning().
 ///
-/// The icon is the file "/resources/warning.gif" below the application's folder; without it the
-/// icon stays blank and all else works. The keyboard goes to the inner field.
+/// The icon is the file "/resources/warning.gif" below the application's folder, or else an
+/// embedded copy of it. If the file is there and no animation, the icon stays blank and all else
+/// works. The keyboard goes to the inner field.
 class VTCONTROLCOLORSCHEME_EXPORT VTLineEditWidget : public QWidget
 {
     Q_OBJECT

@@ -2,7 +2,9 @@
 
 #include "tests/support/TestMain.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -26,7 +28,10 @@ private Q_SLOTS:
     void leavingTheFieldEndsTheEditing();
     void theKeyboardGoesToTheInnerField();
     void itKeepsWhatItsOwnerLeaves();
-    void withoutTheAnimationTheIconStaysBlank();
+    void theFileBesideTheProgramWins_data();
+    void theFileBesideTheProgramWins();
+    void inACopyWithoutAFile();
+    void inACopyWithABadFile();
 };
 
 namespace {
@@ -175,27 +180,64 @@ void tst_VTLineEditWidget::itKeepsWhatItsOwnerLeaves()
     QVERIFY(!widget.data().isValid());
 }
 
-void tst_VTLineEditWidget::withoutTheAnimationTheIconStaysBlank()
+void tst_VTLineEditWidget::theFileBesideTheProgramWins_data()
 {
-    // The animation is looked for beside the program, so a copy of this one elsewhere has none.
-    if (!QFile::exists(QCoreApplication::applicationDirPath() + "/resources/warning.gif")) {
-        VTLineEditWidget widget(nullptr);
-        widget.showWarning(QStringLiteral("reason"));
-        QVERIFY(!iconOf(widget)->isHidden());
-        QCOMPARE(iconOf(widget)->toolTip(), QStringLiteral("reason"));
-        QVERIFY(iconOf(widget)->movie()->currentPixmap().isNull());
-        widget.hideWarning();
-        QVERIFY(iconOf(widget)->isHidden());
-        return;
-    }
+    QTest::addColumn<QString>("file");
+    QTest::newRow("none") << QString();
+    QTest::newRow("no animation") << QStringLiteral("no animation");
+    QTest::newRow("empty") << QStringLiteral("empty");
+}
+
+void tst_VTLineEditWidget::theFileBesideTheProgramWins()
+{
+    QFETCH(QString, file);
+    // The animation is looked for beside the program, so a copy of this one has what we put there.
     QTemporaryDir elsewhere;
     const QString copy = elsewhere.filePath(QStringLiteral("tst_copy"));
     QVERIFY(QFile::copy(QCoreApplication::applicationFilePath(), copy));
+    if (!file.isEmpty()) {
+        QVERIFY(QDir(elsewhere.path()).mkdir(QStringLiteral("resources")));
+        QFile animation(elsewhere.filePath(QStringLiteral("resources/warning.gif")));
+        QVERIFY(animation.open(QIODevice::WriteOnly));
+        animation.write(file == QLatin1String("empty") ? QByteArray() : file.toLatin1());
+    }
     QProcess process;
-    process.start(copy, {QStringLiteral("withoutTheAnimationTheIconStaysBlank")});
+    process.start(copy, {file.isEmpty() ? QStringLiteral("inACopyWithoutAFile")
+                                        : QStringLiteral("inACopyWithABadFile")});
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.exitStatus(), QProcess::NormalExit);
     QVERIFY2(process.exitCode() == 0, process.readAllStandardOutput().constData());
+}
+
+void tst_VTLineEditWidget::inACopyWithoutAFile()
+{
+    VTLineEditWidget widget(nullptr);
+    const bool isCopy = !QFile::exists(iconOf(widget)->movie()->fileName());
+    for (int i = 0; i < 2; ++i) {
+        widget.showWarning(QStringLiteral("reason"));
+        QVERIFY(!iconOf(widget)->isHidden());
+        QCOMPARE(iconOf(widget)->toolTip(), QStringLiteral("reason"));
+        // The embedded one stands in; where there is a file, it plays.
+        QCOMPARE(iconOf(widget)->movie()->fileName().startsWith(QLatin1Char(':')), isCopy);
+        QCOMPARE(iconOf(widget)->movie()->state(), QMovie::Running);
+        QCOMPARE(iconOf(widget)->movie()->currentPixmap().size(), QSize(20, 20));
+        QVERIFY(iconOf(widget)->movie()->frameCount() > 1);
+        widget.hideWarning();
+        QVERIFY(iconOf(widget)->isHidden());
+        QCOMPARE(iconOf(widget)->movie()->state(), QMovie::NotRunning);
+    }
+}
+
+void tst_VTLineEditWidget::inACopyWithABadFile()
+{
+    VTLineEditWidget widget(nullptr);
+    const bool isCopy = QFileInfo(iconOf(widget)->movie()->fileName()).size() < 20;
+    widget.showWarning(QStringLiteral("reason"));
+    QVERIFY(!iconOf(widget)->isHidden());
+    QCOMPARE(iconOf(widget)->toolTip(), QStringLiteral("reason"));
+    QCOMPARE(iconOf(widget)->movie()->currentPixmap().isNull(), isCopy);
+    widget.hideWarning();
+    QVERIFY(iconOf(widget)->isHidden());
 }
 
 VT_TEST_MAIN(tst_VTLineEditWidget)
