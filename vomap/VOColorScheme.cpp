@@ -12,6 +12,7 @@ VOColorScheme::VOColorScheme(const VOColorScheme &other)
     , describe(other.describe)
     , colorRamp(other.colorRamp ? other.colorRamp->clone() : nullptr)
     , unknownFields(other.unknownFields)
+    , origin(other.origin)
 {
 }
 

@@ -3,6 +3,7 @@
 #include "vobase/VOString.h"
 #include "vomap/vomap_export.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <utility>
@@ -25,6 +26,7 @@ public:
         , describe(std::move(other.describe))
         , colorRamp(std::exchange(other.colorRamp, nullptr))
         , unknownFields(std::move(other.unknownFields))
+        , origin(other.origin)
     {
     }
     VOColorScheme &operator=(const VOColorScheme &other);
@@ -36,6 +38,7 @@ public:
         describe = std::move(other.describe);
         std::swap(colorRamp, other.colorRamp);
         unknownFields = std::move(other.unknownFields);
+        origin = other.origin;
         return *this;
     }
     ~VOColorScheme();
@@ -48,6 +51,10 @@ public:
     /// What a later release of the library stored beside the fields above: kept through copies,
     /// written back by the store, not for anyone else. Null where there is nothing.
     std::shared_ptr<const std::string> unknownFields;
+    /// In a copy that is being edited: which scheme of the store it was (VOColorSchemeMoves). Kept
+    /// through copies of the record; whoever makes another scheme of it sets 0, as it is everywhere
+    /// else. Not saved.
+    std::uint32_t origin = 0;
 };
 
 } // namespace VTObjects

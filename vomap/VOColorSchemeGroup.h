@@ -27,6 +27,8 @@ public:
     std::vector<VOColorScheme> schemes; ///< in display order
     /// As VOColorScheme::unknownFields.
     std::shared_ptr<const std::string> unknownFields;
+    /// As VOColorScheme::origin.
+    std::uint32_t origin = 0;
 };
 
 } // namespace VTObjects

@@ -1,9 +1,11 @@
 #include "vomap/VOColorSchemeManager.h"
 
 #include "vomap/VOColorSchemeId.h"
+#include "vomap/VOColorSchemeMoves.h"
 #include "vomap/VOColorSchemeNotifier.h"
 #include "vomap/VOStringConversion.h"
 #include "vomap/VOTeamKind.h"
+#include "vomap/files/TeamFile_p.h"
 #include "vomap/files/fileProblem_p.h"
 #include "vomap/files/fileSystem_p.h"
 #include "vomap/files/schemeText_p.h"
@@ -108,6 +110,11 @@ const VOColorScheme *VOColorSchemeManager::find(const VOColorSchemeId &id) const
     return nullptr;
 }
 
+bool VOColorSchemeManager::areEqual(const VOColorScheme &left, const VOColorScheme &right)
+{
+    return schemeChecksum(left) == schemeChecksum(right);
+}
+
 bool VOColorSchemeManager::read()
 {
     return succeeds([this] {
@@ -133,6 +140,22 @@ bool VOColorSchemeManager::reloadIfChanged()
     });
     announce();
     return changed;
+}
+
+void VOColorSchemeManager::takeEdited(const std::array<VOColorSchemeTeam, 3> &copies,
+                                      VOColorSchemeMoves &moves)
+{
+    for (const VOTeamKind kind : allTeams) {
+        team(kind) = copies[kind];
+        for (VOColorSchemeGroup &group : team(kind).groups) {
+            group.origin = 0;
+            for (VOColorScheme &scheme : group.schemes)
+                scheme.origin = 0;
+        }
+    }
+    moves.setEdited(copies);
+    Q_EMIT VOColorSchemeNotifier::instance()->schemesMoved(moves);
+    moves.settle();
 }
 
 bool VOColorSchemeManager::write(const std::vector<VOTeamKind> &kinds)

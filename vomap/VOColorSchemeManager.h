@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <array>
 #include <memory>
 #include <string>
 #include <vector>
@@ -12,6 +13,7 @@
 namespace VTObjects {
 
 class SchemeStore;
+class VOColorSchemeMoves;
 struct VOColorSchemeId;
 enum VOTeamKind : int; // its values, which a host may have names for itself, are not brought along
 
@@ -32,6 +34,9 @@ public:
 
     /// The scheme of this id, or null. It is the store's, and lives until its group changes.
     const VOColorScheme *find(const VOColorSchemeId &id) const;
+
+    /// Whether two schemes are equal field by field and color by color.
+    static bool areEqual(const VOColorScheme &left, const VOColorScheme &right);
 
     /// The store. The first call loads it; never null, never to be deleted.
     static VOColorSchemeManager *instance();
@@ -68,6 +73,10 @@ public:
         Hold(const Hold &) = delete;
         Hold &operator=(const Hold &) = delete;
     };
+
+    /// Makes edited copies the three teams, by VOTeamKind, in memory only. `moves`, which marked
+    /// the copies before they were edited, tells who follows a scheme what became of it.
+    void takeEdited(const std::array<VOColorSchemeTeam, 3> &copies, VOColorSchemeMoves &moves);
 
     /// Writes the whole store to its directory. False, with the old files as they were, if it
     /// cannot be written, if another process does not let go of the store within two seconds, or

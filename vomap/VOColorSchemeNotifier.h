@@ -6,6 +6,8 @@
 
 namespace VTObjects {
 
+class VOColorSchemeMoves;
+
 /// Tells what happens to the store. The store itself is a plain record and sends no signals.
 ///
 /// Everything is sent from the user-interface thread, within the call that caused it and when that
@@ -19,6 +21,10 @@ public:
     static VOColorSchemeNotifier *instance();
 
 Q_SIGNALS:
+    /// A manager's edited copies have become the store's teams, and groups and schemes may have
+    /// other names, places, or be gone. `moves` tells what became of each, and is valid in the
+    /// slots only. Sent before storeChanged(), for whoever keeps the id of a scheme.
+    void schemesMoved(const VTObjects::VOColorSchemeMoves &moves);
     /// The teams are not what they were when this was sent last: once after a manager's "Ok", a
     /// "User define", or any other save() of something new, and after a load() or reloadIfChanged()
     /// that brought something new. A change of the public records is told with the save() behind

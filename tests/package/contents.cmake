@@ -40,6 +40,7 @@ set(expected
     vomap/VOStringConversion.h
     # For hosts: which scheme, what changed, what went wrong.
     vomap/VOColorSchemeId.h
+    vomap/VOColorSchemeMoves.h
     vomap/VOColorSchemeNotifier.h
     vomap/VOStoreHistory.h
     vomap/VOStoreProblem.h
