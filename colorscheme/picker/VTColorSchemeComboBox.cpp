@@ -9,15 +9,18 @@
 #include "colorscheme/picker/drawKeyboardFocus_p.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
+#include "vomap/VOColorSchemeNotifier.h"
 #include "vomap/VOStringConversion.h"
 #include "vomap/VOTeamKind.h"
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QPolygonF>
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 using vtcontrolcolorscheme::builtInGroupCaptions;
 using vtcontrolcolorscheme::defaultColorRamp;
@@ -32,7 +35,9 @@ using VTObjects::toVOString;
 using VTObjects::VOColorRamp;
 using VTObjects::VOColorScheme;
 using VTObjects::VOColorSchemeGroup;
+using VTObjects::VOColorSchemeId;
 using VTObjects::VOColorSchemeManager;
+using VTObjects::VOColorSchemeNotifier;
 using VTObjects::VOColorSchemeTeam;
 
 namespace {
@@ -57,6 +62,11 @@ VTColorSchemeComboBox::VTColorSchemeComboBox(QWidget *parent)
     connect(this, &QToolButton::clicked, this, &VTColorSchemeComboBox::showMenu);
     setAccessibleName(tr("Color scheme"));
     setAccessibleDescription(describeColorRamp(nullptr));
+    const VOColorSchemeNotifier *notifier = VOColorSchemeNotifier::instance();
+    connect(notifier, &VOColorSchemeNotifier::schemesMoved, this,
+            &VTColorSchemeComboBox::onSchemesMoved);
+    connect(notifier, &VOColorSchemeNotifier::storeChanged, this,
+            &VTColorSchemeComboBox::onStoreChanged);
 }
 
 VTColorSchemeComboBox::~VTColorSchemeComboBox() = default;
@@ -76,7 +86,9 @@ void VTColorSchemeComboBox::setColorRamp(VOColorRamp *ramp)
     VOColorRamp *const copy = ramp->clone();
     delete scheme.colorRamp;
     scheme.colorRamp = copy;
+    id = VOColorSchemeId(); // whatever its name, the colours are not the store's
     updatePreview();
+    Q_EMIT currentSchemeChanged();
 }
 
 bool VTColorSchemeComboBox::setDefaultGroup(const QString &team, const QString &group,
@@ -101,16 +113,24 @@ bool VTColorSchemeComboBox::showGroup(const QString &team, const VOColorSchemeTe
     if (group < 0 || static_cast<std::size_t>(group) >= records.groups.size())
         return false;
     groupIndex = group;
-    const auto &schemes = records.groups[static_cast<std::size_t>(group)].schemes;
-    if (schemeIndex >= 0 && static_cast<std::size_t>(schemeIndex) < schemes.size())
-        setScheme(schemes[static_cast<std::size_t>(schemeIndex)]);
+    const VOColorSchemeGroup &shown = records.groups[static_cast<std::size_t>(group)];
+    if (schemeIndex >= 0 && static_cast<std::size_t>(schemeIndex) < shown.schemes.size())
+        setScheme(shown.schemes[static_cast<std::size_t>(schemeIndex)]);
+    else
+        schemeIndex = -1;
     teamName = team;
+    dropNames();
+    noteGroup();
+    if (schemeIndex >= 0)
+        noteScheme(shown, schemeIndex);
+    Q_EMIT currentSchemeChanged();
     return true;
 }
 
 void VTColorSchemeComboBox::setScheme(const VOColorScheme &scheme)
 {
     this->scheme = scheme;
+    id = VOColorSchemeId();
     updatePreview();
 }
 
@@ -161,14 +181,24 @@ void VTColorSchemeComboBox::keyPressEvent(QKeyEvent *event)
 
 void VTColorSchemeComboBox::showMenu()
 {
+    if (readOnly)
+        return;
     QString caption;
     VOColorSchemeGroup group;
-    const VOColorSchemeTeam &team = teamOf(teamName);
-    if (groupIndex >= 0 && static_cast<std::size_t>(groupIndex) < team.groups.size()) {
-        group = team.groups[static_cast<std::size_t>(groupIndex)];
+    const int index = listedGroup();
+    if (index >= 0) {
+        groupIndex = index;
+        noteGroup();
+        group = teamOf(teamName).groups[static_cast<std::size_t>(index)];
         caption = teamKindOf(teamName) == DefaultTeam ? defaultGroupCaptions[group.name]
                                                       : toQString(group.name);
     }
-    VTColorSchemeMenu menu(caption, group, this);
-    menu.exec();
+    const QPointer<VTColorSchemeComboBox> alive(this); // what is told of a choice may do anything
+    {
+        VTColorSchemeMenu menu(caption, group, this);
+        menu.exec();
+    }
+    // Another group, and no scheme of it.
+    if (alive && std::exchange(untold, false))
+        Q_EMIT currentSchemeChanged();
 }

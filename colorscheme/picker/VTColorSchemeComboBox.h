@@ -2,6 +2,7 @@
 
 #include "colorscheme/vtcontrolcolorscheme_export.h"
 #include "vomap/VOColorScheme.h"
+#include "vomap/VOColorSchemeId.h"
 
 #include <QPixmap>
 #include <QString>
@@ -9,14 +10,18 @@
 
 namespace VTObjects {
 class VOColorRamp;
+class VOColorSchemeGroup;
+class VOColorSchemeMoves;
 class VOColorSchemeTeam;
+enum VOTeamKind : int;
 } // namespace VTObjects
 
 /// A compact picker: a button whose face shows the strip of the current scheme's ramp. A click
 /// opens a drop-down with the schemes of one group.
 ///
 /// The picker keeps a copy of its scheme. Choosing a scheme does not touch the store; only "User
-/// define" in the drop-down adds to it.
+/// define" in the drop-down adds to it. It also knows which scheme of the store that was: what a
+/// manager renames or moves stays picked, and its group stays listed wherever it stands.
 ///
 /// The accessible description always tells the colours that the face shows; the accessible name is
 /// the host's to change.
@@ -24,6 +29,19 @@ class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeComboBox : public QToolButton
 {
     Q_OBJECT
     Q_DISABLE_COPY(VTColorSchemeComboBox)
+    /// The key of the team whose group is listed: "Default", "Custom", "Favorite"; empty at first.
+    Q_PROPERTY(QString team READ team WRITE setTeam NOTIFY currentSchemeChanged)
+    /// The name of the group that the drop-down lists; empty for none.
+    Q_PROPERTY(QString group READ groupName WRITE setGroupName NOTIFY currentSchemeChanged)
+    /// The name of the current scheme; empty for none.
+    Q_PROPERTY(QString schemeName READ schemeName WRITE setSchemeName NOTIFY currentSchemeChanged)
+    /// Whether the drop-down has its "User define" button.
+    Q_PROPERTY(bool userDefineVisible READ isUserDefineVisible WRITE setUserDefineVisible)
+    /// Whether the user can look at the picker only: no drop-down opens.
+    Q_PROPERTY(bool readOnly READ isReadOnly WRITE setReadOnly)
+    /// Whether the face takes over what becomes of the scheme in the store. Off at first: the
+    /// picker shows what was picked.
+    Q_PROPERTY(bool followsStore READ followsStore WRITE setFollowsStore)
 public:
     /// Chooses no scheme: the face stays empty until a setter runs.
     explicit VTColorSchemeComboBox(QWidget *parent = nullptr);
@@ -48,9 +66,46 @@ public:
     /// every team.
     bool setDefaultGroup(const QString &team, int group, int schemeIndex);
 
+    /// What was picked: the picker's copy, whose ramp is null as long as nothing is shown. It
+    /// lives as the ramp does.
+    const VTObjects::VOColorScheme &currentScheme() const { return scheme; }
+    /// Which scheme of the store that is, for settings and project files. Null if it is none: after
+    /// setColorRamp() or setScheme(), and when the store does not have it any more. The first of
+    /// its name where a group has two; currentScheme() is always the one that was picked.
+    VTObjects::VOColorSchemeId currentSchemeId() const;
+    /// Makes a scheme of the store current and lists its group. False, with nothing changed, if the
+    /// store does not have it: here nothing stands in for an unknown name.
+    bool setCurrentScheme(const VTObjects::VOColorSchemeId &id);
+
+    QString team() const;
+    QString groupName() const;
+    QString schemeName() const;
+    /// As properties are set, one by one and in any order: a name that means nothing yet, or not
+    /// any more, waits for the others. The face changes as soon as all three name a scheme.
+    void setTeam(const QString &team);
+    void setGroupName(const QString &name);
+    void setSchemeName(const QString &name);
+
+    bool isUserDefineVisible() const { return userDefineVisible; }
+    void setUserDefineVisible(bool visible) { userDefineVisible = visible; }
+    bool isReadOnly() const { return readOnly; }
+    void setReadOnly(bool on) { readOnly = on; }
+    bool followsStore() const { return m_followsStore; }
+    /// Turned on, it takes over at once what became of the scheme before.
+    void setFollowsStore(bool on);
+
+    /// For the drop-down, as the user goes on: the group that is listed (below 0: the team only), a
+    /// scheme of it, and that this is what was chosen.
+    void listGroup(VTObjects::VOTeamKind team, int group);
+    void takeScheme(const VTObjects::VOColorSchemeGroup &group, int position);
+    void tellChoice();
+
 Q_SIGNALS:
     /// The user chose a scheme or made one. The setters do not emit it.
     void currentRampChanged();
+    /// The current scheme, its id or the listed group is another one, or has another name or other
+    /// colors: by whomever. For the user's choice it comes before currentRampChanged().
+    void currentSchemeChanged();
 
 protected:
     /// Shows a copy of the scheme.
@@ -63,8 +118,6 @@ private Q_SLOTS:
     void showMenu();
 
 private:
-    friend class VTColorSchemeMenu; // the drop-down sets scheme, team and group as the user chooses
-
     static const int ARROW_WIDTH = 6;
     static const int ARROW_HEIGHT = 4;
     static const int ICON_MARGIN = 5;
@@ -73,9 +126,37 @@ private:
     void updatePreview();
     bool showGroup(const QString &team, const VTObjects::VOColorSchemeTeam &records, int group,
                    int schemeIndex);
+    void noteGroup();
+    int listedGroup() const;
+    void noteScheme(const VTObjects::VOColorSchemeGroup &group, int position);
+    const VTObjects::VOColorScheme *picked() const;
+    void dropNames();
+    void applyNames();
+    bool follow();
+    void onSchemesMoved(const VTObjects::VOColorSchemeMoves &moves);
+    void onStoreChanged();
 
     QPixmap preview;
     VTObjects::VOColorScheme scheme;
     QString teamName;
     int groupIndex = -1;
+
+    // The listed group by its name, by which it is found wherever it stands.
+    struct ListedGroup
+    {
+        bool isKnown = false;
+        VTObjects::VOString name;
+        int number = 0;        // which of those of this name, from 0
+        std::size_t among = 0; // so many groups had the team
+    };
+    ListedGroup listed;
+    VTObjects::VOColorSchemeId id; // of the current scheme; null if it is not the store's
+    int idNumber = 0;              // which of those that the id names, from 0
+    // Set as properties, and naming nothing yet; null for none.
+    QString waitingGroup;
+    QString waitingScheme;
+    bool untold = false; // the user's choice, until the drop-down is closed
+    bool userDefineVisible = true;
+    bool readOnly = false;
+    bool m_followsStore = false;
 };

@@ -185,10 +185,10 @@ void VTColorSchemeMenu::onActionClicked()
         return;
     VTColorSchemeComboBox *const picker = comboBox;
     if (picker)
-        picker->setScheme(group.schemes[static_cast<std::size_t>(index)]);
+        picker->takeScheme(group, index);
     close();
     if (picker)
-        Q_EMIT picker->currentRampChanged();
+        picker->tellChoice();
 }
 
 void VTColorSchemeMenu::onGroupButtonTextChanged(const QString &text)
@@ -201,12 +201,8 @@ void VTColorSchemeMenu::onGroupButtonTextChanged(const QString &text)
     const QString name = kind == DefaultTeam ? groupButton->property("name").toString() : text;
     const VOColorSchemeTeam &team = VOColorSchemeManager::instance()->team(kind);
     const int index = team.index(toVOString(name));
-    if (comboBox) {
-        // Deliberate: even if there is no such group any more.
-        comboBox->teamName = teamKey(kind);
-        if (index >= 0)
-            comboBox->groupIndex = index;
-    }
+    if (comboBox)
+        comboBox->listGroup(kind, index); // deliberate: even if there is no such group any more
     if (index >= 0)
         fill(team.groups[static_cast<std::size_t>(index)]);
 }
@@ -233,7 +229,7 @@ void VTColorSchemeMenu::onCustomButtonClicked(bool /*checked*/)
     if (editor.exec() == QDialog::Accepted) {
         if (picker) {
             picker->setDefaultGroup(teamKey(CustomTeam), k, last);
-            Q_EMIT picker->currentRampChanged();
+            picker->tellChoice();
         }
         store->saveCustomTeam();
         return;
