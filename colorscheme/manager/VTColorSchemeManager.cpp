@@ -146,6 +146,8 @@ void VTColorSchemeManager::setupConnections()
     connect(ui->actionInvert_select, &QAction::triggered, this, &Manager::onInvertSelect);
     connect(ui->actionExport_scheme, &QAction::triggered, this, &Manager::onExportScheme);
     connect(ui->actionImport_scheme, &QAction::triggered, this, &Manager::onImportScheme);
+    connect(this, &QDialog::rejected, this,
+            [this] { m_outcome = WorkingCopies::isModified() ? Discarded : NothingChanged; });
 }
 
 void VTColorSchemeManager::onTeamViewClicked(const QModelIndex &index)

@@ -28,7 +28,8 @@ struct GroupPlace;
 ///
 /// It works on copies of the store's teams, taken when it is constructed. OK asks whether to save
 /// what was modified, writes the copies back and lets the store save itself; everything else
-/// discards them. Run it with exec(), one at a time. A store that cannot be saved is not reported.
+/// discards them. Run it with exec(), one at a time. A store that cannot be saved is not reported
+/// by the dialog; outcome() and VOColorSchemeNotifier tell.
 class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeManager : public QDialog
 {
     Q_OBJECT
@@ -37,6 +38,16 @@ public:
     /// Shows the first built-in group.
     explicit VTColorSchemeManager(QWidget *parent = nullptr);
     ~VTColorSchemeManager() override;
+
+    /// How it ended, after exec().
+    enum Outcome {
+        NothingChanged, ///< OK or not, there was nothing to save
+        Saved,
+        Discarded, ///< changes were dropped: by any way out but OK, or by the answer to its
+                   ///< question
+        SaveFailed ///< the store has the changes in memory, and waits for another save()
+    };
+    Outcome outcome() const { return m_outcome; }
 
     /// A new menu of the built-in groups but for the one shown; its actions copy the selected
     /// schemes there. The caller owns it.
@@ -99,6 +110,7 @@ private:
 
     std::unique_ptr<Ui::VTColorSchemeManagerBase> ui;
     std::unique_ptr<vtcontrolcolorscheme::WorkingCopies> copies;
+    Outcome m_outcome = NothingChanged;
     QIcon groupIcon;
     QStandardItem *defaultItem = nullptr;
     QStandardItem *customItem = nullptr;

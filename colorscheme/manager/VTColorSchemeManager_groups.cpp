@@ -141,8 +141,10 @@ std::vector<VOColorScheme> VTColorSchemeManager::shownSchemes(const QVector<int>
     const std::vector<VOColorScheme> &shown = ui->schemeView->schemeModel()->group().schemes;
     std::vector<VOColorScheme> schemes;
     for (const int row : rows) {
-        if (row >= 0 && static_cast<std::size_t>(row) < shown.size())
-            schemes.push_back(shown[static_cast<std::size_t>(row)]);
+        if (row < 0 || static_cast<std::size_t>(row) >= shown.size())
+            continue;
+        schemes.push_back(shown[static_cast<std::size_t>(row)]);
+        schemes.back().origin = 0; // a copy is a scheme of its own
     }
     return schemes;
 }

@@ -195,12 +195,13 @@ void VTColorSchemeManager::onInformation(bool isOk)
 void VTColorSchemeManager::onOk()
 {
     ui->schemeView->finishEditing();
+    m_outcome = WorkingCopies::isModified() ? Discarded : NothingChanged;
     const QString text = tr("The color schemes have been modified.") + QLatin1Char('\n') +
                          tr("Do you need to save them?");
     if (WorkingCopies::isModified() &&
         isConfirmed(this, tr("Color schemes"), text, QMessageBox::Yes, tr("Yes"), tr("Cancel"))) {
         updateData();
-        copies->save();
+        m_outcome = copies->save() ? Saved : SaveFailed;
     }
     // Deliberate: Cancel in that box means not to save, and not to stay.
     accept();

@@ -2,7 +2,6 @@
 
 #include "colorscheme/model/GeneratedName_p.h"
 #include "colorscheme/model/builtInGroupCaptions_p.h"
-#include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 
 #include <QCoreApplication>
@@ -24,6 +23,7 @@ using VTObjects::toVOString;
 using VTObjects::VOColorScheme;
 using VTObjects::VOColorSchemeGroup;
 using VTObjects::VOColorSchemeManager;
+using VTObjects::VOColorSchemeMoves;
 using VTObjects::VOColorSchemeTeam;
 using VTObjects::VOString;
 using VTObjects::VOTeamKind;
@@ -48,6 +48,7 @@ WorkingCopies::WorkingCopies()
     const VOColorSchemeManager *store = VOColorSchemeManager::instance();
     for (const VOTeamKind kind : allTeams)
         teams[kind] = store->team(kind);
+    moves = std::make_unique<VOColorSchemeMoves>(teams);
     const VOColorSchemeTeam &builtIn = teams[DefaultTeam];
     for (std::size_t i = 0; i < builtInGroups.size(); ++i) {
         const VOString name(builtInGroups[i]);
@@ -197,11 +198,10 @@ void WorkingCopies::write(GroupPlace place, const VOColorSchemeGroup &group)
         *target = group;
 }
 
-bool WorkingCopies::save() const
+bool WorkingCopies::save()
 {
     VOColorSchemeManager *const store = VOColorSchemeManager::instance();
-    for (const VOTeamKind kind : allTeams)
-        store->team(kind) = teams[kind];
+    store->takeEdited(teams, *moves);
     return store->save();
 }
 

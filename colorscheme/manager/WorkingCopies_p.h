@@ -1,12 +1,13 @@
 #pragma once
 
-#include "vomap/VOColorSchemeTeam.h"
+#include "vomap/VOColorSchemeManager.h"
+#include "vomap/VOColorSchemeMoves.h"
 #include "vomap/VOTeamKind.h"
 
 #include <QMap>
 #include <QVector>
 
-#include <array>
+#include <memory>
 
 namespace vtcontrolcolorscheme {
 
@@ -89,13 +90,17 @@ public:
 
     /// Replaces a group by what was made of it elsewhere; nothing without one there.
     void write(GroupPlace place, const VTObjects::VOColorSchemeGroup &group);
-    /// Writes the copies into the store, and the store to its disk. Its answer is the store's.
-    bool save() const;
+    /// Writes the copies into the store, and the store to its disk. Its answer is the store's. Who
+    /// follows a scheme learns of its new name and place.
+    bool save();
 
 private:
     VTObjects::VOColorSchemeGroup *groupAt(GroupPlace place);
 
-    std::array<VTObjects::VOColorSchemeTeam, VTObjects::allTeams.size()> teams; // by VOTeamKind
+    // Nobody changes the store from elsewhere, or it would be overwritten.
+    VTObjects::VOColorSchemeManager::Hold hold;
+    VTObjects::VOColorSchemeMoves::Teams teams;
+    std::unique_ptr<VTObjects::VOColorSchemeMoves> moves; // of the teams
     QVector<BuiltIn> builtIns;
     QMap<VTObjects::VOString, QString> captions; // of all built-in groups that have one
     QMap<VTObjects::VOString, int> builtInPositions;
