@@ -52,7 +52,7 @@ const VOColorSchemeTeam &teamOf(const QString &team)
 } // namespace
 
 VTColorSchemeComboBox::VTColorSchemeComboBox(QWidget *parent)
-    : QToolButton(parent)
+    : VTColorSchemeButton(parent)
 {
     for (std::size_t i = 0; i < builtInGroups.size(); ++i)
         defaultGroupCaptions[builtInGroups[i]] = QObject::tr(builtInGroupCaptions[i].ofPicker);

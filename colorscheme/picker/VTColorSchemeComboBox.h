@@ -1,12 +1,12 @@
 #pragma once
 
+#include "colorscheme/picker/VTColorSchemeButton.h"
 #include "colorscheme/vtcontrolcolorscheme_export.h"
 #include "vomap/VOColorScheme.h"
 #include "vomap/VOColorSchemeId.h"
 
 #include <QPixmap>
 #include <QString>
-#include <QToolButton>
 
 namespace VTObjects {
 class VOColorRamp;
@@ -25,7 +25,7 @@ enum VOTeamKind : int;
 ///
 /// The accessible description always tells the colours that the face shows; the accessible name is
 /// the host's to change.
-class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeComboBox : public QToolButton
+class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeComboBox : public VTColorSchemeButton
 {
     Q_OBJECT
     Q_DISABLE_COPY(VTColorSchemeComboBox)
@@ -103,9 +103,6 @@ public:
 Q_SIGNALS:
     /// The user chose a scheme or made one. The setters do not emit it.
     void currentRampChanged();
-    /// The current scheme, its id or the listed group is another one, or has another name or other
-    /// colors: by whomever. For the user's choice it comes before currentRampChanged().
-    void currentSchemeChanged();
 
 protected:
     /// Shows a copy of the scheme.

@@ -67,8 +67,7 @@ void VTColorSchemeComboBox::noteGroup()
 int VTColorSchemeComboBox::listedGroup() const
 {
     const std::vector<VOColorSchemeGroup> &groups = teamOf(teamName).groups;
-    const bool isThere =
-        groupIndex >= 0 && static_cast<std::size_t>(groupIndex) < groups.size();
+    const bool isThere = groupIndex >= 0 && static_cast<std::size_t>(groupIndex) < groups.size();
     if (!listed.isKnown)
         return isThere ? groupIndex : -1;
     if (isThere && groups[static_cast<std::size_t>(groupIndex)].name == listed.name)

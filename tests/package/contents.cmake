@@ -38,6 +38,8 @@ set(expected
     vtgiscore/VTSymbolUtils.h
     # For hosts: from the toolkit's strings to those of the records and back.
     vomap/VOStringConversion.h
+    # What the picker is built on.
+    colorscheme/picker/VTColorSchemeButton.h
     # For hosts: which scheme, what changed, what went wrong.
     vomap/VOColorSchemeId.h
     vomap/VOColorSchemeMoves.h

@@ -61,7 +61,8 @@ void tst_managerForHosts::theOutcomeTellsHowItEnded_data()
     QTest::addColumn<QString>("way");
     QTest::addColumn<int>("outcome");
     for (const char *way : {"Ok", "Cancel", "Escape", "close"})
-        QTest::addRow("nothing, %s", way) << false << way << int(VTColorSchemeManager::NothingChanged);
+        QTest::addRow("nothing, %s", way)
+            << false << way << int(VTColorSchemeManager::NothingChanged);
     for (const char *way : {"No", "Cancel", "Escape", "close"})
         QTest::addRow("edited, %s", way) << true << way << int(VTColorSchemeManager::Discarded);
     QTest::newRow("edited, Yes") << true << "Yes" << int(VTColorSchemeManager::Saved);

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void aSchemeThatIsGoneOtherwiseHasNoId();
     void aFollowingPickerTakesOverWhatTheSchemeBecame();
     void settersDoNotTellOfARamp();
+    void propertiesTellThatTheyChanged();
 
 private:
     // As a manager does it.
@@ -329,6 +330,24 @@ void tst_VTColorSchemeComboBox_store::settersDoNotTellOfARamp()
     QVERIFY(!box.setDefaultGroup("Custom", 3, 0));
     QCOMPARE(told.count(), 3);
     QCOMPARE(ramp.count(), 0);
+}
+
+void tst_VTColorSchemeComboBox_store::propertiesTellThatTheyChanged()
+{
+    const QMetaObject &meta = VTColorSchemeComboBox::staticMetaObject;
+    for (const char *name : {"team", "group", "schemeName"}) {
+        const QMetaProperty property = meta.property(meta.indexOfProperty(name));
+        QVERIFY2(property.isWritable() && property.hasNotifySignal(), name);
+        QCOMPARE(property.notifySignal().name(), QByteArray("currentSchemeChanged"));
+    }
+    store()->customTeam.groups = {makeGroup("one", {"a"})};
+    VTColorSchemeComboBox box;
+    const QSignalSpy told(&box, meta.property(meta.indexOfProperty("schemeName")).notifySignal());
+    box.setDefaultGroup("Custom", 0, 0);
+    QCOMPARE(told.count(), 1);
+    QCOMPARE(box.property("schemeName").toString(), QString("a"));
+    QCOMPARE(box.property("group").toString(), QString("one"));
+    QCOMPARE(box.property("team").toString(), QString("Custom"));
 }
 
 VT_TEST_MAIN(tst_VTColorSchemeComboBox_store)
