@@ -1,8 +1,38 @@
 #include "vomap/VOColorSchemeMoves.h"
 
 #include "vomap/VOStringConversion.h"
+#include "vomap/store/teamMerge_p.h"
+
+#include <map>
+#include <tuple>
 
 namespace VTObjects {
+
+namespace {
+
+/// What a mark stands for: team, group and which one of its name, and the same of the scheme; no
+/// name and -1 for the group itself.
+using Place = std::tuple<int, std::wstring, int, std::wstring, int>;
+
+template <typename Visit>
+void visitMarks(const VOColorSchemeMoves::Teams &teams, Visit visit)
+{
+    for (const VOTeamKind kind : allTeams) {
+        std::map<std::wstring, int> groups;
+        for (const VOColorSchemeGroup &group : teams[kind].groups) {
+            const int groupNumber = groups[group.name.text()]++;
+            visit(group.origin, Place(kind, group.name.text(), groupNumber, std::wstring(), -1));
+            std::map<std::wstring, int> schemes;
+            for (const VOColorScheme &scheme : group.schemes) {
+                const int number = schemes[scheme.name.text()]++;
+                visit(scheme.origin,
+                      Place(kind, group.name.text(), groupNumber, scheme.name.text(), number));
+            }
+        }
+    }
+}
+
+} // namespace
 
 VOColorSchemeMoves::VOColorSchemeMoves(Teams &copies)
     : origins(1)
@@ -85,6 +115,36 @@ int VOColorSchemeMoves::groupMovedTo(VOTeamKind team, const VOString &was, int n
             return static_cast<int>(i);
     }
     return -1;
+}
+
+VOColorSchemeMoves::Teams VOColorSchemeMoves::repeated(const Teams &before, const Teams &edited,
+                                                       const Teams &now)
+{
+    Teams was = before;
+    Teams base = now;
+    const VOColorSchemeMoves marksThen(was);
+    const VOColorSchemeMoves marksNow(base);
+    std::map<Place, std::uint32_t> present;
+    visitMarks(base, [&](std::uint32_t mark, const Place &place) { present[place] = mark; });
+    std::vector<std::uint32_t> translated(marksThen.origins.size(), 0);
+    visitMarks(was, [&](std::uint32_t mark, const Place &place) {
+        const auto at = present.find(place);
+        translated[mark] = at == present.end() ? 0 : at->second;
+    });
+
+    Teams mine = edited;
+    const auto translate = [&](std::uint32_t &mark) {
+        mark = mark < translated.size() ? translated[mark] : 0;
+    };
+    for (const VOTeamKind kind : allTeams) {
+        for (VOColorSchemeGroup &group : mine[kind].groups) {
+            translate(group.origin);
+            for (VOColorScheme &scheme : group.schemes)
+                translate(scheme.origin);
+        }
+        mine[kind] = mergedTeam(was[kind], mine[kind], base[kind]);
+    }
+    return mine;
 }
 
 // Those that are gone stay gone; what is new has no mark.

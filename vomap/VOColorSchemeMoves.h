@@ -34,6 +34,11 @@ public:
     /// 0; -1 if it is gone.
     int groupMovedTo(VOTeamKind team, const VOString &was, int number = 0) const;
 
+    /// What a store that holds `now` becomes when the edits are made to it that led from `before`
+    /// to `edited`: merged, so that what happened in between is not lost. `edited` has the marks
+    /// that were set in a copy of `before`, the result those that are set in a copy of `now`.
+    static Teams repeated(const Teams &before, const Teams &edited, const Teams &now);
+
     /// For the store: what the copies have become, and that this is what they are from now on.
     void setEdited(const Teams &copies) { edited = &copies; }
     void settle();

@@ -46,9 +46,14 @@ QIcon iconOfSize(const QString &file, int size)
 } // namespace
 
 VTColorSchemeManager::VTColorSchemeManager(QWidget *parent)
+    : VTColorSchemeManager(VTDiscardedSchemes(), parent)
+{
+}
+
+VTColorSchemeManager::VTColorSchemeManager(const VTDiscardedSchemes &again, QWidget *parent)
     : QDialog(parent)
     , ui(std::make_unique<Ui::VTColorSchemeManagerBase>())
-    , copies(std::make_unique<WorkingCopies>())
+    , copies(std::make_unique<WorkingCopies>(again))
 {
     // A linker that was not told to take the icons out of a static archive does so for this.
     Q_INIT_RESOURCE(VTControlColorScheme);

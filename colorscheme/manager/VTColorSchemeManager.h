@@ -1,5 +1,6 @@
 #pragma once
 
+#include "colorscheme/manager/VTDiscardedSchemes.h"
 #include "colorscheme/vtcontrolcolorscheme_export.h"
 #include "vomap/VOColorSchemeTeam.h"
 
@@ -37,6 +38,9 @@ class VTCONTROLCOLORSCHEME_EXPORT VTColorSchemeManager : public QDialog
 public:
     /// Shows the first built-in group.
     explicit VTColorSchemeManager(QWidget *parent = nullptr);
+    /// One that begins with changes that an earlier one has discarded: nothing of them is saved
+    /// until this one is left by OK, and what the store got since stays.
+    VTColorSchemeManager(const VTDiscardedSchemes &again, QWidget *parent);
     ~VTColorSchemeManager() override;
 
     /// How it ended, after exec().
@@ -48,6 +52,8 @@ public:
         SaveFailed ///< the store has the changes in memory, and waits for another save()
     };
     Outcome outcome() const { return m_outcome; }
+    /// What was discarded; empty if the outcome is another one.
+    VTDiscardedSchemes discarded();
 
     /// A new menu of the built-in groups but for the one shown; its actions copy the selected
     /// schemes there. The caller owns it.

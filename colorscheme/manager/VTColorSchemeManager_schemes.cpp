@@ -206,3 +206,11 @@ void VTColorSchemeManager::onOk()
     // Deliberate: Cancel in that box means not to save, and not to stay.
     accept();
 }
+
+VTDiscardedSchemes VTColorSchemeManager::discarded()
+{
+    if (m_outcome != Discarded)
+        return VTDiscardedSchemes();
+    updateData(); // what was edited in the table is part of it
+    return copies->unsaved();
+}

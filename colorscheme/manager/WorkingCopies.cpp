@@ -41,14 +41,29 @@ QSet<QString> schemeNamesOf(const VOColorSchemeGroup &group)
     return names;
 }
 
+VOColorSchemeMoves::Teams storedTeams()
+{
+    VOColorSchemeMoves::Teams teams;
+    for (const VOTeamKind kind : allTeams)
+        teams[kind] = VOColorSchemeManager::instance()->team(kind);
+    return teams;
+}
+
 } // namespace
 
 WorkingCopies::WorkingCopies()
+    : WorkingCopies(VTDiscardedSchemes())
 {
-    const VOColorSchemeManager *store = VOColorSchemeManager::instance();
-    for (const VOTeamKind kind : allTeams)
-        teams[kind] = store->team(kind);
-    moves = std::make_unique<VOColorSchemeMoves>(teams);
+}
+
+WorkingCopies::WorkingCopies(const VTDiscardedSchemes &again)
+    : teams(storedTeams())
+    , moves(std::make_unique<VOColorSchemeMoves>(teams))
+{
+    if (!again.isEmpty) {
+        teams = VOColorSchemeMoves::repeated(again.before, again.edited, teams);
+        dataModified = true;
+    }
     const VOColorSchemeTeam &builtIn = teams[DefaultTeam];
     for (std::size_t i = 0; i < builtInGroups.size(); ++i) {
         const VOString name(builtInGroups[i]);
@@ -196,6 +211,14 @@ void WorkingCopies::write(GroupPlace place, const VOColorSchemeGroup &group)
 {
     if (VOColorSchemeGroup *const target = groupAt(place))
         *target = group;
+}
+
+VTDiscardedSchemes WorkingCopies::unsaved() const
+{
+    VTDiscardedSchemes unsaved;
+    if (isModified())
+        unsaved = {storedTeams(), teams, false};
+    return unsaved;
 }
 
 bool WorkingCopies::save()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "colorscheme/manager/VTDiscardedSchemes.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOColorSchemeMoves.h"
 #include "vomap/VOTeamKind.h"
@@ -34,6 +35,9 @@ class WorkingCopies
 public:
     /// Copies of the store as it is now.
     WorkingCopies();
+    /// The same, with the discarded changes made again. Modified from the start, unless there are
+    /// none.
+    explicit WorkingCopies(const VTDiscardedSchemes &again);
     ~WorkingCopies();
     WorkingCopies(const WorkingCopies &) = delete;
     WorkingCopies &operator=(const WorkingCopies &) = delete;
@@ -90,6 +94,8 @@ public:
 
     /// Replaces a group by what was made of it elsewhere; nothing without one there.
     void write(GroupPlace place, const VTObjects::VOColorSchemeGroup &group);
+    /// What is lost if these copies are not saved.
+    VTDiscardedSchemes unsaved() const;
     /// Writes the copies into the store, and the store to its disk. Its answer is the store's. Who
     /// follows a scheme learns of its new name and place.
     bool save();

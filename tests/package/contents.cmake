@@ -11,6 +11,7 @@ set(expected
     colorscheme/manager/VTColorSchemeManager.h
     colorscheme/manager/VTColorSchemeModel.h
     colorscheme/manager/VTColorSchemeView.h
+    colorscheme/manager/VTDiscardedSchemes.h
     colorscheme/manager/VTLineEditWidget.h
     colorscheme/manager/VtColorSchemeNameDelegate.h
     colorscheme/model/VTDialogLayout.h

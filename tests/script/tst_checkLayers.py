@@ -24,6 +24,7 @@ SOUND = {
     "vomap/VOScheme.cpp": '#include "vomap/VOScheme.h"\n#include "vomap/generate/even_p.h"\n',
     "vomap/VOColorSchemeManager.cpp": '#include "vomap/files/Reader_p.h"\n'
                                       '#include "vomap/store/Store_p.h"\n',
+    "vomap/VOColorSchemeMoves.cpp": '#include "vomap/store/Store_p.h"\n',
     "vomap/VOStoreHistory.cpp": '#include "vomap/files/Reader_p.h"\n'
                                 '#include "vomap/store/Store_p.h"\n',
     "vomap/generate/even_p.h": '#include "vomap/rgb_color.h"\n#include <vector>\n',

@@ -103,6 +103,7 @@ VOColorSchemeTeam mergedTeam(const VOColorSchemeTeam &base, const VOColorSchemeT
         group.unknownFields = own && own->unknownFields ? own->unknownFields
                               : other                   ? other->unknownFields
                                                         : nullptr;
+        group.origin = own ? own->origin : other ? other->origin : 0;
         group.schemes = mergedSchemes(was, own, other);
         const bool kept = (own && other) || !was;
         if (kept || !group.schemes.empty())
