@@ -1,5 +1,7 @@
 #include "apps/mapviewer/schemes/SchemeCopy.h"
 
+#include "apps/mapviewer/schemes/storeSchemes.h"
+
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
@@ -34,19 +36,18 @@ VOString freeName(const VOColorSchemeGroup &group, const QString &name)
 
 } // namespace
 
-SchemeCopy::SchemeCopy(const std::optional<SchemeChoice> &choice, VOColorRamp *ramp)
+SchemeCopy::SchemeCopy(const VOColorSchemeId &id, const VOColorScheme &picked, VOColorRamp *ramp)
 {
-    const int index = choice ? choice->schemeIndex() : -1;
-    if (index >= 0) {
-        const VOTeamKind kind = teamKindOf(choice->team);
-        const VOColorSchemeTeam &team = VOColorSchemeManager::instance()->team(kind);
-        const int position = team.index(toVOString(choice->group));
+    const SchemePlace place = placeOf(id, picked);
+    if (!place.isNull()) {
+        const VOTeamKind kind = teamKindOf(toQString(id.team));
         if (kind == CustomTeam) {
-            groupIndex = position;
-            m_schemeIndex = index;
+            m_groupIndex = place.group;
+            m_schemeIndex = place.scheme;
             return;
         }
-        append(team.groups[std::size_t(position)].schemes[std::size_t(index)]);
+        const VOColorSchemeTeam &team = VOColorSchemeManager::instance()->team(kind);
+        append(team.groups[std::size_t(place.group)].schemes[std::size_t(place.scheme)]);
         return;
     }
     VOColorScheme scheme;
@@ -58,12 +59,12 @@ SchemeCopy::SchemeCopy(const std::optional<SchemeChoice> &choice, VOColorRamp *r
 void SchemeCopy::append(const VOColorScheme &scheme)
 {
     const VOString name = toVOString(translated("My schemes"));
-    groupIndex = customTeam().index(name);
-    if (groupIndex < 0) {
+    m_groupIndex = customTeam().index(name);
+    if (m_groupIndex < 0) {
         VOColorSchemeGroup made;
         made.name = name;
         customTeam().groups.push_back(made);
-        groupIndex = int(customTeam().groups.size()) - 1;
+        m_groupIndex = int(customTeam().groups.size()) - 1;
         newGroup = true;
     }
     m_isNew = true;
@@ -77,13 +78,7 @@ void SchemeCopy::append(const VOColorScheme &scheme)
 
 VOColorSchemeGroup *SchemeCopy::group() const
 {
-    return &customTeam().groups[std::size_t(groupIndex)];
-}
-
-SchemeChoice SchemeCopy::keep() const
-{
-    return {teamKey(CustomTeam), toQString(group()->name),
-            toQString(group()->schemes[std::size_t(m_schemeIndex)].name)};
+    return &customTeam().groups[std::size_t(m_groupIndex)];
 }
 
 void SchemeCopy::discard()
@@ -94,7 +89,7 @@ void SchemeCopy::discard()
     if (int(schemes.size()) > m_schemeIndex)
         schemes.erase(schemes.begin() + m_schemeIndex);
     if (newGroup && schemes.empty())
-        customTeam().groups.erase(customTeam().groups.begin() + groupIndex);
+        customTeam().groups.erase(customTeam().groups.begin() + m_groupIndex);
 }
 
 } // namespace mapviewer

@@ -1,10 +1,7 @@
 #pragma once
 
-#include "apps/mapviewer/schemes/SchemeChoice.h"
-
 #include "vomap/VOColorSchemeGroup.h"
-
-#include <optional>
+#include "vomap/VOColorSchemeId.h"
 
 namespace mapviewer {
 
@@ -14,17 +11,19 @@ namespace mapviewer {
 class SchemeCopy
 {
 public:
-    /// Without a choice the copy is a new scheme with a clone of `ramp`, which is not null.
-    SchemeCopy(const std::optional<SchemeChoice> &choice, VTObjects::VOColorRamp *ramp);
+    /// `id` names the chosen scheme, and `picked` is that scheme as it was when it was chosen. With
+    /// a null id the copy is a new scheme with a clone of `ramp`, which is not null.
+    SchemeCopy(const VTObjects::VOColorSchemeId &id, const VTObjects::VOColorScheme &picked,
+               VTObjects::VOColorRamp *ramp);
 
     /// The scheme's group in the store; never null.
     VTObjects::VOColorSchemeGroup *group() const;
+    /// The positions of the group in the custom team, and of the scheme in the group.
+    int groupIndex() const { return m_groupIndex; }
     int schemeIndex() const { return m_schemeIndex; }
     /// True for a copy, false for a scheme that was there before.
     bool isNew() const { return m_isNew; }
 
-    /// Where the scheme is now, by the name that the editor may have given it.
-    SchemeChoice keep() const;
     /// Takes the copy out again, unless the editor has done so, and the group if it was made for
     /// it. A scheme that was there before stays.
     void discard();
@@ -32,7 +31,7 @@ public:
 private:
     void append(const VTObjects::VOColorScheme &scheme);
 
-    int groupIndex = -1;
+    int m_groupIndex = -1;
     int m_schemeIndex = -1;
     bool m_isNew = false;
     bool newGroup = false;

@@ -2,6 +2,7 @@
 
 #include "apps/mapviewer/layers/GridLayer.h"
 #include "apps/mapviewer/layers/PolygonLayer.h"
+#include "apps/mapviewer/schemes/storeSchemes.h"
 #include "apps/mapviewer/window/AppSettings.h"
 #include "apps/mapviewer/window/ElidedCheckBox.h"
 #include "apps/mapviewer/window/LegendWidget.h"
@@ -26,8 +27,10 @@
 
 namespace mapviewer {
 
+using VTObjects::CustomTeam;
 using VTObjects::DefaultTeam;
 using VTObjects::teamKey;
+using VTObjects::VOColorSchemeId;
 
 namespace {
 
@@ -68,7 +71,9 @@ LayerCard::LayerCard(MapLayer *layer, const QStringList &preferredSchemes, QWidg
         addGridOptions(column, grid);
     legend = new LegendWidget(this);
     column->addWidget(legend);
-    connect(m_picker, &VTColorSchemeComboBox::currentRampChanged, this, &LayerCard::onRampChanged);
+    // Not only what the user picks: a scheme that is edited elsewhere stays the layer's.
+    m_picker->setFollowsStore(true);
+    connect(m_picker, &VTColorSchemeComboBox::currentRampChanged, this, &LayerCard::take);
     reloadScheme();
 }
 
@@ -123,8 +128,7 @@ void LayerCard::setOnMap(bool on)
 LayerState LayerCard::state() const
 {
     LayerState state = LayerState::of(*m_layer);
-    if (choice)
-        state.scheme = choice->toText();
+    state.scheme = currentScheme().toText();
     return state;
 }
 
@@ -253,52 +257,50 @@ QString LayerCard::settingsKey() const
 
 void LayerCard::reloadScheme()
 {
-    choice = SchemeChoice::read(appSettings(), settingsKey());
-    if (!choice || choice->schemeIndex() < 0)
-        choice = builtInScheme(schemeGroup(), preferred);
+    const auto remembered =
+        VOColorSchemeId::fromText(appSettings().value(settingsKey()).toString());
     // A store without built-in schemes leaves the picker's own default ramp.
-    if (choice)
-        m_picker->setDefaultGroup(choice->team, choice->group, choice->schemeIndex());
+    if (!m_picker->setCurrentScheme(remembered))
+        m_picker->setCurrentScheme(builtInScheme(schemeGroup(), preferred));
     m_layer->setRamp(m_picker->currentColorRamp());
     showChange();
 }
 
 void LayerCard::syncWithStore()
 {
-    const int index = choice ? choice->schemeIndex() : -1;
-    if (index < 0) {
-        choice.reset();
-        // Groups may have moved: the drop-down must not list whatever stands there now.
+    // Once more, as the store may have changed without saying so.
+    m_picker->setFollowsStore(true);
+    if (!currentScheme().isNull())
+        take();
+    else if (m_picker->groupName().isEmpty()) // the drop-down shall list something
         m_picker->setDefaultGroup(teamKey(DefaultTeam), schemeGroup(), -1);
-        return;
-    }
-    m_picker->setDefaultGroup(choice->team, choice->group, index);
-    m_layer->setRamp(m_picker->currentColorRamp());
-    showChange();
 }
 
-bool LayerCard::choose(const SchemeChoice &wanted)
+VOColorSchemeId LayerCard::currentScheme() const
 {
-    const int index = wanted.schemeIndex();
-    if (index < 0 || !m_picker->setDefaultGroup(wanted.team, wanted.group, index))
+    return m_picker->currentSchemeId();
+}
+
+bool LayerCard::choose(const VOColorSchemeId &id)
+{
+    if (!m_picker->setCurrentScheme(id))
         return false;
-    take(wanted);
+    take();
     return true;
 }
 
-void LayerCard::onRampChanged()
+void LayerCard::chooseOwn(int group, int scheme)
 {
-    take(findScheme(m_picker->currentColorRamp()));
+    if (m_picker->setDefaultGroup(teamKey(CustomTeam), group, scheme))
+        take();
 }
 
-void LayerCard::take(const std::optional<SchemeChoice> &chosen)
+void LayerCard::take()
 {
-    choice = chosen;
     m_layer->setRamp(m_picker->currentColorRamp());
-    if (choice) {
-        QSettings settings = appSettings();
-        choice->write(&settings, settingsKey());
-    }
+    const VOColorSchemeId id = currentScheme();
+    if (!id.isNull())
+        appSettings().setValue(settingsKey(), id.toText());
     showChange();
 }
 

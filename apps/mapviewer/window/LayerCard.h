@@ -1,9 +1,10 @@
 #pragma once
 
 #include "apps/mapviewer/layers/MapLayer.h"
-#include "apps/mapviewer/schemes/SchemeChoice.h"
 #include "apps/mapviewer/window/CardFrame.h"
 #include "apps/mapviewer/window/LayerState.h"
+
+#include "vomap/VOColorSchemeId.h"
 
 class QCheckBox;
 class QComboBox;
@@ -30,14 +31,17 @@ public:
 
     MapLayer *layer() const { return m_layer; }
     VTColorSchemeComboBox *picker() const { return m_picker; }
-    /// The scheme that the picker shows; nothing when the store had no such scheme.
-    std::optional<SchemeChoice> currentScheme() const { return choice; }
+    /// The scheme that was picked, by the names that it has now; null when the store has it no
+    /// more.
+    VTObjects::VOColorSchemeId currentScheme() const;
     /// What the next run shall find again.
     LayerState state() const;
     /// Says so on the card when the layer is in other coordinates than the map that is shown.
     void setOnMap(bool on);
     /// Shows another scheme of the store, as if the user had picked it. False if it is gone.
-    bool choose(const SchemeChoice &choice);
+    bool choose(const VTObjects::VOColorSchemeId &id);
+    /// The same for a scheme of the user's own by its place, where names do not tell two apart.
+    void chooseOwn(int group, int scheme);
     /// Another store: finds the remembered scheme in it, else a default.
     void reloadScheme();
     /// The store has changed: takes the scheme as it is there now. When it is gone the layer
@@ -58,8 +62,7 @@ private:
     void addPicker(QVBoxLayout *column);
     void addClassification(QVBoxLayout *column);
     void addGridOptions(QVBoxLayout *column, GridLayer *grid);
-    void onRampChanged();
-    void take(const std::optional<SchemeChoice> &chosen);
+    void take();
     void onMethodChosen(int index);
     void onFieldChosen(const QString &field);
     void fillMethods();
@@ -71,7 +74,6 @@ private:
     MapLayer *m_layer;
     PolygonLayer *polygons; // the layer if it is one, else null
     QStringList preferred;
-    std::optional<SchemeChoice> choice;
     VTColorSchemeComboBox *m_picker = nullptr;
     QComboBox *methods = nullptr;
     QSpinBox *classCount = nullptr;

@@ -22,7 +22,7 @@ struct LayerState
     QString field;      ///< of polygons; else empty
     bool hillShading = false;
     bool zeroInMiddle = false;
-    QString scheme; ///< as SchemeChoice::toText() has it; empty for none
+    QString scheme; ///< as VOColorSchemeId::toText() has it; empty for none
 
     /// All but the scheme, which the layer does not know.
     static LayerState of(const MapLayer &layer);

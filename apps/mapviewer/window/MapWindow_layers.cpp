@@ -118,8 +118,7 @@ void MapWindow::addLayer(std::unique_ptr<MapLayer> layer, const LayerState &stat
     auto *card = new LayerCard(layer.get(), schemesFor(layer->path()), panel);
     layers.insert(layers.begin(), std::move(layer));
     cardColumn->insertWidget(0, card);
-    if (const auto choice = SchemeChoice::fromText(state.scheme))
-        card->choose(*choice);
+    card->choose(VTObjects::VOColorSchemeId::fromText(state.scheme));
     connect(card, &LayerCard::changed, this, [this] {
         m_map->refresh();
         rememberLayers();

@@ -74,18 +74,27 @@ void MapWindow::editScheme(LayerCard *card)
 {
     // The user's own schemes are edited where they are; of any other a copy is made, so that what
     // ships with the program, and favourites, stay what they were.
-    SchemeCopy copy(card->currentScheme(), card->picker()->currentColorRamp());
+    const VTObjects::VOColorSchemeId before = card->currentScheme();
+    SchemeCopy copy(before, card->picker()->currentScheme(), card->picker()->currentColorRamp());
+    QList<LayerCard *> together{card};
+    if (!copy.isNew()) {
+        for (LayerCard *other : cards()) {
+            if (other != card && other->currentScheme() == before &&
+                VOColorSchemeManager::areEqual(other->picker()->currentScheme(),
+                                               card->picker()->currentScheme()))
+                together.append(other);
+        }
+    }
     VTColorSchemeEditor editor(copy.schemeIndex(), copy.group(), copy.isNew(), this);
     if (editor.exec() != QDialog::Accepted) {
         copy.discard();
         return;
     }
-    const SchemeChoice edited = copy.keep();
+    // By its place: it may have another name now.
+    for (LayerCard *each : together)
+        each->chooseOwn(copy.groupIndex(), copy.schemeIndex());
     // The guard tells of a failure; the scheme is used all the same.
     VOColorSchemeManager::instance()->saveCustomTeam();
-    // Other layers may show the same scheme.
-    syncCards();
-    card->choose(edited);
 }
 
 void MapWindow::onOpenStore()

@@ -34,7 +34,7 @@ private:
     VOColorSchemeTeam &custom() { return VOColorSchemeManager::instance()->customTeam; }
 
     std::unique_ptr<TestStore> store;
-    SchemeChoice builtIn;
+    VOColorSchemeId builtIn;
     VOEvenColorRamp ramp;
 };
 
@@ -48,24 +48,22 @@ void tst_SchemeCopy::init()
 void tst_SchemeCopy::theUsersOwnSchemeIsEditedInPlace()
 {
     custom().groups = {makeGroup("x", {"a"}), makeGroup("y", {"a", "b"})};
-    SchemeCopy copy(SchemeChoice{"Custom", "y", "b"}, &ramp);
+    SchemeCopy copy(VOColorSchemeId{"Custom", "y", "b"}, {}, &ramp);
     QVERIFY(!copy.isNew());
     QCOMPARE(copy.group(), &custom().groups[1]);
     QCOMPARE(copy.schemeIndex(), 1);
-    custom().groups[1].schemes[1].name = L"renamed";
-    QCOMPARE(copy.keep().schemeIndex(), 1);
-    QCOMPARE(copy.keep().scheme, QString("renamed"));
+    QCOMPARE(copy.groupIndex(), 1);
 }
 
 void tst_SchemeCopy::ofABuiltInSchemeACopyIsMade()
 {
-    const SchemeCopy copy(builtIn, &ramp);
+    const SchemeCopy copy(builtIn, {}, &ramp);
     QVERIFY(copy.isNew());
     QCOMPARE(custom().groups.size(), std::size_t(1));
     QCOMPARE(custom().groups[0].name, "My schemes");
     QCOMPARE(schemeNames(custom().groups[0]), QStringList({"b"}));
-    QCOMPARE(copy.keep().team, QString("Custom"));
-    QCOMPARE(copy.keep().schemeIndex(), 0);
+    QCOMPARE(copy.groupIndex(), 0);
+    QCOMPARE(copy.schemeIndex(), 0);
     // The copy has a ramp of its own.
     custom().groups[0].schemes[0].colorRamp->setColor(0, rgb_color<float>(1.0F, 1.0F, 1.0F));
     const VOColorScheme &original =
@@ -75,9 +73,9 @@ void tst_SchemeCopy::ofABuiltInSchemeACopyIsMade()
 
 void tst_SchemeCopy::copiesHaveNamesOfTheirOwn()
 {
-    const SchemeCopy first(builtIn, &ramp);
-    const SchemeCopy second(builtIn, &ramp);
-    const SchemeCopy third(builtIn, &ramp);
+    const SchemeCopy first(builtIn, {}, &ramp);
+    const SchemeCopy second(builtIn, {}, &ramp);
+    const SchemeCopy third(builtIn, {}, &ramp);
     QCOMPARE(schemeNames(custom().groups[0]), QStringList({"b", "b 2", "b 3"}));
     QCOMPARE(third.schemeIndex(), 2);
 }
@@ -86,9 +84,9 @@ void tst_SchemeCopy::withoutASchemeTheRampBecomesOne()
 {
     ramp.deleteAll();
     ramp.addColor(rgb_color<float>(1.0F, 2.0F, 3.0F));
-    for (const std::optional<SchemeChoice> &choice :
-         {std::optional<SchemeChoice>(), std::optional<SchemeChoice>({"Default", "DEM", "gone"})}) {
-        const SchemeCopy copy(choice, &ramp);
+    for (const VOColorSchemeId &id :
+         {VOColorSchemeId(), VOColorSchemeId{"Default", "DEM", "gone"}}) {
+        const SchemeCopy copy(id, {}, &ramp);
         QVERIFY(copy.isNew());
         const VOColorScheme &made = copy.group()->schemes[std::size_t(copy.schemeIndex())];
         QCOMPARE(made.colorRamp->getLevel(), 1U);
@@ -99,8 +97,8 @@ void tst_SchemeCopy::withoutASchemeTheRampBecomesOne()
 
 void tst_SchemeCopy::discardTakesTheCopyOutAgain()
 {
-    SchemeCopy first(builtIn, &ramp);
-    SchemeCopy second(builtIn, &ramp);
+    SchemeCopy first(builtIn, {}, &ramp);
+    SchemeCopy second(builtIn, {}, &ramp);
     second.discard();
     QCOMPARE(schemeNames(custom().groups[0]), QStringList({"b"}));
     // The first one made the group, which goes with it.
@@ -111,7 +109,7 @@ void tst_SchemeCopy::discardTakesTheCopyOutAgain()
 void tst_SchemeCopy::discardAfterTheEditorHasRemovedTheCopy()
 {
     custom().groups = {makeGroup("My schemes", {"x"})};
-    SchemeCopy copy(builtIn, &ramp);
+    SchemeCopy copy(builtIn, {}, &ramp);
     copy.group()->schemes.pop_back();
     copy.discard();
     QCOMPARE(custom().groups.size(), std::size_t(1));
@@ -121,7 +119,7 @@ void tst_SchemeCopy::discardAfterTheEditorHasRemovedTheCopy()
 void tst_SchemeCopy::discardLeavesWhatWasThere()
 {
     custom().groups = {makeGroup("x", {"a"})};
-    SchemeCopy copy(SchemeChoice{"Custom", "x", "a"}, &ramp);
+    SchemeCopy copy(VOColorSchemeId{"Custom", "x", "a"}, {}, &ramp);
     copy.discard();
     QCOMPARE(schemeNames(custom().groups[0]), QStringList({"a"}));
 }

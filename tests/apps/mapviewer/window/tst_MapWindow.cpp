@@ -90,7 +90,7 @@ void tst_MapWindow::startsWithThreeLayersAndTheirLegends()
     for (LayerCard *shown : cards) {
         const Legend legend = shown->findChild<LegendWidget *>()->legend();
         QVERIFY(!legend.strip.isEmpty() || legend.classes.size() >= 7);
-        QVERIFY(shown->currentScheme());
+        QVERIFY(!shown->currentScheme().isNull());
         QVERIFY(!shown->layer()->source().isEmpty());
     }
     auto *countries = static_cast<PolygonLayer *>(cards.at(2)->layer());

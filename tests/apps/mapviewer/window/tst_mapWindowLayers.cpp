@@ -19,6 +19,7 @@
 #include <QtTest>
 
 using namespace mapviewer;
+using namespace VTObjects;
 
 /// The panel of layers: what it remembers and how it is used.
 class tst_mapWindowLayers : public MapWindowTest
@@ -91,7 +92,7 @@ void tst_mapWindowLayers::layersAndTheirGradingComeBack()
     QCOMPARE(titles(*window).first(), QString("mine"));
     QVERIFY(static_cast<GridLayer *>(card("mine")->layer())->zeroInMiddle());
     QVERIFY(card("mine")->findChild<QCheckBox *>("zeroInMiddle")->isChecked());
-    QCOMPARE(card("mine")->currentScheme()->scheme, QString("Dry relief"));
+    QCOMPARE(card("mine")->currentScheme().scheme, VOString("Dry relief"));
     QVERIFY(!static_cast<GridLayer *>(card("Terrain")->layer())->hillShading());
     QVERIFY(!card("Terrain")->layer()->isVisible());
     QVERIFY(!card("Terrain")->findChild<QCheckBox *>()->isChecked());
@@ -177,8 +178,8 @@ void tst_mapWindowLayers::twoMapsOfOneNameKeepTheirOwnSchemes()
     QVERIFY(both.at(0)->choose({"Default", "DEM", "Temperate hills"}));
     QVERIFY(both.at(1)->choose({"Default", "DEM", "Dry relief"}));
     open();
-    QCOMPARE(window->cards().at(0)->currentScheme()->scheme, QString("Temperate hills"));
-    QCOMPARE(window->cards().at(1)->currentScheme()->scheme, QString("Dry relief"));
+    QCOMPARE(window->cards().at(0)->currentScheme().scheme, VOString("Temperate hills"));
+    QCOMPARE(window->cards().at(1)->currentScheme().scheme, VOString("Dry relief"));
 }
 
 void tst_mapWindowLayers::aFileOfTheLastRunIsNotOpenedTwice()

@@ -1,7 +1,9 @@
 #include "tests/support/MapWindowTest.h"
 
+#include "tests/support/ManagerAtWork.h"
 #include "tests/support/ModalDriver.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/toString.h"
 
 #include "apps/mapviewer/layers/RampColors.h"
 #include "apps/mapviewer/window/AppSettings.h"
@@ -9,12 +11,14 @@
 
 #include "colorscheme/editor/VTColorSchemeEditor.h"
 #include "colorscheme/manager/VTColorSchemeManager.h"
+#include "colorscheme/manager/VTLineEditWidget.h"
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "vomap/VOColorSchemeManager.h"
 
 #include <QAction>
 #include <QDir>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QToolButton>
@@ -50,6 +54,11 @@ private Q_SLOTS:
     void canceledEditingLeavesNoCopy_data();
     void canceledEditingLeavesNoCopy();
     void editingTheUsersOwnSchemeChangesIt();
+    void thePickedSchemeIsEditedAmongEqualOnes_data();
+    void thePickedSchemeIsEditedAmongEqualOnes();
+    void ofTwoSchemesOfOneNameThePickedOneIsEdited();
+    void aSchemeRenamedInTheManagerStaysTheLayers();
+    void aSchemeRenamedInTheEditorStaysTheLayers();
 };
 
 static void pick(LayerCard *card, const QString &group, int scheme)
@@ -95,7 +104,7 @@ void tst_mapWindowSchemes::aSchemeChosenInTheDropDownRecolorsTheMap()
     });
     QTest::mouseClick(countries->picker(), Qt::LeftButton);
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QCOMPARE(countries->currentScheme()->schemeIndex(), 1);
+    QCOMPARE(countries->currentScheme().scheme, group.schemes[1].name);
     QCOMPARE(pixelAt(outback.x(), outback.y()), rampColors(group.schemes[1].colorRamp).last());
 }
 
@@ -112,13 +121,13 @@ void tst_mapWindowSchemes::theChosenSchemeComesBack()
 {
     pick(card("Countries"), "Range", 2);
     pick(card("Terrain"), "Random", 1);
-    const SchemeChoice countries = *card("Countries")->currentScheme();
-    const SchemeChoice terrain = *card("Terrain")->currentScheme();
+    const VOColorSchemeId countries = card("Countries")->currentScheme();
+    const VOColorSchemeId terrain = card("Terrain")->currentScheme();
     const QRgb color = pixelAt(outback.x(), outback.y());
     open();
-    QCOMPARE(card("Countries")->currentScheme()->scheme, countries.scheme);
-    QCOMPARE(card("Terrain")->currentScheme()->group, QString("Random"));
-    QCOMPARE(card("Terrain")->currentScheme()->scheme, terrain.scheme);
+    QCOMPARE(card("Countries")->currentScheme().scheme, countries.scheme);
+    QCOMPARE(card("Terrain")->currentScheme().group, VOString("Random"));
+    QCOMPARE(card("Terrain")->currentScheme().scheme, terrain.scheme);
     QCOMPARE(pixelAt(outback.x(), outback.y()), color);
 }
 
@@ -130,23 +139,23 @@ void tst_mapWindowSchemes::aSchemeThatIsGoneIsReplacedByADefault()
     QVERIFY(card("Countries")->choose({"Custom", "Mine", "one"}));
     QVERIFY(!card("Countries")->choose({"Custom", "Mine", "two"}));
     open();
-    QCOMPARE(card("Countries")->currentScheme()->group, QString("Mine"));
+    QCOMPARE(card("Countries")->currentScheme().group, VOString("Mine"));
     VOColorSchemeManager::instance()->customTeam.groups.clear();
     open();
-    QCOMPARE(card("Countries")->currentScheme()->team, QString("Default"));
-    QCOMPARE(card("Countries")->currentScheme()->group, QString("Range"));
+    QCOMPARE(card("Countries")->currentScheme().team, VOString("Default"));
+    QCOMPARE(card("Countries")->currentScheme().group, VOString("Range"));
 }
 
 void tst_mapWindowSchemes::anotherMethodAsksForAnotherGroup()
 {
     LayerCard *countries = card("Countries");
-    QCOMPARE(countries->currentScheme()->group, QString("Range"));
-    const SchemeChoice range = *countries->currentScheme();
+    QCOMPARE(countries->currentScheme().group, VOString("Range"));
+    const VOColorSchemeId range = countries->currentScheme();
     choose(countries->findChild<QComboBox *>("classificationMethod"), "Unique values");
     QCOMPARE(countries->layer()->classificationMethod(), ClassificationMethod::UniqueValues);
-    QCOMPARE(countries->currentScheme()->group, QString("Unique"));
+    QCOMPARE(countries->currentScheme().group, VOString("Unique"));
     choose(countries->findChild<QComboBox *>("classificationMethod"), "Equal intervals");
-    QCOMPARE(countries->currentScheme()->scheme, range.scheme);
+    QCOMPARE(countries->currentScheme().scheme, range.scheme);
 }
 
 void tst_mapWindowSchemes::aNumberAfterATextIsShownInRanges()
@@ -158,7 +167,7 @@ void tst_mapWindowSchemes::aNumberAfterATextIsShownInRanges()
     QCOMPARE(countries->findChild<QComboBox *>("classificationMethod")->count(), 1);
     choose(countries->findChild<QComboBox *>("field"), "Population");
     QCOMPARE(countries->layer()->classificationMethod(), ClassificationMethod::Quantiles);
-    QCOMPARE(countries->currentScheme()->group, QString("Range"));
+    QCOMPARE(countries->currentScheme().group, VOString("Range"));
 }
 
 void tst_mapWindowSchemes::anotherStoreIsTaken()
@@ -280,13 +289,13 @@ void tst_mapWindowSchemes::aLayerKeepsItsColorsWhenItsSchemeIsGone()
     customGroups().clear();
     card("Countries")->syncWithStore();
     QCOMPARE(pixelAt(outback.x(), outback.y()), qRgb(1, 2, 3));
-    QVERIFY(!card("Countries")->currentScheme());
+    QVERIFY(card("Countries")->currentScheme().isNull());
 }
 
 void tst_mapWindowSchemes::editingABuiltInSchemeMakesACopyOfIt()
 {
     LayerCard *countries = card("Countries");
-    const SchemeChoice before = *countries->currentScheme();
+    const VOColorSchemeId before = countries->currentScheme();
     ModalDriver driver;
     driver.next([](QWidget *dialog) {
         auto *editor = qobject_cast<VTColorSchemeEditor *>(dialog);
@@ -297,10 +306,10 @@ void tst_mapWindowSchemes::editingABuiltInSchemeMakesACopyOfIt()
     });
     QTest::mouseClick(countries->findChild<QToolButton *>("editScheme"), Qt::LeftButton);
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    const SchemeChoice after = *countries->currentScheme();
-    QCOMPARE(after.team, QString("Custom"));
+    const VOColorSchemeId after = countries->currentScheme();
+    QCOMPARE(after.team, VOString("Custom"));
     QCOMPARE(after.scheme, before.scheme);
-    QVERIFY(before.schemeIndex() >= 0);
+    QVERIFY(VOColorSchemeManager::instance()->find(before));
     // It is used, and it is on the disk.
     QCOMPARE(countries->picker()->currentColorRamp()->getLevel(),
              customGroups()[0].schemes[0].colorRamp->getLevel());
@@ -318,7 +327,7 @@ void tst_mapWindowSchemes::canceledEditingLeavesNoCopy_data()
 void tst_mapWindowSchemes::canceledEditingLeavesNoCopy()
 {
     QFETCH(bool, byButton);
-    const SchemeChoice before = *card("Countries")->currentScheme();
+    const VOColorSchemeId before = card("Countries")->currentScheme();
     ModalDriver driver;
     driver.next([byButton](QWidget *dialog) {
         auto *cancel = dialog->findChild<QPushButton *>("pushButton_cancel");
@@ -330,8 +339,8 @@ void tst_mapWindowSchemes::canceledEditingLeavesNoCopy()
     QTest::mouseClick(card("Countries")->findChild<QToolButton *>("editScheme"), Qt::LeftButton);
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     QVERIFY(customGroups().empty());
-    QCOMPARE(card("Countries")->currentScheme()->scheme, before.scheme);
-    QCOMPARE(card("Countries")->currentScheme()->team, QString("Default"));
+    QCOMPARE(card("Countries")->currentScheme().scheme, before.scheme);
+    QCOMPARE(card("Countries")->currentScheme().team, VOString("Default"));
 }
 
 void tst_mapWindowSchemes::editingTheUsersOwnSchemeChangesIt()
@@ -350,7 +359,129 @@ void tst_mapWindowSchemes::editingTheUsersOwnSchemeChangesIt()
     QCOMPARE(customGroups()[0].schemes.size(), std::size_t(2));
     QCOMPARE(customGroups()[0].schemes[1].colorRamp->getLevel(), 5U);
     QCOMPARE(card("Countries")->picker()->currentColorRamp()->getLevel(), 5U);
-    QCOMPARE(card("Countries")->currentScheme()->scheme, QString("two"));
+    QCOMPARE(card("Countries")->currentScheme().scheme, VOString("two"));
+}
+
+// Picks the entry at that position of the drop-down, from which the group is listed already.
+static void pickEntry(LayerCard *card, int position)
+{
+    ModalDriver driver;
+    driver.next([position](QWidget *menu) {
+        QTest::keyClick(menu, Qt::Key_Home);
+        for (int i = 0; i < position; ++i)
+            QTest::keyClick(menu, Qt::Key_Down);
+        QTest::keyClick(menu, Qt::Key_Return);
+    });
+    QTest::mouseClick(card->picker(), Qt::LeftButton);
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+}
+
+// What "Edit…" has in its name field; the editor is left by Escape.
+static QString editedName(LayerCard *card)
+{
+    QString name;
+    ModalDriver driver;
+    driver.next([&name](QWidget *dialog) {
+        name = dialog->findChild<VTLineEditWidget *>()->lineEdit()->text();
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    QTest::mouseClick(card->findChild<QToolButton *>("editScheme"), Qt::LeftButton);
+    return driver.allSeen() ? name : driver.problem();
+}
+
+void tst_mapWindowSchemes::thePickedSchemeIsEditedAmongEqualOnes_data()
+{
+    QTest::addColumn<int>("position");
+    QTest::newRow("the first") << 0;
+    QTest::newRow("the second") << 1;
+    QTest::newRow("the third") << 2;
+}
+
+void tst_mapWindowSchemes::thePickedSchemeIsEditedAmongEqualOnes()
+{
+    // Given schemes that nobody can tell by their colors
+    QFETCH(int, position);
+    customGroups() = {makeGroup("Mine", {"one", "two", "three"})};
+    LayerCard *countries = card("Countries");
+    QVERIFY(countries->choose({"Custom", "Mine", "one"}));
+    pickEntry(countries, position);
+    QCOMPARE(countries->currentScheme().scheme,
+             customGroups()[0].schemes[std::size_t(position)].name);
+    QCOMPARE(editedName(countries), QStringList({"one", "two", "three"}).at(position));
+    // Also after the next start.
+    open();
+    QCOMPARE(editedName(card("Countries")), QStringList({"one", "two", "three"}).at(position));
+}
+
+void tst_mapWindowSchemes::ofTwoSchemesOfOneNameThePickedOneIsEdited()
+{
+    customGroups() = {makeGroup("Mine", {"one", "one"})};
+    customGroups()[0].schemes[1].colorRamp->setColor(0, rgb_color<float>(1.0F, 2.0F, 3.0F));
+    LayerCard *countries = card("Countries");
+    QVERIFY(countries->choose({"Custom", "Mine", "one"}));
+    pickEntry(countries, 1);
+    ModalDriver driver;
+    driver.next([](QWidget *dialog) {
+        dialog->findChild<QSpinBox *>("spinBox_level")->setValue(5);
+        QTest::mouseClick(dialog->findChild<QPushButton *>("pushButton_ok"), Qt::LeftButton);
+    });
+    QTest::mouseClick(countries->findChild<QToolButton *>("editScheme"), Qt::LeftButton);
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(customGroups()[0].schemes[0].colorRamp->getLevel(), 10U);
+    QCOMPARE(customGroups()[0].schemes[1].colorRamp->getLevel(), 5U);
+    QCOMPARE(countries->picker()->currentColorRamp()->getLevel(), 5U);
+}
+
+void tst_mapWindowSchemes::aSchemeRenamedInTheManagerStaysTheLayers()
+{
+    customGroups() = {makeGroup("Mine", {"one", "two"})};
+    QVERIFY(VOColorSchemeManager::instance()->save());
+    QVERIFY(card("Countries")->choose({"Custom", "Mine", "two"}));
+    const QRgb color = pixelAt(outback.x(), outback.y());
+    ModalDriver driver;
+    driver.next([](QWidget *dialog) {
+        auto *manager = qobject_cast<VTColorSchemeManager *>(dialog);
+        QVERIFY(manager);
+        ManagerUser user(*manager);
+        user.click(1, 0);
+        const QPoint name = user.table->visualRect(user.model->index(1, 2)).center();
+        QTest::mouseClick(user.table->viewport(), Qt::LeftButton, Qt::NoModifier, name);
+        QTest::mouseDClick(user.table->viewport(), Qt::LeftButton, Qt::NoModifier, name);
+        auto *field = user.table->viewport()->findChild<VTLineEditWidget *>();
+        QVERIFY(field);
+        field->lineEdit()->selectAll();
+        QTest::keyClicks(field->lineEdit(), "valleys");
+        QTest::keyClick(field->lineEdit(), Qt::Key_Return);
+        QTest::mouseClick(user.ok, Qt::LeftButton);
+    });
+    driver.next(pressText("Yes"));
+    window->manageSchemes();
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(schemeNames(customGroups()[0]), QStringList({"one", "valleys"}));
+    QCOMPARE(card("Countries")->currentScheme().scheme, VOString("valleys"));
+    QCOMPARE(pixelAt(outback.x(), outback.y()), color);
+    open();
+    QCOMPARE(card("Countries")->currentScheme().scheme, VOString("valleys"));
+    QCOMPARE(pixelAt(outback.x(), outback.y()), color);
+}
+
+void tst_mapWindowSchemes::aSchemeRenamedInTheEditorStaysTheLayers()
+{
+    customGroups() = {makeGroup("Mine", {"one", "two"})};
+    // Two layers show it, and both go on with it.
+    QVERIFY(card("Countries")->choose({"Custom", "Mine", "two"}));
+    QVERIFY(card("Terrain")->choose({"Custom", "Mine", "two"}));
+    ModalDriver driver;
+    driver.next([](QWidget *dialog) {
+        QLineEdit *name = dialog->findChild<VTLineEditWidget *>()->lineEdit();
+        name->selectAll();
+        QTest::keyClicks(name, "valleys");
+        QTest::mouseClick(dialog->findChild<QPushButton *>("pushButton_ok"), Qt::LeftButton);
+    });
+    QTest::mouseClick(card("Countries")->findChild<QToolButton *>("editScheme"), Qt::LeftButton);
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(card("Countries")->currentScheme().scheme, VOString("valleys"));
+    QCOMPARE(card("Terrain")->currentScheme().scheme, VOString("valleys"));
 }
 
 VT_TEST_MAIN(tst_mapWindowSchemes)

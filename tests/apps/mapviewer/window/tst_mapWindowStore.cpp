@@ -195,7 +195,7 @@ void tst_mapWindowStore::aFailedEditIsTold()
     editFirstScheme(&driver);
     driver.next(pressNamed("later"));
     QTRY_VERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QCOMPARE(card("Countries")->currentScheme()->team, QString("Custom"));
+    QCOMPARE(card("Countries")->currentScheme().team, VOString("Custom"));
     QVERIFY(notice("unsavedSchemes"));
 }
 
