@@ -79,7 +79,6 @@ VTColorSchemeEditor::VTColorSchemeEditor(int index, VOColorSchemeGroup *group, b
     ui->setupUi(this);
     initUi();
     setupConnections();
-    setupKeys();
 }
 
 VTColorSchemeEditor::~VTColorSchemeEditor()
@@ -91,8 +90,6 @@ VTColorSchemeEditor::~VTColorSchemeEditor()
 
 void VTColorSchemeEditor::initUi()
 {
-    if (isNewScheme)
-        setWindowTitle(tr("Add color scheme"));
     setWindowFlags(Qt::Dialog | Qt::WindowCloseButtonHint);
     setFixedWidth(dialogWidth);
 
@@ -109,10 +106,9 @@ void VTColorSchemeEditor::initUi()
     ui->colorView->installEventFilter(this);
     describeParts();
 
-    ui->comboBox_type->insertItem(VOColorRamp::RandomRamp, tr("Random"));
-    ui->comboBox_type->insertItem(VOColorRamp::RandomHsvRamp, tr("RandomForHsv"));
-    ui->comboBox_type->insertItem(VOColorRamp::EvenRamp, tr("Even"));
-    ui->comboBox_type->insertItem(VOColorRamp::PredefineRamp, tr("Predefine"));
+    for (int kind = VOColorRamp::RandomRamp; kind <= VOColorRamp::PredefineRamp; ++kind)
+        ui->comboBox_type->insertItem(kind, QString());
+    setTexts();
 
     const VOColorScheme empty;
     const VOColorScheme *const stored = currentScheme();
@@ -120,6 +116,36 @@ void VTColorSchemeEditor::initUi()
     typeChangeUi(scheme.colorRamp ? scheme.colorRamp->category() : VOColorRamp::EvenRamp);
     viewScheme(scheme);
     memory = new DialogMemory(this, QStringLiteral("editor"));
+}
+
+void VTColorSchemeEditor::setTexts()
+{
+    if (isNewScheme)
+        setWindowTitle(tr("Add color scheme"));
+    ui->comboBox_type->setItemText(VOColorRamp::RandomRamp, tr("Random"));
+    ui->comboBox_type->setItemText(VOColorRamp::RandomHsvRamp, tr("RandomForHsv"));
+    ui->comboBox_type->setItemText(VOColorRamp::EvenRamp, tr("Even"));
+    ui->comboBox_type->setItemText(VOColorRamp::PredefineRamp, tr("Predefine"));
+    ui->colorView->setAccessibleName(tr("Colors"));
+    ui->previewLabel->setAccessibleName(tr("Preview"));
+    // The label beside it belongs to the whole name field and not to the line in it.
+    ui->nameWidget->lineEdit()->setAccessibleName(ui->label->text());
+    setupKeys();
+}
+
+void VTColorSchemeEditor::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange && colorModel) {
+        const QPixmap shown = ui->previewLabel->pixmap(Qt::ReturnByValue);
+        ui->retranslateUi(this);
+        ui->previewLabel->setPixmap(shown); // a text, be it none, takes its place
+        setTexts();
+        Q_EMIT colorModel->headerDataChanged(Qt::Horizontal, 0, VTColorModel::ColumnCount - 1);
+        describePreview(updateColorRamp().get());
+        if (ui->nameWidget->hasWarning())
+            onNameChanged(ui->nameWidget->lineEdit()->text());
+    }
+    QDialog::changeEvent(event);
 }
 
 void VTColorSchemeEditor::describeParts()
@@ -133,10 +159,6 @@ void VTColorSchemeEditor::describeParts()
         }
         return words;
     });
-    ui->colorView->setAccessibleName(tr("Colors"));
-    ui->previewLabel->setAccessibleName(tr("Preview"));
-    // The label beside it belongs to the whole name field and not to the line in it.
-    ui->nameWidget->lineEdit()->setAccessibleName(ui->label->text());
 }
 
 void VTColorSchemeEditor::setupConnections()
@@ -257,6 +279,11 @@ void VTColorSchemeEditor::viewScheme(const VOColorScheme &scheme)
 void VTColorSchemeEditor::showPreview(VOColorRamp *ramp)
 {
     ui->previewLabel->setPixmap(colorRampPreviewPixmap(ramp, previewSize));
+    describePreview(ramp);
+}
+
+void VTColorSchemeEditor::describePreview(VOColorRamp *ramp)
+{
     ui->previewLabel->setAccessibleDescription(describeColorRamp(ramp));
 }
 

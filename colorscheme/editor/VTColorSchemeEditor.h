@@ -55,6 +55,7 @@ public:
     ~VTColorSchemeEditor() override;
 
 protected:
+    void changeEvent(QEvent *event) override;
     bool eventFilter(QObject *object, QEvent *event) override;
 
 private Q_SLOTS:
@@ -78,7 +79,9 @@ private Q_SLOTS:
 
 private:
     void initUi();
+    void setTexts();
     void describeParts();
+    void describePreview(VTObjects::VOColorRamp *ramp);
     void setupConnections();
     void setupKeys();
     void typeChangeUi(VTObjects::VOColorRamp::ColorRampType type);

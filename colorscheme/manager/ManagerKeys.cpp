@@ -1,38 +1,18 @@
 #include "colorscheme/manager/ManagerKeys_p.h"
 
 #include "colorscheme/manager/VTColorSchemeView.h"
+#include "colorscheme/model/actionKeys_p.h"
 
 #include "ui_VTColorSchemeManagerBase.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QToolButton>
 
 namespace vtcontrolcolorscheme {
 
-namespace {
-
-void nameKey(QAction *action, const QKeySequence &key)
-{
-    action->setToolTip(
-        QCoreApplication::translate("VTColorSchemeManager", "%1 (%2)", "a command and its key")
-            .arg(action->text(), key.toString(QKeySequence::NativeText)));
-}
-
-/// A key that stands for a command while the keyboard is in the table, and only there: an open
-/// field in it and the tree beside it need the same keys.
-void setKey(QAction *action, const QKeySequence &key, QWidget *table)
-{
-    action->setShortcut(key);
-    action->setShortcutContext(Qt::WidgetShortcut);
-    table->addAction(action);
-    nameKey(action, key);
-}
-
-} // namespace
-
 ManagerKeys::ManagerKeys(const Ui::VTColorSchemeManagerBase &ui, QObject *manager)
     : QObject(manager)
+    , ui(ui)
     , tree(ui.teamView)
 {
     QWidget *last = ui.teamView;
@@ -52,12 +32,18 @@ ManagerKeys::ManagerKeys(const Ui::VTColorSchemeManagerBase &ui, QObject *manage
     goOnTo(ui.pushButton_ok);
     goOnTo(ui.pushButton_cancel);
 
-    setKey(ui.actionAdd_scheme, QKeySequence(Qt::Key_Insert), ui.schemeView);
-    setKey(ui.actionDelete_scheme, QKeySequence(Qt::Key_Delete), ui.schemeView);
-    setKey(ui.actionSelect_all, QKeySequence(Qt::CTRL + Qt::Key_A), ui.schemeView);
-    nameKey(ui.actionEdit_scheme, QKeySequence(Qt::Key_Return));
-
+    nameKeys();
     tree->installEventFilter(this);
+}
+
+void ManagerKeys::nameKeys()
+{
+    // While the keyboard is in the table, and only there: an open field in it and the tree beside
+    // it need the same keys.
+    setActionKey(ui.actionAdd_scheme, Qt::Key_Insert, ui.schemeView);
+    setActionKey(ui.actionDelete_scheme, Qt::Key_Delete, ui.schemeView);
+    setActionKey(ui.actionSelect_all, Qt::CTRL + Qt::Key_A, ui.schemeView);
+    nameActionKey(ui.actionEdit_scheme, Qt::Key_Return);
 }
 
 bool ManagerKeys::eventFilter(QObject *object, QEvent *event)

@@ -22,11 +22,15 @@ public:
     /// Belongs to the manager.
     ManagerKeys(const Ui::VTColorSchemeManagerBase &ui, QObject *manager);
 
+    /// Names the keys in the tool-tips; again after the texts of the commands have changed.
+    void nameKeys();
+
 protected:
     /// Of the tree.
     bool eventFilter(QObject *object, QEvent *event) override;
 
 private:
+    const Ui::VTColorSchemeManagerBase &ui;
     QTreeView *tree;
 };
 

@@ -6,6 +6,8 @@
 
 #include "ui_VTAddColorSchemeGroupDialog.h"
 
+#include <QEvent>
+
 using vtcontrolcolorscheme::DialogMemory;
 using VTObjects::toVOString;
 using VTObjects::VOColorSchemeManager;
@@ -32,6 +34,17 @@ VTAddColorSchemeGroupDialog::VTAddColorSchemeGroupDialog(const QString &name, QW
 }
 
 VTAddColorSchemeGroupDialog::~VTAddColorSchemeGroupDialog() = default;
+
+void VTAddColorSchemeGroupDialog::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        ui->retranslateUi(this);
+        ui->lineEdit_team_name->setText(tr("Custom"));
+        if (ui->widget_group_name->hasWarning())
+            onGroupNameChanged(ui->widget_group_name->lineEdit()->text());
+    }
+    QDialog::changeEvent(event);
+}
 
 void VTAddColorSchemeGroupDialog::onGroupNameChanged(const QString &text)
 {

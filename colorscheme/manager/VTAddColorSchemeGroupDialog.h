@@ -26,6 +26,9 @@ public:
     /// proposed one.
     QString groupName() const { return m_groupName; }
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private Q_SLOTS:
     void onGroupNameChanged(const QString &text);
     void onOk();

@@ -14,6 +14,8 @@
 #include <QHeaderView>
 #include <QStandardItemModel>
 
+#include <utility>
+
 using vtcontrolcolorscheme::AuthorColumn;
 using vtcontrolcolorscheme::DialogMemory;
 using vtcontrolcolorscheme::GroupPlace;
@@ -106,11 +108,42 @@ void VTColorSchemeManager::initUi()
     }
     ui->teamView->expandAll();
 
-    new ManagerKeys(*ui, this);
+    keys = new ManagerKeys(*ui, this);
     auto *memory = new DialogMemory(this, QStringLiteral("manager"));
     QHeaderView *const header = ui->schemeView->horizontalHeader();
     memory->addColumn(header, NameColumn, QStringLiteral("nameWidth"));
     memory->addColumn(header, AuthorColumn, QStringLiteral("authorWidth"));
+}
+
+void VTColorSchemeManager::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange && keys)
+        retranslate();
+    QDialog::changeEvent(event);
+}
+
+void VTColorSchemeManager::retranslate()
+{
+    ui->retranslateUi(this);
+    ui->teamView->setAccessibleName(tr("Groups of color schemes"));
+    keys->nameKeys();
+    defaultItem->setText(tr("Default"));
+    customItem->setText(tr("Custom"));
+    favoriteItem->setText(tr("Favorite"));
+    // The nodes that bear a caption; those of the user's groups, and what a host wrote, stay.
+    QVector<std::pair<QStandardItem *, VOString>> captioned;
+    for (const QStandardItem *team : {defaultItem, favoriteItem}) {
+        for (int row = 0; row < team->rowCount(); ++row) {
+            QStandardItem *const item = team->child(row);
+            const VOString name = nodeInfo(item).name;
+            const bool isName = team == favoriteItem && item->text() == toQString(name);
+            if (!isName && item->text() == copies->captionOf(name))
+                captioned.append({item, name});
+        }
+    }
+    copies->retranslate();
+    for (const auto &[item, name] : qAsConst(captioned))
+        item->setText(copies->captionOf(name));
 }
 
 QStandardItem *VTColorSchemeManager::appendTeam(const QString &icon, const QString &text,

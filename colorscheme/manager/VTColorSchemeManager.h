@@ -20,6 +20,7 @@ class VTColorSchemeManagerBase;
 }
 
 namespace vtcontrolcolorscheme {
+class ManagerKeys;
 class WorkingCopies;
 struct GroupPlace;
 } // namespace vtcontrolcolorscheme
@@ -69,6 +70,9 @@ public:
     /// What the commands change until OK: for tests, as its class is no host's business.
     const vtcontrolcolorscheme::WorkingCopies &workingCopies() const { return *copies; }
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private Q_SLOTS:
     void onTeamViewClicked(const QModelIndex &index);
     void onClose();
@@ -92,6 +96,7 @@ private:
     void initUi();
     void setupConnections();
     void updateData();
+    void retranslate();
 
     QStandardItem *appendTeam(const QString &icon, const QString &text, int teamKind);
     void appendGroup(QStandardItem *team, const QString &text, const VTObjects::VOString &name);
@@ -122,4 +127,5 @@ private:
     QStandardItem *customItem = nullptr;
     QStandardItem *favoriteItem = nullptr;
     QStandardItemModel *teamModel = nullptr;
+    vtcontrolcolorscheme::ManagerKeys *keys = nullptr;
 };

@@ -56,11 +56,22 @@ QIcon previewIcon(const VOColorScheme &scheme)
 
 VTColorSchemeModel::VTColorSchemeModel(QObject *parent)
     : QAbstractTableModel(parent)
-    , headers{QString(), tr("ColorRamp"), tr("Name"), tr("Author"), tr("Describe")}
+    , headers(titles())
 {
 }
 
 VTColorSchemeModel::~VTColorSchemeModel() = default;
+
+QStringList VTColorSchemeModel::titles()
+{
+    return {QString(), tr("ColorRamp"), tr("Name"), tr("Author"), tr("Describe")};
+}
+
+void VTColorSchemeModel::retranslate()
+{
+    headers = titles();
+    Q_EMIT headerDataChanged(Qt::Horizontal, 0, headers.size() - 1);
+}
 
 void VTColorSchemeModel::setGroup(const VOColorSchemeGroup &group)
 {

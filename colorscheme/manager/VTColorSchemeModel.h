@@ -32,6 +32,9 @@ public:
     /// Removes the scheme at `row` and announces it; nothing if there is none.
     void removeScheme(int row, const QModelIndex &parent);
 
+    /// Fetches the titles anew, after the language has changed.
+    void retranslate();
+
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
     /// Previews are drawn anew on each request. An index that has outlived its row throws
@@ -44,6 +47,7 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
 private:
+    static QStringList titles();
     bool hasScheme(int row) const;
 
     QStringList headers;

@@ -80,25 +80,25 @@ VTColorSchemeView::VTColorSchemeView(QWidget *parent)
     setEditTriggers(QAbstractItemView::DoubleClicked);
     setTabKeyNavigation(false);
     connect(this, &QTableView::doubleClicked, this, &VTColorSchemeView::onDoubleClicked);
-    setAccessibleName(tr("Color schemes"));
     connect(tableModel, &QAbstractItemModel::dataChanged, this,
             &VTColorSchemeView::describeCurrentRow);
     connect(tableModel, &QAbstractItemModel::rowsRemoved, this,
             &VTColorSchemeView::describeCurrentRow);
 
     contextMenu = new QMenu(this);
-    auto *copyAction = new QAction(tr("Copy to"), contextMenu);
+    copyAction = new QAction(contextMenu);
     auto *copyMenu = new QMenu(contextMenu);
-    defaultAction = new QAction(tr("Default"), copyMenu);
-    customAction = new QAction(tr("Custom"), copyMenu);
+    defaultAction = new QAction(copyMenu);
+    customAction = new QAction(copyMenu);
     copyMenu->addAction(defaultAction);
     copyMenu->addAction(customAction);
     copyAction->setMenu(copyMenu);
-    auto *exportAction = new QAction(tr("Export"), contextMenu);
+    exportAction = new QAction(contextMenu);
     connect(exportAction, &QAction::triggered, this, &VTColorSchemeView::onExportScheme);
-    favoriteAction = new QAction(tr("Favorite"), contextMenu);
+    favoriteAction = new QAction(contextMenu);
     connect(favoriteAction, &QAction::triggered, this, &VTColorSchemeView::onFavorite);
     contextMenu->addActions({copyAction, exportAction, favoriteAction});
+    setTexts();
 }
 
 VTColorSchemeView::~VTColorSchemeView()
@@ -237,6 +237,32 @@ void VTColorSchemeView::keyPressEvent(QKeyEvent *event)
     }
 }
 
+void VTColorSchemeView::setTexts()
+{
+    setAccessibleName(tr("Color schemes"));
+    copyAction->setText(tr("Copy to"));
+    defaultAction->setText(tr("Default"));
+    customAction->setText(tr("Custom"));
+    exportAction->setText(tr("Export"));
+    favoriteAction->setText(tr("Favorite"));
+}
+
+void VTColorSchemeView::changeEvent(QEvent *event)
+{
+    // Also asked for while the base is made or taken down.
+    if (event->type() == QEvent::LanguageChange && favoriteAction) {
+        setTexts();
+        tableModel->retranslate();
+        describeCurrentRow();
+        const auto editors = viewport()->findChildren<VTLineEditWidget *>();
+        for (VTLineEditWidget *editor : editors) {
+            if (editor->hasWarning())
+                judgeName(editor, editor->lineEdit()->text());
+        }
+    }
+    QTableView::changeEvent(event);
+}
+
 void VTColorSchemeView::contextMenuEvent(QContextMenuEvent *event)
 {
     if (!contextMenu || !manager || selectedRowNumbers().isEmpty())
@@ -275,10 +301,14 @@ void VTColorSchemeView::onNameEdited(const QString &name)
     if (!editor)
         return;
     editor->setProperty(toldProperty, false);
+    Q_EMIT information(judgeName(editor, name));
+}
+
+bool VTColorSchemeView::judgeName(VTLineEditWidget *editor, const QString &name)
+{
     if (name.isEmpty()) {
         editor->showWarning(tr("The name cannot be empty!"));
-        Q_EMIT information(false);
-        return;
+        return false;
     }
     const bool ok = tableModel->group().schemeNameChangeCheck(editor->data().toInt(),
                                                               toVOString(name.trimmed()));
@@ -286,7 +316,7 @@ void VTColorSchemeView::onNameEdited(const QString &name)
         editor->hideWarning();
     else
         editor->showWarning(tr("The name already exists!"));
-    Q_EMIT information(ok);
+    return ok;
 }
 
 void VTColorSchemeView::onNameEditingFinished()

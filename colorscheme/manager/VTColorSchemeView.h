@@ -71,6 +71,7 @@ Q_SIGNALS:
 protected:
     bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
 
@@ -90,8 +91,13 @@ private:
     /// From here on the editor has nothing to say any more.
     void endNaming(VTLineEditWidget *editor);
     void describeCurrentRow();
+    void setTexts();
+    /// Shows the editor's warning, or takes it away; true if the name can be used.
+    bool judgeName(VTLineEditWidget *editor, const QString &name);
 
     QMenu *contextMenu = nullptr;
+    QAction *copyAction = nullptr;
+    QAction *exportAction = nullptr;
     QAction *defaultAction = nullptr;
     QAction *customAction = nullptr;
     QAction *favoriteAction = nullptr;

@@ -3,6 +3,7 @@
 #include "ui_VTLineEditWidget.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QFile>
 #include <QMovie>
 
@@ -49,6 +50,20 @@ void VTLineEditWidget::showWarning(const QString &message)
     movie->start();
     ui->label->setToolTip(message);
     ui->label->show();
+}
+
+bool VTLineEditWidget::hasWarning() const
+{
+    return !ui->label->isHidden();
+}
+
+void VTLineEditWidget::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        ui->retranslateUi(this);
+        ui->label->setMovie(movie); // a text, be it none, takes its place
+    }
+    QWidget::changeEvent(event);
 }
 
 void VTLineEditWidget::hideWarning()

@@ -38,12 +38,17 @@ public:
     /// Shows the icon, with the reason as its tool-tip.
     void showWarning(const QString &message);
     void hideWarning();
+    /// Whether the icon is shown.
+    bool hasWarning() const;
 
 Q_SIGNALS:
     /// The user changed the text. Setting it from code does not emit this.
     void textEdited(const QString &text);
     /// Return was pressed in the field, or the field lost the keyboard.
     void editingFinished();
+
+protected:
+    void changeEvent(QEvent *event) override;
 
 private:
     std::unique_ptr<Ui::VTLineEditWidget> ui;

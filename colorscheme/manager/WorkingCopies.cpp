@@ -67,15 +67,23 @@ WorkingCopies::WorkingCopies(const VTDiscardedSchemes &again)
     const VOColorSchemeTeam &builtIn = teams[DefaultTeam];
     for (std::size_t i = 0; i < builtInGroups.size(); ++i) {
         const VOString name(builtInGroups[i]);
-        const QString caption =
-            QCoreApplication::translate("VTColorSchemeManager", builtInGroupCaptions[i].ofManager);
-        captions[name] = caption;
         const int position = builtIn.index(name);
         if (position < 0)
             continue;
         builtInPositions[name] = position;
-        builtIns.append({name, caption});
+        builtIns.append({name, QString()});
     }
+    retranslate();
+}
+
+void WorkingCopies::retranslate()
+{
+    for (std::size_t i = 0; i < builtInGroups.size(); ++i) {
+        captions[builtInGroups[i]] =
+            QCoreApplication::translate("VTColorSchemeManager", builtInGroupCaptions[i].ofManager);
+    }
+    for (BuiltIn &group : builtIns)
+        group.caption = captions.value(group.name);
 }
 
 WorkingCopies::~WorkingCopies()

@@ -59,6 +59,10 @@ public:
     /// Those of the six known built-in groups that the store has, in their fixed order. Deliberate:
     /// a built-in group of any other name is never shown.
     const QVector<BuiltIn> &shownBuiltIns() const { return builtIns; }
+    /// The caption of a built-in group, in the manager's language; null for any other name.
+    QString captionOf(const VTObjects::VOString &name) const { return captions.value(name); }
+    /// Fetches the captions anew, after the language has changed.
+    void retranslate();
 
     /// The place of the group behind a node of the tree: the team of its root, its row below that
     /// and its name. Rows are positions but for the built-in groups, which are found by name;

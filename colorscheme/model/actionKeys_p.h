@@ -12,4 +12,7 @@ namespace vtcontrolcolorscheme {
 /// text has changed.
 void setActionKey(QAction *action, const QKeySequence &key, QWidget *view = nullptr);
 
+/// Names, in the tool-tip of a command, a key that somebody else gives it.
+void nameActionKey(QAction *action, const QKeySequence &key);
+
 } // namespace vtcontrolcolorscheme

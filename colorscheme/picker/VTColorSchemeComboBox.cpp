@@ -54,14 +54,11 @@ const VOColorSchemeTeam &teamOf(const QString &team)
 VTColorSchemeComboBox::VTColorSchemeComboBox(QWidget *parent)
     : VTColorSchemeButton(parent)
 {
-    for (std::size_t i = 0; i < builtInGroups.size(); ++i)
-        defaultGroupCaptions[builtInGroups[i]] = QObject::tr(builtInGroupCaptions[i].ofPicker);
     setMinimumSize(150, 20);
     setStyleSheet(QStringLiteral("QToolButton{border-radius: 2px; min-height:20;border: 1px groove "
                                  "gray;border-style: outset;}"));
     connect(this, &QToolButton::clicked, this, &VTColorSchemeComboBox::showMenu);
-    setAccessibleName(tr("Color scheme"));
-    setAccessibleDescription(describeColorRamp(nullptr));
+    setTexts();
     const VOColorSchemeNotifier *notifier = VOColorSchemeNotifier::instance();
     connect(notifier, &VOColorSchemeNotifier::schemesMoved, this,
             &VTColorSchemeComboBox::onSchemesMoved);
@@ -70,6 +67,24 @@ VTColorSchemeComboBox::VTColorSchemeComboBox(QWidget *parent)
 }
 
 VTColorSchemeComboBox::~VTColorSchemeComboBox() = default;
+
+void VTColorSchemeComboBox::setTexts()
+{
+    for (std::size_t i = 0; i < builtInGroups.size(); ++i)
+        defaultGroupCaptions[builtInGroups[i]] = QObject::tr(builtInGroupCaptions[i].ofPicker);
+    if (accessibleName() == accessibleNameSet) {
+        accessibleNameSet = tr("Color scheme");
+        setAccessibleName(accessibleNameSet);
+    }
+    setAccessibleDescription(describeColorRamp(scheme.colorRamp));
+}
+
+void VTColorSchemeComboBox::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        setTexts();
+    QToolButton::changeEvent(event);
+}
 
 VOColorRamp *VTColorSchemeComboBox::currentColorRamp()
 {

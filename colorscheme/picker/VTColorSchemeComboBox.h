@@ -107,6 +107,7 @@ Q_SIGNALS:
 protected:
     /// Shows a copy of the scheme.
     void setScheme(const VTObjects::VOColorScheme &scheme);
+    void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     /// Besides the keys of every button: Alt+Down and F4 open the drop-down.
     void keyPressEvent(QKeyEvent *event) override;
@@ -121,6 +122,8 @@ private:
     static const int SPLITOR_MARGIN = 5;
 
     void updatePreview();
+    /// Again after the language has changed.
+    void setTexts();
     bool showGroup(const QString &team, const VTObjects::VOColorSchemeTeam &records, int group,
                    int schemeIndex);
     void noteGroup();
@@ -134,6 +137,7 @@ private:
     void onStoreChanged();
 
     QPixmap preview;
+    QString accessibleNameSet; // a host may have set another one since
     VTObjects::VOColorScheme scheme;
     QString teamName;
     int groupIndex = -1;
