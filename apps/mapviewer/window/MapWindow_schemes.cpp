@@ -85,6 +85,8 @@ void MapWindow::editScheme(LayerCard *card)
                 together.append(other);
         }
     }
+    // The editor works in the store, where nothing may move meanwhile.
+    const VOColorSchemeManager::Hold hold;
     VTColorSchemeEditor editor(copy.schemeIndex(), copy.group(), copy.isNew(), this);
     if (editor.exec() != QDialog::Accepted) {
         copy.discard();

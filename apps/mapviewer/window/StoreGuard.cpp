@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
+#include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -49,6 +50,7 @@ StoreGuard::StoreGuard(QWidget *window)
 {
     connect(VOColorSchemeNotifier::instance(), &VOColorSchemeNotifier::saveFailed, this,
             &StoreGuard::onSaveFailed);
+    window->installEventFilter(this);
 }
 
 QString StoreGuard::chosenFolder()
@@ -83,6 +85,7 @@ void StoreGuard::showProblems()
     QStringList lines;
     QString folder;
     bool missing = false;
+    shownProblems = VOColorSchemeManager::instance()->problems().size();
     for (const VOStoreProblem &problem : VOColorSchemeManager::instance()->problems()) {
         // That has a notice of its own.
         if (problem.kind == VOStoreProblem::NotSaved)
@@ -122,6 +125,7 @@ void StoreGuard::showProblems()
         // Not while something is unsaved: that is a problem, too, and stays one.
         if (!hasUnsaved())
             VOColorSchemeManager::instance()->clearProblems();
+        shownProblems = VOColorSchemeManager::instance()->problems().size();
     });
     Q_EMIT noticed(problemBar);
 }
@@ -134,6 +138,22 @@ bool StoreGuard::hasUnsaved()
                  return problem.kind == VOStoreProblem::NotSaved;
              });
     return failed;
+}
+
+bool StoreGuard::eventFilter(QObject *, QEvent *event)
+{
+    // Cheap where nobody has saved anything; whoever shows schemes hears of it by the notifier.
+    if (event->type() == QEvent::WindowActivate) {
+        VOColorSchemeManager::instance()->reloadIfChanged();
+        showNewProblems();
+    }
+    return false;
+}
+
+void StoreGuard::showNewProblems()
+{
+    if (VOColorSchemeManager::instance()->problems().size() > shownProblems)
+        showProblems();
 }
 
 void StoreGuard::onSaveFailed(const QString &folder, const QString &reason)

@@ -11,7 +11,8 @@ namespace mapviewer {
 class NoticeBar;
 
 /// Stands between the scheme store and its user: says what was damaged or is missing, says when a
-/// save failed, and sees that what could not be saved is not lost without a question.
+/// save failed, and sees that what could not be saved is not lost without a question. When the
+/// window becomes active it fetches what other programs have saved meanwhile.
 class StoreGuard : public QObject
 {
     Q_OBJECT
@@ -43,6 +44,9 @@ Q_SIGNALS:
     /// Another folder is to be chosen by the user.
     void otherFolderWanted();
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     enum class Answer { Saved, Later, Discarded };
 
@@ -51,6 +55,7 @@ private:
     Answer askAboutUnsaved(bool leaving);
     bool saveElsewhere();
     void showUnsaved();
+    void showNewProblems();
     void closeNotices();
 
     QWidget *window;
@@ -59,6 +64,7 @@ private:
     bool failed = false;  // a save failed, and none has succeeded since
     bool pending = false; // nobody has told the user yet
     bool asking = false;
+    std::size_t shownProblems = 0; // how many the store had when the bar was made
     QPointer<NoticeBar> problemBar;
     QPointer<NoticeBar> unsavedBar;
 };

@@ -51,6 +51,7 @@ private Q_SLOTS:
     void aHealthyStoreSaysNothing();
     void aMissingStoreFolderIsSaidAndNotReplaced();
     void theMissingFolderComesBack();
+    void whatAnotherProgramSavedComesWithTheWindow();
 
 public Q_SLOTS:
     void onFolderOpened(const QUrl &url) { openedFolder = url.toLocalFile(); }
@@ -327,6 +328,30 @@ void tst_mapWindowStore::theMissingFolderComesBack()
                       Qt::LeftButton);
     QVERIFY(!notice("storeProblems"));
     QVERIFY(VOColorSchemeManager::instance()->customTeam.contains("Mine"));
+}
+
+void tst_mapWindowStore::whatAnotherProgramSavedComesWithTheWindow()
+{
+    // Given a file as another program will have saved it
+    customGroups() = {makeGroup("Mine", {"one"})};
+    customGroups()[0].schemes[0].colorRamp->setColor(9, rgb_color<float>(1.0F, 2.0F, 3.0F));
+    QVERIFY(VOColorSchemeManager::instance()->save());
+    QFile file(store->storeDirectory() + "/custom.team");
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray theirs = file.readAll();
+    file.close();
+    customGroups()[0].schemes[0].colorRamp->setColor(9, rgb_color<float>(4.0F, 5.0F, 6.0F));
+    QVERIFY(VOColorSchemeManager::instance()->save());
+    QVERIFY(card("Countries")->choose({"Custom", "Mine", "one"}));
+    QCOMPARE(pixelAt(outback.x(), outback.y()), qRgb(4, 5, 6));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(theirs);
+    file.close();
+    // When the user comes back to this window
+    QEvent activate(QEvent::WindowActivate);
+    QApplication::sendEvent(window.get(), &activate);
+    // Then the map is drawn with it
+    QCOMPARE(pixelAt(outback.x(), outback.y()), qRgb(1, 2, 3));
 }
 
 VT_TEST_MAIN(tst_mapWindowStore)
