@@ -30,7 +30,7 @@ MapWidget::MapWidget(const MapLayers &layers, QWidget *parent)
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::CrossCursor);
-    setMinimumSize(320, 240);
+    setMinimumSize(320, 160);
     setAccessibleName(tr("Map"));
 }
 

@@ -126,7 +126,7 @@ void MapWindow::buildCenter()
     noticeColumn = new QVBoxLayout;
     left->addLayout(noticeColumn);
     if (!appSettings().value(hintKey).toBool())
-        left->addWidget(makeHint());
+        left->addWidget(hint = makeHint());
     m_map = new MapWidget(layers, center);
     left->addWidget(m_map, 1);
     // At the right in every language: the pickers' menus open towards the left.
@@ -150,6 +150,9 @@ void MapWindow::fitPanel()
 
 void MapWindow::showNotice(NoticeBar *notice)
 {
+    // On a small screen the map needs the room; the hint comes back with the next start.
+    if (hint)
+        hint->hide();
     noticeColumn->addWidget(notice);
     notice->show();
 }
@@ -167,26 +170,26 @@ void MapWindow::fitScreen()
 
 QWidget *MapWindow::makeHint()
 {
-    auto *hint = new CardFrame(this);
-    hint->setObjectName(QStringLiteral("hint"));
-    auto *row = new QHBoxLayout(hint);
+    auto *made = new CardFrame(this);
+    made->setObjectName(QStringLiteral("hint"));
+    auto *row = new QHBoxLayout(made);
     row->setContentsMargins(10, 4, 4, 4);
     auto *text = new QLabel(tr("<b>Click a color strip</b> at the right and pick a scheme: the map "
                                "takes it at once. Drag the map to move it, turn the wheel to zoom, "
                                "point at it to read a value, click a small map to go there."),
-                            hint);
+                            made);
     text->setWordWrap(true);
     row->addWidget(text, 1);
-    auto *close = new QToolButton(hint);
+    auto *close = new QToolButton(made);
     close->setText(QString(QChar(0x00d7)));
     close->setAutoRaise(true);
     close->setToolTip(tr("Do not show this again"));
-    connect(close, &QToolButton::clicked, hint, [hint] {
+    connect(close, &QToolButton::clicked, made, [made] {
         appSettings().setValue(hintKey, true);
-        hint->hide();
+        made->hide();
     });
     row->addWidget(close, 0, Qt::AlignTop);
-    return hint;
+    return made;
 }
 
 void MapWindow::buildViewMenu(QToolBar *bar)

@@ -115,6 +115,7 @@ private:
     MapWidget *m_map = nullptr;
     QScrollArea *panelArea = nullptr;
     QWidget *panel = nullptr;
+    QWidget *hint = nullptr; // none once the user has closed it for good
     QVBoxLayout *cardColumn = nullptr;
     QVBoxLayout *noticeColumn = nullptr;
     QLabel *positionLabel = nullptr;

@@ -91,6 +91,8 @@ void StoreGuard::showProblems()
         if (problem.kind == VOStoreProblem::NotSaved)
             continue;
         lines.append(problem.text);
+        if (problem.kind == VOStoreProblem::Damaged && problem.schemes == 0)
+            lines.append(tr("Nothing could take its place: the team is empty now."));
         missing = missing || problem.kind == VOStoreProblem::FolderMissing;
         if (problem.kind != VOStoreProblem::FolderMissing && !problem.path.isEmpty()) {
             lines.append(tr("The damaged file: %1").arg(QDir::toNativeSeparators(problem.path)));

@@ -280,8 +280,18 @@ void tst_mapWindowScreens::damageAtTheStartIsShownAndItsFolderOpened()
     QVERIFY(bar->findChild<QLabel *>("text")->text().contains("\"Custom\""));
     const QRect place(bar->mapToGlobal(QPoint(0, 0)), bar->size());
     QVERIFY(freeScreen().contains(place));
-    // The map has not lost its place to it.
+    // The map has not lost its place to it, nor to a second one.
     QVERIFY(window->map()->height() >= 240);
+    FileProblem problem;
+    const QString path = writeFile("gone.asc", "ncols 1\nnrows 1\nxllcorner 0\nyllcorner 0\n"
+                                               "cellsize 1\n1\n");
+    QVERIFY(window->openFile(path, &problem));
+    QVERIFY(QFile::remove(path));
+    window->close();
+    start();
+    bar = window->findChild<QWidget *>("storeProblems");
+    QVERIFY(bar && window->findChild<QWidget *>("missingMaps"));
+    QVERIFY(window->map()->height() >= 160);
     QVERIFY(freeScreen().contains(window->frameGeometry()));
     RealInput::click(bar->findChild<QPushButton *>("openFolder"));
     QTRY_COMPARE(QFileInfo(openedFolder), QFileInfo(store->storeDirectory() + "/damaged"));
