@@ -5,6 +5,8 @@
 #include "apps/mapviewer/map/MapRenderer.h"
 #include "apps/mapviewer/window/LayerState.h"
 
+#include "colorscheme/manager/VTDiscardedSchemes.h"
+
 #include <QMainWindow>
 
 #include <memory>
@@ -15,6 +17,7 @@ class QLabel;
 class QScrollArea;
 class QToolBar;
 class QVBoxLayout;
+class VTColorSchemeManager;
 
 namespace mapviewer {
 
@@ -60,6 +63,8 @@ public:
     /// The library's editor on the scheme of one layer: on the scheme itself if it is the user's
     /// own, else on a copy that becomes so.
     void editScheme(LayerCard *card);
+    /// The manager again, with the changes that were discarded in it last.
+    void bringBackDiscarded();
     /// The earlier states of the store, to look at and to bring back.
     void showHistory();
     /// Shows one layer as large as it fits.
@@ -94,6 +99,8 @@ private:
     void showNotice(NoticeBar *notice);
 
     void onOpen(const QString &caption, const QString &filter);
+    void run(VTColorSchemeManager *manager);
+    void setDiscarded(const VTDiscardedSchemes &schemes);
     void onOpenStore();
     void onStoreOpened();
     void onRestoreBuiltIns();
@@ -126,6 +133,8 @@ private:
     QActionGroup *visionActions = nullptr;
     QLabel *storeLabel = nullptr;
     QAction *defaultStoreAction = nullptr;
+    QAction *bringBackAction = nullptr;
+    VTDiscardedSchemes discarded; // of the open store
     ColorVisionWindows *seenWindows;
     StoreGuard *guard;
     ColorVision vision = ColorVision::Normal;

@@ -37,6 +37,10 @@ void MapWindow::buildSchemeMenu(QToolBar *bar)
                                       tr("&Manage schemes…"), this, &MapWindow::manageSchemes);
     manage->setObjectName(QStringLiteral("manageSchemes"));
     manage->setShortcut(QKeySequence(QStringLiteral("Ctrl+M")));
+    bringBackAction =
+        menu->addAction(tr("&Bring back discarded changes"), this, &MapWindow::bringBackDiscarded);
+    bringBackAction->setObjectName(QStringLiteral("bringBackDiscarded"));
+    setDiscarded(VTDiscardedSchemes());
     QAction *restore =
         menu->addAction(tr("&Restore built-in schemes…"), this, &MapWindow::onRestoreBuiltIns);
     restore->setObjectName(QStringLiteral("restoreBuiltIns"));
@@ -53,8 +57,27 @@ void MapWindow::buildSchemeMenu(QToolBar *bar)
 void MapWindow::manageSchemes()
 {
     VTColorSchemeManager manager(this);
-    manager.exec();
+    run(&manager);
+}
+
+void MapWindow::bringBackDiscarded()
+{
+    VTColorSchemeManager manager(discarded, this);
+    run(&manager);
+}
+
+void MapWindow::run(VTColorSchemeManager *manager)
+{
+    manager->exec();
+    if (manager->outcome() != VTColorSchemeManager::NothingChanged)
+        setDiscarded(manager->discarded());
     syncCards();
+}
+
+void MapWindow::setDiscarded(const VTDiscardedSchemes &schemes)
+{
+    discarded = schemes;
+    bringBackAction->setEnabled(!discarded.isEmpty);
 }
 
 void MapWindow::showHistory()
@@ -115,6 +138,7 @@ bool MapWindow::openStore(const QString &folder)
 
 void MapWindow::onStoreOpened()
 {
+    setDiscarded(VTDiscardedSchemes()); // they belong to the other store
     showStoreName();
     for (LayerCard *card : cards())
         card->reloadScheme();

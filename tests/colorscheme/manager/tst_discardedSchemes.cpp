@@ -138,7 +138,8 @@ void tst_discardedSchemes::whatTheStoreGotSinceStays()
     const int mine = records().customTeam.index(VOString(L"Mine"));
     QVERIFY(mine >= 0);
     QVERIFY(records().customTeam.contains(VOString(L"First")));
-    QCOMPARE(customNames(std::size_t(mine)), QStringList("renamed") + before.mid(1) + QStringList("since"));
+    QCOMPARE(customNames(std::size_t(mine)),
+             QStringList("renamed") + before.mid(1) + QStringList("since"));
 }
 
 void tst_discardedSchemes::bothSidesOfOneSchemeStay()

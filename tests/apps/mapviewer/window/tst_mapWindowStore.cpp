@@ -16,7 +16,9 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
+#include <QTableView>
 #include <QToolButton>
 #include <QUrl>
 #include <QtTest>
@@ -51,6 +53,8 @@ private Q_SLOTS:
     void aHealthyStoreSaysNothing();
     void aMissingStoreFolderIsSaidAndNotReplaced();
     void theMissingFolderComesBack();
+    void discardedChangesAreBroughtBack();
+    void discardedChangesGoWithTheirStore();
     void whatAnotherProgramSavedComesWithTheWindow();
 
 public Q_SLOTS:
@@ -352,6 +356,53 @@ void tst_mapWindowStore::whatAnotherProgramSavedComesWithTheWindow()
     QApplication::sendEvent(window.get(), &activate);
     // Then the map is drawn with it
     QCOMPARE(pixelAt(outback.x(), outback.y()), qRgb(1, 2, 3));
+}
+
+static ModalDriver::Handler renameFirstScheme(const QString &name)
+{
+    return [name](QWidget *dialog) {
+        QAbstractItemModel *schemes = dialog->findChild<QTableView *>()->model();
+        QVERIFY(schemes->setData(schemes->index(0, 2), name));
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    };
+}
+
+void tst_mapWindowStore::discardedChangesAreBroughtBack()
+{
+    QAction *bringBack = window->findChild<QAction *>("bringBackDiscarded");
+    QVERIFY(!bringBack->isEnabled());
+    ModalDriver driver;
+    driver.next(renameFirstScheme("dropped"));
+    window->findChild<QAction *>("manageSchemes")->trigger();
+    QVERIFY(bringBack->isEnabled());
+    // A look into the manager that changes nothing leaves them.
+    driver.next([](QWidget *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
+    window->findChild<QAction *>("manageSchemes")->trigger();
+    QVERIFY(bringBack->isEnabled());
+    driver.next([](QWidget *dialog) {
+        const QAbstractItemModel *schemes = dialog->findChild<QTableView *>()->model();
+        QCOMPARE(schemes->index(0, 2).data().toString(), QString("dropped"));
+        QTest::mouseClick(dialog->findChild<QPushButton *>("pushButton_ok"), Qt::LeftButton);
+    });
+    driver.next([](QWidget *box) {
+        QTest::mouseClick(qobject_cast<QMessageBox *>(box)->button(QMessageBox::Yes),
+                          Qt::LeftButton);
+    });
+    bringBack->trigger();
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QVERIFY(!bringBack->isEnabled());
+    const VOColorSchemeTeam &team = VOColorSchemeManager::instance()->defaultTeam;
+    QVERIFY(team.groups[std::size_t(team.index("DEM"))].contains("dropped"));
+}
+
+void tst_mapWindowStore::discardedChangesGoWithTheirStore()
+{
+    ModalDriver driver;
+    driver.next(renameFirstScheme("dropped"));
+    window->findChild<QAction *>("manageSchemes")->trigger();
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QVERIFY(window->openStore(store->path()));
+    QVERIFY(!window->findChild<QAction *>("bringBackDiscarded")->isEnabled());
 }
 
 VT_TEST_MAIN(tst_mapWindowStore)
