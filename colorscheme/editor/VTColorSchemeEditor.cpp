@@ -17,6 +17,7 @@
 #include <QFileDialog>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <QToolButton>
 
 #include <utility>
 
@@ -104,6 +105,16 @@ void VTColorSchemeEditor::initUi()
     ui->colorView->setIconSize(swatchSize);
     ui->colorView->setTabKeyNavigation(false); // Tab leaves it
     ui->colorView->installEventFilter(this);
+    // By Tab and not by a click; and last, so that the name is where one begins.
+    QWidget *last = ui->pushButton_cancel;
+    const QList<QAction *> commands = ui->toolbar->actions();
+    for (QAction *command : commands) {
+        if (auto *button = qobject_cast<QToolButton *>(ui->toolbar->widgetForAction(command))) {
+            button->setFocusPolicy(Qt::TabFocus);
+            setTabOrder(last, button);
+            last = button;
+        }
+    }
     describeParts();
 
     for (int kind = VOColorRamp::RandomRamp; kind <= VOColorRamp::PredefineRamp; ++kind)

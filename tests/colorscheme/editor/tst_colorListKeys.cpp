@@ -6,6 +6,8 @@
 
 #include <QAction>
 #include <QHeaderView>
+#include <QToolBar>
+#include <QToolButton>
 #include <QtTest>
 
 #include <algorithm>
@@ -25,6 +27,7 @@ private Q_SLOTS:
     void theColorsAreReachedByKey();
     void keysActOnTheColorsAsTheButtonsDo();
     void keysOfTheColorsDoNothingElsewhere();
+    void theToolButtonsAreReachedByTab();
     void aFileIsAskedForByKey();
     void toolTipsNameTheKeys();
 };
@@ -210,6 +213,41 @@ void tst_colorListKeys::keysOfTheColorsDoNothingElsewhere()
     QTRY_COMPARE(test.nameField()->text(), QStringLiteral("x"));
     QCOMPARE(test.colors(), fourColors);
     QCOMPARE(test.selectedRows(), QVector<int>({1}));
+}
+
+void tst_colorListKeys::theToolButtonsAreReachedByTab()
+{
+    EditorUnderTest test(evenRamp(fourColors, 8));
+    QVERIFY(show(test));
+    const auto *bar = test.part<QToolBar>("toolbar");
+    // As ever, the name is where one begins.
+    QVERIFY(!bar->isAncestorOf(QApplication::focusWidget()));
+    QWidget *const first = QApplication::focusWidget();
+    QStringList reached;
+    for (int i = 0; i < 40; ++i) {
+        QWidget *const former = QApplication::focusWidget();
+        RealInput::press(QStringLiteral("Tab"));
+        QTRY_VERIFY(QApplication::focusWidget() != former);
+        if (QApplication::focusWidget() == first)
+            break;
+        if (const auto *button = qobject_cast<QToolButton *>(QApplication::focusWidget()))
+            reached.append(button->text());
+    }
+    QCOMPARE(reached,
+             QStringList({"Load scheme", "Add color", "Delete color", "Select all", "Invert select",
+                          "Color antitone", "Top", "Bottom", "Up", "Down"}));
+    auto *add =
+        qobject_cast<QToolButton *>(bar->widgetForAction(test.part<QAction>("actionAdd_color")));
+    QVERIFY(add);
+    add->setFocus(Qt::TabFocusReason);
+    RealInput::press(QStringLiteral("space"));
+    QTRY_COMPARE(test.colors().size(), 5);
+    // The mouse leaves the keyboard where it is.
+    RealInput::click(test.nameField());
+    QTRY_VERIFY(test.nameField()->hasFocus());
+    RealInput::click(add);
+    QTRY_COMPARE(test.colors().size(), 6);
+    QVERIFY(test.nameField()->hasFocus());
 }
 
 void tst_colorListKeys::aFileIsAskedForByKey()
