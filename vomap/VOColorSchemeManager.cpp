@@ -9,6 +9,7 @@
 #include "vomap/files/fileProblem_p.h"
 #include "vomap/files/fileSystem_p.h"
 #include "vomap/files/schemeText_p.h"
+#include "vomap/store/HostGroups_p.h"
 #include "vomap/store/SchemeStore_p.h"
 #include "vomap/store/builtInSchemes_p.h"
 
@@ -59,6 +60,7 @@ bool succeeds(Action action)
 
 VOColorSchemeManager::VOColorSchemeManager()
     : store(std::make_unique<SchemeStore>())
+    , hosts(std::make_unique<HostGroups>())
 {
     if (!read())
         unreadFolder = storeFolder().path;
@@ -118,7 +120,9 @@ bool VOColorSchemeManager::areEqual(const VOColorScheme &left, const VOColorSche
 bool VOColorSchemeManager::read()
 {
     return succeeds([this] {
-        return store->load(storeFolder(), {&defaultTeam, &customTeam, &favoriteTeam});
+        const bool all = store->load(storeFolder(), {&defaultTeam, &customTeam, &favoriteTeam});
+        hosts->putInto(defaultTeam);
+        return all;
     });
 }
 
@@ -136,6 +140,7 @@ bool VOColorSchemeManager::reloadIfChanged()
     if (holds > 0)
         return false;
     const bool changed = succeeds([this] {
+        const HostGroups::Aside aside(*hosts, defaultTeam);
         return store->reload(storeFolder(), {&defaultTeam, &customTeam, &favoriteTeam});
     });
     announce();
@@ -165,6 +170,7 @@ bool VOColorSchemeManager::write(const std::vector<VOTeamKind> &kinds)
         std::vector<SchemeStore::Saving> savings;
         for (const VOTeamKind kind : kinds)
             savings.push_back({kind, &team(kind)});
+        const HostGroups::Aside aside(*hosts, defaultTeam);
         return store->save(folder, savings);
     });
     announce();
@@ -214,8 +220,33 @@ void VOColorSchemeManager::resetDefaultTeam()
 {
     succeeds([this] {
         defaultTeam = builtInTeam();
+        hosts->putInto(defaultTeam);
         return true;
     });
+}
+
+bool VOColorSchemeManager::addHostGroup(const VOColorSchemeGroup &group, const QString &caption)
+{
+    const bool added = succeeds([&] { return hosts->add(group, caption, defaultTeam); });
+    if (added)
+        Q_EMIT VOColorSchemeNotifier::instance()->storeChanged();
+    return added;
+}
+
+void VOColorSchemeManager::setGroupCaption(const VOString &group, const QString &caption)
+{
+    hosts->setCaption(group, caption);
+}
+
+QString VOColorSchemeManager::groupCaption(const VOString &group) const
+{
+    const QString caption = hosts->caption(group);
+    return caption.isEmpty() && hosts->contains(group) ? toQString(group) : caption;
+}
+
+const std::vector<VOString> &VOColorSchemeManager::hostGroups() const
+{
+    return hosts->names();
 }
 
 bool VOColorSchemeManager::readFile(VOColorScheme &scheme, const VOString &path)

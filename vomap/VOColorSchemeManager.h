@@ -12,6 +12,7 @@
 
 namespace VTObjects {
 
+class HostGroups;
 class SchemeStore;
 class VOColorSchemeMoves;
 struct VOColorSchemeId;
@@ -96,6 +97,21 @@ public:
     /// next save().
     void resetDefaultTeam();
 
+    /// Adds a built-in group of the host's to the default team. The picker and the manager show it
+    /// behind ours, by its caption (its name, if that is empty), and nobody can change it there. No
+    /// file has it: add it at every start. False for an empty name, and for one that a built-in
+    /// group bears already, of ours or of the host. A group of that name that an earlier release of
+    /// the host left among the built-in ones is replaced, and gone from the disk with the next
+    /// save.
+    bool addHostGroup(const VOColorSchemeGroup &group, const QString &caption);
+    /// What a group of the default team is called in the pickers and managers that are opened from
+    /// now on; empty means as ever. The names of groups are keys, and stay.
+    void setGroupCaption(const VOString &group, const QString &caption);
+    /// What was set for a group; empty for none.
+    QString groupCaption(const VOString &group) const;
+    /// The names of the host's groups, in the order in which they were added.
+    const std::vector<VOString> &hostGroups() const;
+
     /// Loads one scheme file. False, with `scheme` as it was, if the file cannot be read or is no
     /// scheme file. The path uses "/" as separator.
     static bool readFile(VOColorScheme &scheme, const VOString &path);
@@ -126,6 +142,7 @@ private:
     void announce();
 
     std::unique_ptr<SchemeStore> store;
+    std::unique_ptr<HostGroups> hosts;
     std::string unreadFolder; // that the first instance() could not read, until load() has said so
     int holds = 0;
 };

@@ -27,8 +27,8 @@ Q_SIGNALS:
     void schemesMoved(const VTObjects::VOColorSchemeMoves &moves);
     /// The teams are not what they were when this was sent last: once after a manager's "Ok", a
     /// "User define", or any other save() of something new, and after a load() or reloadIfChanged()
-    /// that brought something new. A change of the public records is told with the save() behind
-    /// it.
+    /// that brought something new, and after addHostGroup(). A change of the public records is told
+    /// with the save() behind it.
     void storeChanged();
     /// A save() or saveCustomTeam() failed, whoever called it; once for each. `folder` is the
     /// store's, `reason` a sentence for the user. What was to be saved is in memory: save() again,
