@@ -13,10 +13,13 @@
 #include "vomap/VOStringConversion.h"
 #include "vomap/VOTeamKind.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
 #include <QPolygonF>
+#include <QStyleOptionToolButton>
+#include <QToolTip>
 
 #include <algorithm>
 #include <memory>
@@ -24,6 +27,7 @@
 
 using vtcontrolcolorscheme::builtInGroupCaptions;
 using vtcontrolcolorscheme::defaultColorRamp;
+using vtcontrolcolorscheme::defaultGroupCaption;
 using vtcontrolcolorscheme::defaultGroupCaptions;
 using vtcontrolcolorscheme::describeColorRamp;
 using vtcontrolcolorscheme::drawKeyboardFocus;
@@ -55,6 +59,7 @@ VTColorSchemeComboBox::VTColorSchemeComboBox(QWidget *parent)
     : VTColorSchemeButton(parent)
 {
     setMinimumSize(150, 20);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed); // fills its column of a form
     setStyleSheet(QStringLiteral("QToolButton{border-radius: 2px; min-height:20;border: 1px groove "
                                  "gray;border-style: outset;}"));
     connect(this, &QToolButton::clicked, this, &VTColorSchemeComboBox::showMenu);
@@ -156,9 +161,30 @@ void VTColorSchemeComboBox::updatePreview()
     setAccessibleDescription(describeColorRamp(scheme.colorRamp));
 }
 
+bool VTColorSchemeComboBox::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty())
+        return VTColorSchemeButton::event(event);
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), toolTipText(), this);
+    return true;
+}
+
+// Names are no rich text, whatever is in them.
+QString VTColorSchemeComboBox::toolTipText() const
+{
+    const QString name = toQString(scheme.name).toHtmlEscaped();
+    const VOColorSchemeId current = currentSchemeId();
+    QString group = toQString(current.group);
+    if (teamKindOf(toQString(current.team)) == DefaultTeam)
+        group = defaultGroupCaption(current.group);
+    if (name.isEmpty() || group.isEmpty())
+        return name.isEmpty() ? QString() : QStringLiteral("<qt>%1</qt>").arg(name);
+    return QStringLiteral("<qt>%1<br>%2</qt>").arg(name, group.toHtmlEscaped());
+}
+
 void VTColorSchemeComboBox::paintEvent(QPaintEvent *event)
 {
-    QToolButton::paintEvent(event);
+    VTColorSchemeButton::paintEvent(event);
 
     QPainter painter(this);
     const double w = width();
@@ -181,7 +207,14 @@ void VTColorSchemeComboBox::paintEvent(QPaintEvent *event)
 
     // Deliberate: the strip lies 3 pixels inside and not ICON_MARGIN.
     const QRectF target(3.0, 3.0, static_cast<int>(separator - 4), height() - 5);
-    painter.drawPixmap(target, preview, preview.rect());
+    if (isEnabled() || preview.isNull()) {
+        painter.drawPixmap(target, preview, preview.rect());
+    } else {
+        QStyleOptionToolButton option;
+        initStyleOption(&option);
+        const QPixmap grey = style()->generatedIconPixmap(QIcon::Disabled, preview, &option);
+        painter.drawPixmap(target, grey, grey.rect());
+    }
     drawKeyboardFocus(painter, this);
 }
 
@@ -191,7 +224,7 @@ void VTColorSchemeComboBox::keyPressEvent(QKeyEvent *event)
     if (altDown || event->key() == Qt::Key_F4)
         showMenu();
     else
-        QToolButton::keyPressEvent(event);
+        VTColorSchemeButton::keyPressEvent(event);
 }
 
 void VTColorSchemeComboBox::showMenu()
@@ -205,7 +238,7 @@ void VTColorSchemeComboBox::showMenu()
         groupIndex = index;
         noteGroup();
         group = teamOf(teamName).groups[static_cast<std::size_t>(index)];
-        caption = teamKindOf(teamName) == DefaultTeam ? defaultGroupCaptions[group.name]
+        caption = teamKindOf(teamName) == DefaultTeam ? defaultGroupCaption(group.name)
                                                       : toQString(group.name);
     }
     const QPointer<VTColorSchemeComboBox> alive(this); // what is told of a choice may do anything

@@ -108,6 +108,8 @@ protected:
     /// Shows a copy of the scheme.
     void setScheme(const VTObjects::VOColorScheme &scheme);
     void changeEvent(QEvent *event) override;
+    /// Without a tool-tip of the host, it tells the names of the scheme and its group.
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     /// Besides the keys of every button: Alt+Down and F4 open the drop-down.
     void keyPressEvent(QKeyEvent *event) override;
@@ -124,6 +126,7 @@ private:
     void updatePreview();
     /// Again after the language has changed.
     void setTexts();
+    QString toolTipText() const;
     bool showGroup(const QString &team, const VTObjects::VOColorSchemeTeam &records, int group,
                    int schemeIndex);
     void noteGroup();

@@ -20,7 +20,7 @@
 
 #include <algorithm>
 
-using vtcontrolcolorscheme::defaultGroupCaptions;
+using vtcontrolcolorscheme::defaultGroupCaption;
 using vtcontrolcolorscheme::installPickerAccessibility;
 using VTObjects::builtInGroups;
 using VTObjects::CustomTeam;
@@ -29,6 +29,7 @@ using VTObjects::FavoriteTeam;
 using VTObjects::toQString;
 using VTObjects::VOColorSchemeGroup;
 using VTObjects::VOColorSchemeManager;
+using VTObjects::VOString;
 
 namespace {
 
@@ -108,7 +109,11 @@ VTColorSchemeGroupMenu::VTColorSchemeGroupMenu(QWidget *parent)
             continue;
         const VOColorSchemeGroup &group =
             store->defaultTeam.groups[static_cast<std::size_t>(index)];
-        addGroup(layout, defaultGroupCaptions[key], DefaultTeam, toQString(group.name));
+        addGroup(layout, defaultGroupCaption(key), DefaultTeam, toQString(group.name));
+    }
+    for (const VOString &name : store->hostGroups()) {
+        if (store->defaultTeam.contains(name))
+            addGroup(layout, defaultGroupCaption(name), DefaultTeam, toQString(name));
     }
     if (!store->customTeam.groups.empty()) {
         addHeader(layout, tr("Custom"));

@@ -103,6 +103,8 @@ VTColorSchemeMenu::VTColorSchemeMenu(const QString &caption, const VOColorScheme
     layout->addWidget(groupButton);
     layout->addWidget(scrollArea);
     layout->addWidget(customButton);
+    if (comboBox && !comboBox->isUserDefineVisible())
+        customButton->hide();
     connect(customButton, &QPushButton::clicked, this, &VTColorSchemeMenu::onCustomButtonClicked);
     connect(groupButton, &VTColorSchemeGroupButton::textChanged, this,
             &VTColorSchemeMenu::onGroupButtonTextChanged);
@@ -172,7 +174,10 @@ void VTColorSchemeMenu::showEvent(QShowEvent * /*event*/)
 {
     if (!comboBox)
         return;
-    groupButton->setMinimumSize(customButton->size());
+    // A button that is hidden was given no size.
+    groupButton->setMinimumSize(customButton->isHidden()
+                                    ? QSize(scrollArea->width(), customButton->sizeHint().height())
+                                    : customButton->size());
     if (const QWidget *const host = comboBox->parentWidget())
         move(host->mapToGlobal(comboBox->geometry().bottomLeft()));
 }
@@ -225,6 +230,7 @@ void VTColorSchemeMenu::onCustomButtonClicked(bool /*checked*/)
     userSchemes.schemes.push_back(newScheme(userSchemes));
     const int last = static_cast<int>(userSchemes.schemes.size()) - 1;
 
+    const VOColorSchemeManager::Hold hold; // the editor has a pointer into the store
     VTColorSchemeEditor editor(last, &userSchemes, true, QApplication::desktop());
     if (editor.exec() == QDialog::Accepted) {
         if (picker) {

@@ -76,7 +76,9 @@ void VTColorSchemeMenu::keyPressEvent(QKeyEvent *event)
 // its actions, of which there are none.
 bool VTColorSchemeMenu::focusNextPrevChild(bool next)
 {
-    const QList<QWidget *> stops{this, customButton, groupButton};
+    QList<QWidget *> stops{this, customButton, groupButton};
+    if (customButton->isHidden())
+        stops.removeOne(customButton);
     const int here = std::max(stops.indexOf(focusWidget()), 0);
     const int target = (here + (next ? 1 : stops.size() - 1)) % stops.size();
     stops[target]->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);

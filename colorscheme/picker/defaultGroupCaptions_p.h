@@ -12,4 +12,8 @@ namespace vtcontrolcolorscheme {
 /// with operator[] adds it with an empty caption.
 extern QMap<VTObjects::VOString, QString> defaultGroupCaptions;
 
+/// What the picker calls a group of the default team: as the host does, or else as the table has
+/// it.
+QString defaultGroupCaption(const VTObjects::VOString &group);
+
 } // namespace vtcontrolcolorscheme
