@@ -107,6 +107,7 @@ void VTColorSchemeManager::initUi()
             appendGroup(team, toQString(group.name), group.name);
     }
     ui->teamView->expandAll();
+    showReadOnly();
 
     keys = new ManagerKeys(*ui, this);
     auto *memory = new DialogMemory(this, QStringLiteral("manager"));
@@ -144,6 +145,7 @@ void VTColorSchemeManager::retranslate()
     copies->retranslate();
     for (const auto &[item, name] : qAsConst(captioned))
         item->setText(copies->captionOf(name));
+    showReadOnly();
 }
 
 QStandardItem *VTColorSchemeManager::appendTeam(const QString &icon, const QString &text,
@@ -221,6 +223,7 @@ void VTColorSchemeManager::onTeamViewClicked(const QModelIndex &index)
 
 void VTColorSchemeManager::showGroup(GroupPlace place)
 {
+    ui->schemeView->setReadOnly(copies->isReadOnly(place));
     if (const VOColorSchemeGroup *group = copies->group(place))
         ui->schemeView->setGroup(place.teamKind, place.groupIndex, *group);
     else

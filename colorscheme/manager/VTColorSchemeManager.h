@@ -1,7 +1,9 @@
 #pragma once
 
+#include "colorscheme/manager/ColorSchemeNodeInfo.h"
 #include "colorscheme/manager/VTDiscardedSchemes.h"
 #include "colorscheme/vtcontrolcolorscheme_export.h"
+#include "vomap/VOColorSchemeId.h"
 #include "vomap/VOColorSchemeTeam.h"
 
 #include <QDialog>
@@ -43,6 +45,14 @@ public:
     /// until this one is left by OK, and what the store got since stays.
     VTColorSchemeManager(const VTDiscardedSchemes &again, QWidget *parent);
     ~VTColorSchemeManager() override;
+
+    /// Shows the scheme's group and makes the scheme current, before exec() or while it is open.
+    /// False, with nothing changed, if the manager does not have or show it.
+    bool showScheme(const VTObjects::VOColorSchemeId &id);
+    /// Lets the user only look at the groups of a team: one of the first three NodeType values.
+    /// They can be copied and exported; commands that would change them do nothing, as commands do
+    /// that do not suit the current node. Groups that the host has added are always so.
+    void setTeamReadOnly(NodeType team, bool readOnly);
 
     /// How it ended, after exec().
     enum Outcome {
@@ -112,6 +122,8 @@ private:
     vtcontrolcolorscheme::GroupPlace shownPlace() const;
     /// Whether the table shows a group of the working copies.
     bool showsGroup() const;
+    /// Marks the nodes of groups that cannot be changed, and the table that shows one.
+    void showReadOnly();
     /// The schemes at those rows of the table, as far as they exist.
     std::vector<VTObjects::VOColorScheme> shownSchemes(const QVector<int> &rows) const;
     /// Copies the selected schemes into a group.

@@ -39,6 +39,8 @@ QString withAmpersands(QString text)
 
 void VTColorSchemeManager::onAddGroup()
 {
+    if (copies->isReadOnly(CustomTeam))
+        return;
     GeneratedName proposal(QStringLiteral("Custom group"));
     for (int row = 0; row < customItem->rowCount(); ++row)
         proposal.add(customItem->child(row)->text());
@@ -54,7 +56,7 @@ void VTColorSchemeManager::onAddGroup()
 void VTColorSchemeManager::onDeleteGroup()
 {
     const QStandardItem *item = currentItem();
-    if (!item || item->parent() != customItem)
+    if (!item || item->parent() != customItem || copies->isReadOnly(CustomTeam))
         return;
     ui->schemeView->finishEditing();
     const QString text = tr("The group(%1) cannot be restored after deletion.").arg(item->text()) +
@@ -87,7 +89,7 @@ QMenu *VTColorSchemeManager::copyMenu(const QStandardItem *team,
     auto menu = std::make_unique<QMenu>();
     for (int row = 0; row < team->rowCount(); ++row) {
         const QStandardItem *item = team->child(row);
-        if (placeOf(item) == shownPlace())
+        if (placeOf(item) == shownPlace() || copies->isReadOnly(placeOf(item)))
             continue;
         auto *action = new QAction(withAmpersands(item->text()), menu.get());
         action->setData(item->data(nodeInfoRole));
@@ -129,7 +131,7 @@ GroupPlace VTColorSchemeManager::targetOf(const QObject *action, int teamKind) c
 
 void VTColorSchemeManager::copySelected(GroupPlace target)
 {
-    if (!copies->group(target))
+    if (!copies->group(target) || copies->isReadOnly(target))
         return;
     ui->schemeView->finishEditing();
     appendSchemes(target,

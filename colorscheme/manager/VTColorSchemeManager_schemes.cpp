@@ -37,7 +37,7 @@ void VTColorSchemeManager::onAddScheme()
     if (!item || item->parent() == favoriteItem || nodeInfo(item).type != GroupNode)
         return;
     ui->schemeView->finishEditing();
-    if (!showsGroup())
+    if (!showsGroup() || copies->isReadOnly(shownPlace()))
         return;
     VTColorSchemeModel *model = ui->schemeView->schemeModel();
     VOColorSchemeGroup &group = model->group();
@@ -68,7 +68,7 @@ void VTColorSchemeManager::onDeleteScheme()
     VTColorSchemeView *const table = ui->schemeView;
     table->finishEditing();
     QVector<int> rows = table->selectedRowNumbers();
-    if (rows.isEmpty())
+    if (rows.isEmpty() || copies->isReadOnly(shownPlace()))
         return;
     const QString text = tr("The color scheme cannot be restored after deletion.") +
                          QLatin1Char('\n') + tr("Are you sure to delete it?");
@@ -143,7 +143,7 @@ void VTColorSchemeManager::onImportScheme()
     if ((type == CustomTeamNode || type == FavoriteTeamNode) && !item->hasChildren())
         return;
     ui->schemeView->finishEditing();
-    if (!showsGroup())
+    if (!showsGroup() || copies->isReadOnly(shownPlace()))
         return;
     const QStringList paths = QFileDialog::getOpenFileNames(
         this, tr("Open color scheme file"), lastOpenFilePath(), QStringLiteral("*.vcs"), nullptr,
@@ -177,7 +177,7 @@ void VTColorSchemeManager::onExportScheme()
 void VTColorSchemeManager::onFavorite(const QSet<int> &rows)
 {
     ui->schemeView->finishEditing();
-    if (!showsGroup())
+    if (!showsGroup() || copies->isReadOnly(FavoriteTeam))
         return;
     const WorkingCopies::Favorites favorites = copies->favoritesOf(shownPlace());
     if (favorites.isNew)

@@ -169,6 +169,8 @@ void VTColorSchemeView::onDoubleClicked(const QModelIndex &index)
 
 bool VTColorSchemeView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
 {
+    if (readOnly)
+        return false;
     const bool isEdited = QTableView::edit(index, trigger, event);
     auto *field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
     if (field && viewport()->isAncestorOf(field) && !field->isModified()) {
@@ -181,6 +183,8 @@ bool VTColorSchemeView::edit(const QModelIndex &index, EditTrigger trigger, QEve
 
 void VTColorSchemeView::editScheme(int row, QWidget *parent)
 {
+    if (readOnly)
+        return;
     VTColorSchemeEditor editor(row, &tableModel->group(), false, parent);
     if (editor.exec() != QDialog::Accepted)
         return;

@@ -38,6 +38,8 @@ public:
 
     /// Shows a copy of the group, which stands at `groupIndex` of the team; -1 for none.
     void setGroup(int teamKind, const int &groupIndex, const VTObjects::VOColorSchemeGroup &group);
+    /// Lets nobody edit the schemes here. Off at first.
+    void setReadOnly(bool on) { readOnly = on; }
     /// The model: never null, owned by the view.
     VTColorSchemeModel *schemeModel() const { return tableModel; }
     /// The rows that are selected as a whole, ascending.
@@ -101,6 +103,7 @@ private:
     QAction *defaultAction = nullptr;
     QAction *customAction = nullptr;
     QAction *favoriteAction = nullptr;
+    bool readOnly = false;
     VTColorSchemeModel *tableModel = nullptr;
     VTColorSchemeManager *manager = nullptr;
     // The submenus of the last right-click; an action does not own its menu.

@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QSet>
 
+#include <algorithm>
 #include <iterator>
 
 // Shared by the manager and its table; see the class. Nothing outside this file names it.
@@ -64,24 +65,34 @@ WorkingCopies::WorkingCopies(const VTDiscardedSchemes &again)
         teams = VOColorSchemeMoves::repeated(again.before, again.edited, teams);
         dataModified = true;
     }
-    const VOColorSchemeTeam &builtIn = teams[DefaultTeam];
-    for (std::size_t i = 0; i < builtInGroups.size(); ++i) {
-        const VOString name(builtInGroups[i]);
-        const int position = builtIn.index(name);
-        if (position < 0)
-            continue;
-        builtInPositions[name] = position;
-        builtIns.append({name, QString()});
-    }
+    for (const char *key : builtInGroups)
+        addBuiltIn(key);
+    for (const VOString &name : VOColorSchemeManager::instance()->hostGroups())
+        addBuiltIn(name);
     retranslate();
+}
+
+void WorkingCopies::addBuiltIn(const VOString &name)
+{
+    const int position = teams[DefaultTeam].index(name);
+    if (position < 0)
+        return;
+    builtInPositions[name] = position;
+    builtIns.append({name, QString()});
 }
 
 void WorkingCopies::retranslate()
 {
+    const VOColorSchemeManager *const store = VOColorSchemeManager::instance();
     for (std::size_t i = 0; i < builtInGroups.size(); ++i) {
+        const QString ofTheHost = store->groupCaption(builtInGroups[i]);
         captions[builtInGroups[i]] =
-            QCoreApplication::translate("VTColorSchemeManager", builtInGroupCaptions[i].ofManager);
+            ofTheHost.isEmpty() ? QCoreApplication::translate("VTColorSchemeManager",
+                                                              builtInGroupCaptions[i].ofManager)
+                                : ofTheHost;
     }
+    for (const VOString &name : store->hostGroups())
+        captions[name] = store->groupCaption(name);
     for (BuiltIn &group : builtIns)
         group.caption = captions.value(group.name);
 }
@@ -113,6 +124,17 @@ const VOColorSchemeGroup *WorkingCopies::group(GroupPlace place) const
         static_cast<std::size_t>(place.groupIndex) >= found->groups.size())
         return nullptr;
     return &found->groups[static_cast<std::size_t>(place.groupIndex)];
+}
+
+bool WorkingCopies::isReadOnly(GroupPlace place) const
+{
+    if (isReadOnly(place.teamKind))
+        return true;
+    const VOColorSchemeGroup *const found = group(place);
+    if (!found || place.teamKind != DefaultTeam)
+        return false;
+    const std::vector<VOString> &ofTheHost = VOColorSchemeManager::instance()->hostGroups();
+    return std::find(ofTheHost.begin(), ofTheHost.end(), found->name) != ofTheHost.end();
 }
 
 VOColorSchemeGroup *WorkingCopies::groupAt(GroupPlace place)

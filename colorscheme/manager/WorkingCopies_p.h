@@ -56,8 +56,8 @@ public:
         VTObjects::VOString name;
         QString caption; ///< in the manager's language
     };
-    /// Those of the six known built-in groups that the store has, in their fixed order. Deliberate:
-    /// a built-in group of any other name is never shown.
+    /// Those of the six known built-in groups that the store has, in their fixed order, and then
+    /// those of the host. Deliberate: a built-in group of any other name is never shown.
     const QVector<BuiltIn> &shownBuiltIns() const { return builtIns; }
     /// The caption of a built-in group, in the manager's language; null for any other name.
     QString captionOf(const VTObjects::VOString &name) const { return captions.value(name); }
@@ -70,6 +70,15 @@ public:
     GroupPlace placeOf(int teamKind, int row, const VTObjects::VOString &name) const;
     /// The place of the user's first group of that name; none if there is none.
     GroupPlace customPlace(const VTObjects::VOString &name) const;
+
+    /// Whether the user must not change a group, or a team: by the host's word, or because no file
+    /// would have it.
+    bool isReadOnly(GroupPlace place) const;
+    bool isReadOnly(int teamKind) const
+    {
+        return VTObjects::isTeamKind(teamKind) && readOnly[teamKind];
+    }
+    void setReadOnly(VTObjects::VOTeamKind team, bool on) { readOnly[team] = on; }
 
     /// Appends an empty group to the user's own.
     void addCustomGroup(const VTObjects::VOString &name);
@@ -106,11 +115,13 @@ public:
 
 private:
     VTObjects::VOColorSchemeGroup *groupAt(GroupPlace place);
+    void addBuiltIn(const VTObjects::VOString &name);
 
     // Nobody changes the store from elsewhere, or it would be overwritten.
     VTObjects::VOColorSchemeManager::Hold hold;
     VTObjects::VOColorSchemeMoves::Teams teams;
     std::unique_ptr<VTObjects::VOColorSchemeMoves> moves; // of the teams
+    bool readOnly[VTObjects::allTeams.size()] = {};       // by VOTeamKind
     QVector<BuiltIn> builtIns;
     QMap<VTObjects::VOString, QString> captions; // of all built-in groups that have one
     QMap<VTObjects::VOString, int> builtInPositions;

@@ -1,3 +1,4 @@
+#include "colorscheme/manager/VTLineEditWidget.h"
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "tests/support/ManagerTest.h"
 #include "tests/support/TestMain.h"
@@ -27,6 +28,13 @@ private Q_SLOTS:
     void aPickerFollowsASchemeAndNotItsCopy();
     void aPickerOfADeletedSchemeKeepsItsColors();
     void nothingIsReloadedBelowAManager();
+    void aSchemeIsShownByItsId();
+    void aSchemeThatIsNotShownChangesNothing_data();
+    void aSchemeThatIsNotShownChangesNothing();
+    void showingASchemeKeepsWhatWasEdited();
+    void aReadOnlyTeamIsOnlyLookedAt_data();
+    void aReadOnlyTeamIsOnlyLookedAt();
+    void aTeamCanBeMadeWritableAgain();
 
 private:
     VOColorSchemeManager &records() { return *VOColorSchemeManager::instance(); }
@@ -213,6 +221,123 @@ void tst_managerForHosts::nothingIsReloadedBelowAManager()
     QVERIFY(!records().reloadIfChanged());
     QCOMPARE(records().problems().size(), std::size_t(1));
     records().clearProblems();
+}
+
+void tst_managerForHosts::aSchemeIsShownByItsId()
+{
+    open();
+    for (const char *text : {"Custom/Mine/d", "Favorite/DEM/f2", "Default/Unique/u"}) {
+        const VOColorSchemeId id = VOColorSchemeId::fromText(text);
+        QVERIFY2(manager->showScheme(id), text);
+        QCOMPARE(user->tree->currentIndex().data().toString(),
+                 id.team == "Default" ? QString("For unique") : toQString(id.group));
+        const QString name = toQString(id.scheme);
+        QCOMPARE(user->table->selectedRowNumbers(), {user->names().indexOf(name)});
+        QCOMPARE(user->table->currentIndex().row(), user->names().indexOf(name));
+    }
+    // Nothing was modified by it.
+    endWith("Ok");
+    QCOMPARE(manager->outcome(), VTColorSchemeManager::NothingChanged);
+}
+
+void tst_managerForHosts::aSchemeThatIsNotShownChangesNothing_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("null") << "";
+    QTest::newRow("no such scheme") << "Custom/Mine/zzz";
+    QTest::newRow("no such group") << "Default/zzz/d1";
+    QTest::newRow("of a group without a node") << "Default/Secret/s";
+}
+
+void tst_managerForHosts::aSchemeThatIsNotShownChangesNothing()
+{
+    QFETCH(QString, text);
+    records().defaultTeam.groups.push_back(makeGroup("Secret", {"s"}));
+    open();
+    user->click(1, 0);
+    user->select({2});
+    QVERIFY(!manager->showScheme(VOColorSchemeId::fromText(text)));
+    QCOMPARE(user->tree->currentIndex(), user->node(1, 0));
+    QCOMPARE(user->table->selectedRowNumbers(), {2});
+}
+
+void tst_managerForHosts::showingASchemeKeepsWhatWasEdited()
+{
+    open();
+    user->click(1, 0);
+    rename(2, "edited");
+    QVERIFY(manager->showScheme({L"Favorite", L"Old", L"o"}));
+    QVERIFY(!manager->showScheme({L"Custom", L"Mine", L"c"}));
+    QVERIFY(manager->showScheme({L"Custom", L"Mine", L"edited"}));
+    QCOMPARE(user->names()[2], QString("edited"));
+    endWith("Yes");
+    QVERIFY(records().find({L"Custom", L"Mine", L"edited"}));
+}
+
+void tst_managerForHosts::aReadOnlyTeamIsOnlyLookedAt_data()
+{
+    QTest::addColumn<int>("team");
+    QTest::newRow("default") << int(DefaultTeamNode);
+    QTest::newRow("custom") << int(CustomTeamNode);
+    QTest::newRow("favorite") << int(FavoriteTeamNode);
+}
+
+void tst_managerForHosts::aReadOnlyTeamIsOnlyLookedAt()
+{
+    QFETCH(int, team);
+    open();
+    manager->setTeamReadOnly(NodeType(team), true);
+    user->click(team, 0);
+    user->select({0, 1});
+    const QStringList names = user->names();
+    const int groups = user->groups(team).size();
+    // None of this opens anything, or it would be closed by force and told.
+    ModalDriver driver;
+    for (const char *command :
+         {"actionAdd_scheme", "actionEdit_scheme", "actionDelete_scheme", "actionImport_scheme"})
+        user->command(command);
+    if (team == CustomTeamNode) {
+        user->command("actionAdd_group");
+        user->command("actionDelete_group");
+    }
+    user->table->onDoubleClicked(user->model->index(0, 1));
+    QTest::mouseDClick(user->table->viewport(), Qt::LeftButton, {},
+                       user->table->visualRect(user->model->index(0, 2)).center());
+    QVERIFY(!user->table->findChild<VTLineEditWidget *>());
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(user->names(), names);
+    QCOMPARE(user->groups(team).size(), groups);
+    QVERIFY(!user->node(team, 0).data(Qt::ToolTipRole).toString().isEmpty());
+    // Nothing gets in from elsewhere either.
+    const int other = team == CustomTeamNode ? DefaultTeamNode : CustomTeamNode;
+    user->click(other, 0);
+    user->select({0});
+    const std::unique_ptr<QMenu> defaults(manager->defaultMenu());
+    const std::unique_ptr<QMenu> customs(manager->customMenu());
+    QCOMPARE(defaults->isEmpty(), team == DefaultTeamNode);
+    QCOMPARE(customs->isEmpty(), team == CustomTeamNode);
+    if (team == FavoriteTeamNode) {
+        manager->onFavorite({0});
+        QCOMPARE(user->groups(team).size(), groups);
+    }
+    endWith("Ok");
+    QCOMPARE(manager->outcome(), VTColorSchemeManager::NothingChanged);
+}
+
+void tst_managerForHosts::aTeamCanBeMadeWritableAgain()
+{
+    open();
+    manager->setTeamReadOnly(CustomTeamNode, true);
+    user->click(1, 0);
+    manager->setTeamReadOnly(CustomTeamNode, false);
+    QVERIFY(user->node(1, 0).data(Qt::ToolTipRole).toString().isEmpty());
+    manager->setTeamReadOnly(GroupNode, true); // no team
+    user->select({0});
+    ModalDriver driver;
+    driver.next(pressText("Delete"));
+    user->command("actionDelete_scheme");
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(user->names().size(), 5);
 }
 
 VT_TEST_MAIN(tst_managerForHosts)
