@@ -3,6 +3,7 @@
 #include "colorscheme/accessibility/describeCells_p.h"
 #include "colorscheme/accessibility/describeColorRamp_p.h"
 #include "colorscheme/editor/ColorRowDelegate_p.h"
+#include "colorscheme/editor/LongTextField_p.h"
 #include "colorscheme/editor/VTColorModel.h"
 #include "colorscheme/editor/editorControls_p.h"
 #include "colorscheme/model/DialogMemory_p.h"
@@ -33,6 +34,7 @@ using vtcontrolcolorscheme::HsvBound;
 using vtcontrolcolorscheme::hsvBounds;
 using vtcontrolcolorscheme::lastOpenFilePath;
 using vtcontrolcolorscheme::listedColors;
+using vtcontrolcolorscheme::LongTextField;
 using vtcontrolcolorscheme::rampOf;
 using vtcontrolcolorscheme::tellFailure;
 using vtcontrolcolorscheme::toFilePath;
@@ -120,6 +122,9 @@ void VTColorSchemeEditor::initUi()
     for (int kind = VOColorRamp::RandomRamp; kind <= VOColorRamp::PredefineRamp; ++kind)
         ui->comboBox_type->insertItem(kind, QString());
     setTexts();
+
+    author = new LongTextField(ui->lineEdit_author);
+    describe = new LongTextField(ui->lineEdit_describe);
 
     const VOColorScheme empty;
     const VOColorScheme *const stored = currentScheme();
@@ -267,8 +272,8 @@ void VTColorSchemeEditor::viewScheme(const VOColorScheme &scheme)
     VOColorRamp *const ramp = standIn ? standIn.get() : scheme.colorRamp;
 
     ui->nameWidget->lineEdit()->setText(toQString(scheme.name));
-    ui->lineEdit_author->setText(toQString(scheme.author));
-    ui->lineEdit_describe->setText(toQString(scheme.describe));
+    author->setText(toQString(scheme.author));
+    describe->setText(toQString(scheme.describe));
     // Deliberate: the rows for seed and bounds stay as they are when a file of another kind is
     // loaded. They follow the kind that the user chose last.
     ui->comboBox_type->setCurrentIndex(ramp->category());

@@ -21,7 +21,8 @@ class VTColorSchemeEditorBase;
 
 namespace vtcontrolcolorscheme {
 class DialogMemory;
-}
+class LongTextField;
+} // namespace vtcontrolcolorscheme
 
 /// The modal dialog in which one scheme of a group is created or edited: its name, author,
 /// description, and the ramp with its kind, level, seed, bounds and colours. Run it with exec():
@@ -105,6 +106,8 @@ private:
     int schemeIndex = -1;
     VTObjects::VOColorSchemeGroup *schemeGroup = nullptr; // not owned
     VTColorModel *colorModel = nullptr;
-    bool hasBeenSelected = false;                         // until then all moves are enabled
-    vtcontrolcolorscheme::DialogMemory *memory = nullptr; // once it is set up
+    bool hasBeenSelected = false;                            // until then all moves are enabled
+    vtcontrolcolorscheme::LongTextField *author = nullptr;   // owned by its field
+    vtcontrolcolorscheme::LongTextField *describe = nullptr; // owned by its field
+    vtcontrolcolorscheme::DialogMemory *memory = nullptr;    // once it is set up
 };

@@ -104,6 +104,16 @@ bool holdsTextOf(const QLineEdit &field, const QModelIndex &index)
     return field.text() == index.data(Qt::EditRole).toString().left(field.maxLength());
 }
 
+void showTextTip(const QHelpEvent *event, QWidget *widget, const QRect &place, const QString &text)
+{
+    const QScreen *screen = QGuiApplication::screenAt(event->globalPos());
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    const qreal widest = screen ? screen->availableGeometry().width() / 2.0 : 0;
+    QToolTip::showText(event->globalPos(), toolTipOf(text, QFontMetricsF(QToolTip::font()), widest),
+                       widget, place);
+}
+
 bool showWholeText(const QHelpEvent *event, const QAbstractItemView *view,
                    const QStyleOptionViewItem &option, const QString &text)
 {
@@ -116,12 +126,7 @@ bool showWholeText(const QHelpEvent *event, const QAbstractItemView *view,
     const qreal room = textRoom(option) - (option.rect.width() - visible.width());
     if (line == text && metrics.horizontalAdvance(line) <= room)
         return false;
-    const QScreen *screen = QGuiApplication::screenAt(event->globalPos());
-    if (!screen)
-        screen = QGuiApplication::primaryScreen();
-    const qreal widest = screen ? screen->availableGeometry().width() / 2.0 : 0;
-    QToolTip::showText(event->globalPos(), toolTipOf(text, metrics, widest), view->viewport(),
-                       visible);
+    showTextTip(event, view->viewport(), visible, text);
     return true;
 }
 

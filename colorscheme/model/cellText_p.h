@@ -5,6 +5,8 @@
 class QAbstractItemView;
 class QHelpEvent;
 class QLineEdit;
+class QRect;
+class QWidget;
 
 namespace vtcontrolcolorscheme {
 
@@ -20,6 +22,10 @@ QString oneLine(const QString &text);
 
 /// Whether a field still holds the text of the cell that it edits, as far as it can take it.
 bool holdsTextOf(const QLineEdit &field, const QModelIndex &index);
+
+/// Shows the text as a tool-tip of the widget, wrapped if it is long, as long as the pointer is in
+/// `place` (in the widget's coordinates).
+void showTextTip(const QHelpEvent *event, QWidget *widget, const QRect &place, const QString &text);
 
 /// Shows the whole text of a cell as a tool-tip where the cell cannot show it; the option is
 /// complete but for its text. False if there is nothing to add to what the cell shows.

@@ -10,6 +10,7 @@
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QToolBar>
+#include <QToolTip>
 #include <QtTest>
 
 using namespace VTObjects;
@@ -36,6 +37,8 @@ private Q_SLOTS:
     void waysOutInAddMode_data();
     void waysOutInAddMode();
     void aFileIsLoaded();
+    void aLongTextShowsItsBeginningAndIsAToolTip();
+    void typingGoesBehindALongText();
 
 private:
     std::unique_ptr<TestStore> store;
@@ -336,6 +339,46 @@ void tst_VTColorSchemeEditorWindow::aFileIsLoaded()
     QTRY_COMPARE(test.nameField()->text(), QStringLiteral("Saved"));
     QCOMPARE(test.preview(), stripOf(scheme.colorRamp));
     QCOMPARE(test.colors().size(), 3);
+}
+
+void tst_VTColorSchemeEditorWindow::aLongTextShowsItsBeginningAndIsAToolTip()
+{
+    const QString text = QStringLiteral("From green lowlands over yellow hills to brown mountains");
+    VOColorSchemeGroup group = makeGroup("g", {"a"});
+    group.schemes[0].describe = toVOString(text);
+    VTColorSchemeEditor editor(0, &group, false, nullptr);
+    editor.move(80, 80);
+    editor.show();
+    QVERIFY(QTest::qWaitForWindowActive(&editor));
+    auto *describe = editor.findChild<QLineEdit *>("lineEdit_describe");
+    QCOMPARE(describe->cursorPosition(), 0);
+    RealInput::moveTo(describe->mapToGlobal(describe->rect().center()));
+    QTRY_VERIFY(QToolTip::isVisible());
+    QVERIFY(QToolTip::text().contains(text));
+    auto *author = editor.findChild<QLineEdit *>("lineEdit_author");
+    RealInput::moveTo(author->mapToGlobal(author->rect().center()));
+    QTRY_VERIFY(!QToolTip::isVisible());
+    // Whoever works in it sees what he works on, and leaves it with the beginning again.
+    RealInput::click(describe);
+    QTRY_VERIFY(describe->hasFocus());
+    RealInput::press(QStringLiteral("End"));
+    QTRY_COMPARE(describe->cursorPosition(), text.size());
+    RealInput::click(author);
+    QTRY_VERIFY(author->hasFocus());
+    QCOMPARE(describe->cursorPosition(), 0);
+}
+
+void tst_VTColorSchemeEditorWindow::typingGoesBehindALongText()
+{
+    VOColorSchemeGroup group = makeGroup("g", {"a"});
+    group.schemes[0].describe = VOString(L"some text");
+    VTColorSchemeEditor editor(0, &group, false, nullptr);
+    auto *describe = editor.findChild<QLineEdit *>("lineEdit_describe");
+    QTest::keyClicks(describe, QStringLiteral(" more"));
+    QCOMPARE(describe->text(), QStringLiteral("some text more"));
+    describe->setCursorPosition(4);
+    QTest::keyClicks(describe, QStringLiteral("!"));
+    QCOMPARE(describe->text(), QStringLiteral("some! text more"));
 }
 
 VT_TEST_MAIN(tst_VTColorSchemeEditorWindow)

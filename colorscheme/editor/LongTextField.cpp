@@ -1,0 +1,90 @@
+#include "colorscheme/editor/LongTextField_p.h"
+
+#include "colorscheme/model/cellText_p.h"
+
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QStyleOptionFrame>
+
+namespace vtcontrolcolorscheme {
+
+namespace {
+
+// On each side of the text, inside the frame; the toolkit does not tell it.
+constexpr int innerMargin = 2;
+
+int roomFor(const QLineEdit &field)
+{
+    QStyleOptionFrame frame;
+    frame.initFrom(&field);
+    frame.rect = field.contentsRect();
+    frame.lineWidth =
+        field.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &frame, &field);
+    const QRect inside =
+        field.style()->subElementRect(QStyle::SE_LineEditContents, &frame, &field);
+    const QMargins margins = field.textMargins();
+    return inside.width() - margins.left() - margins.right() - 2 * innerMargin;
+}
+
+} // namespace
+
+LongTextField::LongTextField(QLineEdit *field)
+    : QObject(field)
+    , field(field)
+{
+    field->installEventFilter(this);
+}
+
+void LongTextField::setText(const QString &text)
+{
+    field->setText(text);
+    if (!field->hasFocus())
+        showBeginning();
+}
+
+void LongTextField::showBeginning()
+{
+    field->setCursorPosition(0);
+    untouched = true;
+}
+
+bool LongTextField::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::InputMethod:
+        if (untouched && !field->hasSelectedText())
+            field->end(false);
+        untouched = false;
+        break;
+    case QEvent::MouseButtonPress:
+        untouched = false;
+        break;
+    case QEvent::FocusOut: {
+        // Of a menu or another window one comes back to where one was.
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason &&
+            reason != Qt::MenuBarFocusReason)
+            showBeginning();
+        break;
+    }
+    case QEvent::ToolTip:
+        if (showTip(event))
+            return true;
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool LongTextField::showTip(const QEvent *event) const
+{
+    if (!field->toolTip().isEmpty() ||
+        field->fontMetrics().horizontalAdvance(field->text()) <= roomFor(*field))
+        return false;
+    showTextTip(static_cast<const QHelpEvent *>(event), field, field->rect(), field->text());
+    return true;
+}
+
+} // namespace vtcontrolcolorscheme
