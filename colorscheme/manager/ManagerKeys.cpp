@@ -20,14 +20,18 @@ ManagerKeys::ManagerKeys(const Ui::VTColorSchemeManagerBase &ui, QObject *manage
         QWidget::setTabOrder(last, next);
         last = next;
     };
-    const QList<QAction *> actions = ui.toolbar->actions();
-    for (QAction *action : actions) {
-        if (auto *button = qobject_cast<QToolButton *>(ui.toolbar->widgetForAction(action))) {
+    const auto goOnToButton = [&goOnTo](QWidget *widget) {
+        if (auto *button = qobject_cast<QToolButton *>(widget)) {
             // Not by a click: the keyboard stays in the table then.
             button->setFocusPolicy(Qt::TabFocus);
             goOnTo(button);
         }
-    }
+    };
+    const QList<QAction *> actions = ui.toolbar->actions();
+    for (QAction *action : actions)
+        goOnToButton(ui.toolbar->widgetForAction(action));
+    // The toolkit's, behind which it hides what a narrow tool bar has no room for.
+    goOnToButton(ui.toolbar->findChild<QToolButton *>(QStringLiteral("qt_toolbar_ext_button")));
     goOnTo(ui.schemeView);
     goOnTo(ui.pushButton_ok);
     goOnTo(ui.pushButton_cancel);

@@ -41,6 +41,9 @@ private:
     void showMine();
     /// What has the keyboard: an object's name, or that of a tool button's action.
     static QString focused();
+    /// Once a window over the manager has gone. Some window managers then let nobody have the
+    /// keyboard, as long as nobody asks.
+    bool isBackInTheTable() const;
     QLineEdit *field() const;
 };
 
@@ -59,6 +62,16 @@ const QStringList stops{"teamView",
                         "schemeView",
                         "pushButton_ok",
                         "pushButton_cancel"};
+
+/// As a person does: waits until the window has the keyboard. One that is closed before leaves
+/// nobody with it.
+ModalDriver::Handler onceActive(const ModalDriver::Handler &handler)
+{
+    return [handler](QWidget *window) {
+        QVERIFY(QTest::qWaitForWindowActive(window));
+        handler(window);
+    };
+}
 
 } // namespace
 
@@ -91,6 +104,15 @@ QString tst_managerKeys::focused()
     return widget ? widget->objectName() : QString();
 }
 
+bool tst_managerKeys::isBackInTheTable() const
+{
+    const auto isBack = [] { return focused() == QLatin1String("schemeView"); };
+    if (QTest::qWaitFor(isBack, 1000))
+        return true;
+    manager->activateWindow();
+    return QTest::qWaitFor(isBack);
+}
+
 QLineEdit *tst_managerKeys::field() const
 {
     auto *widget = qobject_cast<QLineEdit *>(QApplication::focusWidget());
@@ -119,9 +141,30 @@ void tst_managerKeys::tabGoesThroughAllAndBack()
 
 void tst_managerKeys::noToolButtonIsOutOfReach()
 {
-    // A tool bar that is too narrow would put buttons where no key gets.
-    for (QToolButton *button : manager->findChild<QToolBar *>()->findChildren<QToolButton *>())
+    const auto *bar = manager->findChild<QToolBar *>();
+    for (const QToolButton *button : bar->findChildren<QToolButton *>())
         QVERIFY(button->isVisible() == (button->defaultAction() != nullptr));
+    // A narrow tool bar has another button, for what there is no room for.
+    const int width = manager->width();
+    manager->resize(manager->minimumSizeHint());
+    QTRY_VERIFY(manager->width() < width);
+    const auto *more = bar->findChild<QToolButton *>(QStringLiteral("qt_toolbar_ext_button"));
+    QVERIFY(more);
+    QTRY_VERIFY(more->isVisible());
+    for (int i = 0; i < stops.size() && QApplication::focusWidget() != more; ++i) {
+        const QWidget *before = QApplication::focusWidget();
+        RealInput::press(QStringLiteral("shift+Tab"));
+        QTRY_VERIFY(QApplication::focusWidget() != before);
+    }
+    QCOMPARE(QApplication::focusWidget(), more);
+    ModalDriver driver;
+    driver.next([](QWidget *popup) {
+        QCOMPARE(popup->actions().last()->objectName(), QStringLiteral("actionExport_scheme"));
+        RealInput::press(QStringLiteral("Escape"));
+    });
+    RealInput::press(QStringLiteral("space"));
+    QTRY_VERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(QApplication::focusWidget(), more);
 }
 
 void tst_managerKeys::returnOnARowEditsIt()
@@ -135,12 +178,12 @@ void tst_managerKeys::returnOnARowEditsIt()
         driver.next([&name](QWidget *window) {
             QVERIFY(qobject_cast<VTColorSchemeEditor *>(window));
             QCOMPARE(window->findChild<QLineEdit *>(QStringLiteral("lineEdit"))->text(), name);
-            pressNamed(QStringLiteral("pushButton_cancel"))(window);
+            onceActive(pressNamed(QStringLiteral("pushButton_cancel")))(window);
         });
         RealInput::press(QLatin1String(key));
         QTRY_VERIFY2(driver.allSeen(), qPrintable(driver.problem()));
         QVERIFY(manager->isVisible());
-        QTRY_COMPARE(focused(), QStringLiteral("schemeView"));
+        QVERIFY(isBackInTheTable());
     }
 }
 
@@ -161,7 +204,7 @@ void tst_managerKeys::f2RenamesTheRow()
     QCOMPARE(user->table->currentIndex().row(), 1);
     // Return is the row's again.
     ModalDriver driver;
-    driver.next(pressNamed(QStringLiteral("pushButton_cancel")));
+    driver.next(onceActive(pressNamed(QStringLiteral("pushButton_cancel"))));
     RealInput::press(QStringLiteral("Return"));
     QTRY_VERIFY2(driver.allSeen(), qPrintable(driver.problem()));
 }
@@ -174,13 +217,13 @@ void tst_managerKeys::keysOfTheRowsDoWhatTheToolButtonsDo()
     RealInput::press(QStringLiteral("Next"));
     QTRY_COMPARE(user->table->selectedRowNumbers(), QVector<int>{5});
     ModalDriver driver;
-    driver.next(pressText(QStringLiteral("Delete")));
+    driver.next(onceActive(pressText(QStringLiteral("Delete"))));
     RealInput::press(QStringLiteral("Delete"));
     QTRY_VERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     QCOMPARE(user->names(), (QStringList{"a", "b", "c", "d", "e"}));
     QCOMPARE(user->table->selectedRowNumbers(), QVector<int>{4});
-    QTRY_COMPARE(focused(), QStringLiteral("schemeView"));
-    driver.next(pressNamed(QStringLiteral("pushButton_ok")));
+    QVERIFY(isBackInTheTable());
+    driver.next(onceActive(pressNamed(QStringLiteral("pushButton_ok"))));
     RealInput::press(QStringLiteral("Insert"));
     QTRY_VERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     QCOMPARE(user->names().last(), QStringLiteral("add_scheme1"));
@@ -309,10 +352,10 @@ void tst_managerKeys::aSchemeIsMadeRenamedCopiedAndDeleted()
     QTRY_COMPARE(user->names().size(), 6);
     // A new scheme, under a name of its own.
     ModalDriver driver;
-    driver.next(pressNamed(QStringLiteral("pushButton_ok")));
+    driver.next(onceActive(pressNamed(QStringLiteral("pushButton_ok"))));
     press("Insert");
     QTRY_VERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QTRY_COMPARE(focused(), QStringLiteral("schemeView"));
+    QVERIFY(isBackInTheTable());
     press("F2");
     QTRY_VERIFY(field());
     RealInput::type(QStringLiteral("rain"));
@@ -324,24 +367,26 @@ void tst_managerKeys::aSchemeIsMadeRenamedCopiedAndDeleted()
     press("Up");
     press("Return");
     QTRY_COMPARE(user->groups(2), (QStringList{"DEM", "Old", "Mine"}));
-    QTRY_COMPARE(focused(), QStringLiteral("schemeView"));
+    QVERIFY(isBackInTheTable());
     // And away again.
-    driver.next([](QWidget * /*box*/) {
+    driver.next(onceActive([](QWidget * /*box*/) {
         RealInput::press(QStringLiteral("Tab"));
         RealInput::press(QStringLiteral("Escape"));
-    });
+    }));
     press("Delete");
     QTRY_VERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     QCOMPARE(user->names().size(), 7);
-    driver.next(pressText(QStringLiteral("Delete")));
+    QVERIFY(isBackInTheTable());
+    driver.next(onceActive(pressText(QStringLiteral("Delete"))));
     press("Delete");
     QTRY_VERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     QCOMPARE(user->names(), (QStringList{"a", "b", "c", "d", "e", "f"}));
     QCOMPARE(copyNames(2, 2), QStringList{"rain"});
     // Out by "Ok", and saved.
+    QVERIFY(isBackInTheTable());
     press("Tab");
     QTRY_COMPARE(focused(), QStringLiteral("pushButton_ok"));
-    driver.next(pressText(QStringLiteral("Yes")));
+    driver.next(onceActive(pressText(QStringLiteral("Yes"))));
     press("Return");
     QTRY_VERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     QTRY_VERIFY(!manager->isVisible());
