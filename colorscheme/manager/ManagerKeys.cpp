@@ -37,6 +37,9 @@ ManagerKeys::ManagerKeys(const Ui::VTColorSchemeManagerBase &ui, QObject *manage
     goOnTo(ui.pushButton_cancel);
 
     nameKeys();
+    // The window that they open would come again and again.
+    for (QAction *action : {ui.actionAdd_scheme, ui.actionDelete_scheme})
+        action->setAutoRepeat(false);
     tree->installEventFilter(this);
 }
 

@@ -227,6 +227,11 @@ void VTColorSchemeView::keyPressEvent(QKeyEvent *event)
     // What an open field does not want comes here too, and is not meant for the row.
     const bool isForRow = currentIndex().isValid() && (state() != EditingState || hasFocus()) &&
                           !(event->modifiers() & ~Qt::KeypadModifier);
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    // Held since it answered another window or node: it is not for the dialog's default button
+    // either.
+    if (isForRow && isReturn && event->isAutoRepeat())
+        return;
     if (isForRow && event->key() == Qt::Key_F2) {
         const QModelIndex name = currentIndex().siblingAtColumn(NameColumn);
         selectionModel()->setCurrentIndex(name, QItemSelectionModel::NoUpdate);
@@ -234,9 +239,8 @@ void VTColorSchemeView::keyPressEvent(QKeyEvent *event)
         return;
     }
     QTableView::keyPressEvent(event);
-    if (isForRow && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
-        // Else the default button of the dialog would take it.
-        event->accept();
+    if (isForRow && isReturn) {
+        event->accept(); // or the default button of the dialog would take it
         onDoubleClicked(currentIndex().siblingAtColumn(NumberColumn));
     }
 }
