@@ -4,6 +4,7 @@
 #include "vomap/VOStringConversion.h"
 #include "vomap/files/TeamFile_p.h"
 #include "vomap/files/fileSystem_p.h"
+#include "vomap/store/HostGroups_p.h"
 #include "vomap/store/NamedIndex_p.h"
 #include "vomap/store/SchemeStore_p.h"
 
@@ -128,7 +129,11 @@ bool VOStoreHistory::read(const VOSavedState &state, VOColorSchemeTeam &team) co
 
 bool VOStoreHistory::restoreTeam(const VOSavedState &state)
 {
-    return read(state, store->team(state.team));
+    return succeeds([&] {
+        // What a host has added is not of the user's store, and stays.
+        const HostGroups::Aside aside(*store->hosts, store->defaultTeam);
+        return read(state, store->team(state.team));
+    });
 }
 
 bool VOStoreHistory::restoreGroup(const VOSavedState &state, const VOString &group)

@@ -18,10 +18,8 @@ int roomFor(const QLineEdit &field)
     QStyleOptionFrame frame;
     frame.initFrom(&field);
     frame.rect = field.contentsRect();
-    frame.lineWidth =
-        field.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &frame, &field);
-    const QRect inside =
-        field.style()->subElementRect(QStyle::SE_LineEditContents, &frame, &field);
+    frame.lineWidth = field.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &frame, &field);
+    const QRect inside = field.style()->subElementRect(QStyle::SE_LineEditContents, &frame, &field);
     const QMargins margins = field.textMargins();
     return inside.width() - margins.left() - margins.right() - 2 * innerMargin;
 }

@@ -40,9 +40,9 @@ bool VTColorSchemeManager::showScheme(const VOColorSchemeId &id)
         const VOColorSchemeGroup *const group = copies->group(placeOf(item));
         if (!group || group->name != id.group)
             continue;
-        const auto found = std::find_if(
-            group->schemes.begin(), group->schemes.end(),
-            [&id](const VOColorScheme &scheme) { return scheme.name == id.scheme; });
+        const auto found =
+            std::find_if(group->schemes.begin(), group->schemes.end(),
+                         [&id](const VOColorScheme &scheme) { return scheme.name == id.scheme; });
         if (found == group->schemes.end())
             continue;
         const auto position = static_cast<int>(found - group->schemes.begin());

@@ -127,8 +127,7 @@ void tst_hostGroups::theySurviveLoadingResettingAndReloading()
     });
     QCOMPARE(other.wait(), 0);
     QVERIFY(records().reloadIfChanged());
-    QCOMPARE(toQString(records().defaultTeam.groups[0].schemes[0].author),
-             QString("edited there"));
+    QCOMPARE(toQString(records().defaultTeam.groups[0].schemes[0].author), QString("edited there"));
     QVERIFY(areThere());
     // Even where somebody takes them out.
     records().defaultTeam.groups.pop_back();
@@ -201,8 +200,9 @@ void tst_hostGroups::theManagerShowsThemAndNobodyChangesThem()
     picker.setDefaultGroup("Default", "fathoms", 1);
     records().customTeam.groups = {makeGroup("mine", {"a"})};
     open();
-    QCOMPARE(user->groups(0), QStringList({"For DEM", "For unique", "For unique range", "For graph",
-                                           "Even scheme", "Random scheme", "For fathoms", "gusts"}));
+    QCOMPARE(user->groups(0),
+             QStringList({"For DEM", "For unique", "For unique range", "For graph", "Even scheme",
+                          "Random scheme", "For fathoms", "gusts"}));
     user->click(0, 6);
     QCOMPARE(user->names(), QStringList({"shoals", "abyss"}));
     user->select({0});

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void aTeamComesBack();
+    void aRestoredTeamKeepsTheGroupsOfTheHost();
     void aRestoringCanBeTakenBack();
     void aGroupComesBackInItsPlace();
     void aDeletedGroupComesBackBehindTheOthers();
@@ -93,6 +94,17 @@ void tst_VOStoreHistory::aTeamComesBack()
     QVERIFY(manager().save());
     QVERIFY(manager().load());
     QVERIFY(teamDifference(before, custom()).isEmpty());
+}
+
+void tst_VOStoreHistory::aRestoredTeamKeepsTheGroupsOfTheHost()
+{
+    QVERIFY(manager().save());
+    manager().defaultTeam.groups[0].schemes.clear();
+    QVERIFY(manager().save());
+    QVERIFY(manager().addHostGroup(makeGroup("Geology", {"strata"}), "For geology"));
+    QVERIFY(history().restoreTeam(history().states(DefaultTeam).at(0)));
+    QVERIFY(!manager().defaultTeam.groups[0].schemes.empty());
+    QVERIFY(manager().defaultTeam.contains(VOString(L"Geology")));
 }
 
 void tst_VOStoreHistory::aRestoringCanBeTakenBack()

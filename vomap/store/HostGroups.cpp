@@ -15,9 +15,8 @@ bool HostGroups::contains(const VOString &name) const
 bool HostGroups::add(const VOColorSchemeGroup &group, const QString &caption,
                      VOColorSchemeTeam &team)
 {
-    const bool isOurs =
-        std::any_of(builtInGroups.begin(), builtInGroups.end(),
-                    [&group](const char *key) { return group.name == key; });
+    const bool isOurs = std::any_of(builtInGroups.begin(), builtInGroups.end(),
+                                    [&group](const char *key) { return group.name == key; });
     if (group.name == L"" || isOurs || contains(group.name))
         return false;
     m_names.push_back(group.name);
@@ -57,9 +56,10 @@ HostGroups::Aside::Aside(const HostGroups &hosts, VOColorSchemeTeam &team)
 HostGroups::Aside::~Aside()
 {
     for (std::size_t i = 0; i < hosts.groups.size(); ++i) {
-        const auto found = std::find_if(
-            kept.begin(), kept.end(),
-            [&](const VOColorSchemeGroup &group) { return group.name == hosts.m_names[i]; });
+        const auto found =
+            std::find_if(kept.begin(), kept.end(), [&](const VOColorSchemeGroup &group) {
+                return group.name == hosts.m_names[i];
+            });
         if (found != kept.end())
             team.groups.push_back(std::move(*found));
         else
