@@ -7,6 +7,7 @@
 #include "vomap/VOStringConversion.h"
 
 #include <QApplication>
+#include <QScreen>
 #include <QtTest>
 
 using namespace VTObjects;
@@ -36,7 +37,10 @@ void PickerWindowTest::setUp()
                                   manySchemes(QStringLiteral("Yours"), 3)};
     records->favoriteTeam.groups = {manySchemes(QStringLiteral("Best"), 2)};
     dialog = std::make_unique<QDialog>();
-    dialog->setGeometry(400, 200, 400, 300);
+    // A small screen has no such place.
+    const QSize screen = QApplication::primaryScreen()->size();
+    dialog->setGeometry(qBound(0, screen.width() - 400, 400), qBound(0, screen.height() - 300, 200),
+                        400, 300);
     before = new QLineEdit(dialog.get());
     picker = new VTColorSchemeComboBox(dialog.get());
     picker->setGeometry(60, 60, 200, 26);

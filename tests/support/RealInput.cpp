@@ -1,5 +1,6 @@
 #include "tests/support/RealInput.h"
 
+#include <QApplication>
 #include <QEventLoop>
 #include <QProcess>
 #include <QWidget>
@@ -23,10 +24,11 @@ void run(const QStringList &arguments)
                qPrintable(tool.errorString() + QString::fromUtf8(tool.readAllStandardError())));
 }
 
+// The display counts its own pixels, also where the toolkit draws everything larger.
 QStringList moving(const QPoint &position)
 {
-    return {QStringLiteral("mousemove"), QString::number(position.x()),
-            QString::number(position.y())};
+    const QPoint place = position * qApp->devicePixelRatio();
+    return {QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())};
 }
 
 } // namespace
