@@ -5,12 +5,20 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <QWheelEvent>
+#include <QWidgetAction>
 
 #include <algorithm>
 #include <utility>
 
 namespace vtcontrolcolorscheme {
+
+namespace {
+
+constexpr char plainMenu[] = "QMenu{border:0px;padding:0px;margin:0px;menu-scrollable:0}";
+
+} // namespace
 
 EntryListStyle::EntryListStyle(int widestBar)
     : QProxyStyle(QApplication::style()->objectName())
@@ -21,10 +29,10 @@ EntryListStyle::EntryListStyle(int widestBar)
 int EntryListStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                               QStyleHintReturn *returnData) const
 {
-    // Otherwise a list that is higher than the screen breaks into columns, most of them out of
-    // sight.
+    // The toolkit covers the first entry of a menu that scrolls itself with two invisible widgets,
+    // which take its pointer away. The area around this one scrolls it.
     if (hint == SH_Menu_Scrollable)
-        return 1;
+        return 0;
     return QProxyStyle::styleHint(hint, option, widget, returnData);
 }
 
@@ -36,6 +44,10 @@ int EntryListStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
     case PM_MenuVMargin:
     case PM_MenuPanelWidth:
         return 0;
+    case PM_MenuDesktopFrameWidth:
+        // A menu that does not scroll itself breaks into columns where it is higher than the screen
+        // less this on either side.
+        return -QWIDGETSIZE_MAX;
     case PM_ScrollBarExtent:
         return std::min(QProxyStyle::pixelMetric(metric, option, widget), widestBar);
     default:
@@ -49,10 +61,57 @@ QSize EntryListStyle::sizeFromContents(ContentsType type, const QStyleOption *op
     return type == CT_Menu ? size : QProxyStyle::sizeFromContents(type, option, size, widget);
 }
 
-EntryList::EntryList(Hovered hovered, QWidget *parent)
+EntryList::EntryList(Told pointed, Told left, QWidget *parent)
     : QMenu(parent)
-    , hovered(std::move(hovered))
+    , pointed(std::move(pointed))
+    , left(std::move(left))
 {
+}
+
+void EntryList::wear(QStyle *style)
+{
+    setStyle(style);
+    if (!this->style()->inherits("QStyleSheetStyle"))
+        return;
+    setStyleSheet(QString::fromLatin1(plainMenu));
+    // The base class asks for what it is to be when it is made, and then only when its style
+    // changes.
+    ensurePolished();
+    QEvent change(QEvent::StyleChange);
+    changeEvent(&change);
+}
+
+QAction *EntryList::actionOf(const QWidget *entry) const
+{
+    return actionAt(entry->geometry().center());
+}
+
+void EntryList::pointTo(const QWidget *entry)
+{
+    if (QAction *const action = actionOf(entry))
+        pointed(action);
+}
+
+void EntryList::leave(const QWidget *entry)
+{
+    if (QAction *const action = actionOf(entry))
+        left(action);
+}
+
+// The toolkit asks the entry below the pointer, and the list where that has nothing to tell.
+bool EntryList::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto *const help = static_cast<const QHelpEvent *>(event);
+        const auto *const action = qobject_cast<QWidgetAction *>(actionAt(help->pos()));
+        QWidget *const entry = action ? action->defaultWidget() : nullptr;
+        if (entry && !entry->toolTip().isEmpty())
+            QToolTip::showText(help->globalPos(), entry->toolTip(), entry);
+        else
+            QToolTip::hideText();
+        return true;
+    }
+    return QMenu::event(event);
 }
 
 // The base class hides a menu as soon as a click misses its entries, and an embedded one would not
@@ -65,7 +124,10 @@ void EntryList::mousePressEvent(QMouseEvent *event)
 
 void EntryList::mouseMoveEvent(QMouseEvent *event)
 {
-    hovered(actionAt(event->pos()));
+    if (QAction *const action = actionAt(event->pos()))
+        pointed(action);
+    else
+        left(nullptr);
 }
 
 void EntryList::mouseReleaseEvent(QMouseEvent *event)
@@ -91,7 +153,7 @@ void EntryList::keyPressEvent(QKeyEvent *event)
 
 void EntryList::leaveEvent(QEvent * /*event*/)
 {
-    hovered(nullptr);
+    left(nullptr);
 }
 
 void EntryList::paintEvent(QPaintEvent *event)

@@ -32,12 +32,20 @@ private:
 class EntryList : public QMenu
 {
 public:
-    using Hovered = std::function<void(QAction *)>;
+    using Told = std::function<void(QAction *)>;
 
-    /// `hovered` is told of the action below the pointer; null if there is none.
-    EntryList(Hovered hovered, QWidget *parent);
+    /// `pointed` is told of the action below the pointer, `left` of the one that the pointer has
+    /// left; null if that is all of them.
+    EntryList(Told pointed, Told left, QWidget *parent);
+
+    /// Takes the style, and asserts it against what a host's style sheet has for menus.
+    void wear(QStyle *style);
+    /// The pointer has come to the entry, one of this list, or left it.
+    void pointTo(const QWidget *entry);
+    void leave(const QWidget *entry);
 
 protected:
+    bool event(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -47,7 +55,10 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    Hovered hovered;
+    QAction *actionOf(const QWidget *entry) const;
+
+    Told pointed;
+    Told left;
     const QAction *pressed = nullptr;
 };
 

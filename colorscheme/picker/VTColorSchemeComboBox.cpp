@@ -220,11 +220,24 @@ void VTColorSchemeComboBox::paintEvent(QPaintEvent *event)
 
 void VTColorSchemeComboBox::keyPressEvent(QKeyEvent *event)
 {
+    byKey = true;
+    const QPointer<VTColorSchemeComboBox> alive(this);
     const bool altDown = event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier;
     if (altDown || event->key() == Qt::Key_F4)
         showMenu();
     else
         VTColorSchemeButton::keyPressEvent(event);
+    if (alive)
+        byKey = false;
+}
+
+void VTColorSchemeComboBox::keyReleaseEvent(QKeyEvent *event)
+{
+    byKey = true;
+    const QPointer<VTColorSchemeComboBox> alive(this);
+    VTColorSchemeButton::keyReleaseEvent(event);
+    if (alive)
+        byKey = false;
 }
 
 void VTColorSchemeComboBox::showMenu()
@@ -244,6 +257,7 @@ void VTColorSchemeComboBox::showMenu()
     const QPointer<VTColorSchemeComboBox> alive(this); // what is told of a choice may do anything
     {
         VTColorSchemeMenu menu(caption, group, this);
+        menu.setOpenedByKey(std::exchange(byKey, false));
         menu.exec();
     }
     // Another group, and no scheme of it.

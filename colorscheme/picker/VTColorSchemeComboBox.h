@@ -113,6 +113,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     /// Besides the keys of every button: Alt+Down and F4 open the drop-down.
     void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
 
 private Q_SLOTS:
     void showMenu();
@@ -163,4 +164,5 @@ private:
     bool userDefineVisible = true;
     bool readOnly = false;
     bool m_followsStore = false;
+    bool byKey = false; // while a key is acted upon
 };

@@ -5,21 +5,25 @@
 #include "colorscheme/model/colorRampPreviewPixmap.h"
 #include "colorscheme/model/newScheme_p.h"
 #include "colorscheme/picker/EntryList_p.h"
+#include "colorscheme/picker/TypeAhead_p.h"
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "colorscheme/picker/VTColorSchemeGroupButton.h"
 #include "colorscheme/picker/VTSchemeMenuActionWidget.h"
 #include "colorscheme/picker/pickerAccessibility_p.h"
+#include "colorscheme/picker/popupPlace_p.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 #include "vomap/VOTeamKind.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QDesktopWidget>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -27,11 +31,14 @@
 
 #include <algorithm>
 
+using vtcontrolcolorscheme::availableArea;
 using vtcontrolcolorscheme::describeColorRamp;
 using vtcontrolcolorscheme::EntryList;
 using vtcontrolcolorscheme::EntryListStyle;
 using vtcontrolcolorscheme::installPickerAccessibility;
 using vtcontrolcolorscheme::newScheme;
+using vtcontrolcolorscheme::placeWithin;
+using vtcontrolcolorscheme::TypeAhead;
 using VTObjects::CustomTeam;
 using VTObjects::DefaultTeam;
 using VTObjects::isTeamKind;
@@ -40,6 +47,7 @@ using VTObjects::toQString;
 using VTObjects::toVOString;
 using VTObjects::VOColorScheme;
 using VTObjects::VOColorSchemeGroup;
+using VTObjects::VOColorSchemeId;
 using VTObjects::VOColorSchemeManager;
 using VTObjects::VOColorSchemeTeam;
 using VTObjects::VOString;
@@ -79,6 +87,7 @@ VTColorSchemeMenu::VTColorSchemeMenu(const QString &caption, const VOColorScheme
     , customButton(new QPushButton(tr("User define"), this))
     , scrollArea(new WhiteScrollArea(this))
     , listStyle(std::make_unique<EntryListStyle>(besideStrip))
+    , search(std::make_unique<TypeAhead>())
 {
     installPickerAccessibility();
     setMouseTracking(true);
@@ -120,14 +129,18 @@ VTColorSchemeMenu::~VTColorSchemeMenu()
 
 void VTColorSchemeMenu::fill(const VOColorSchemeGroup &record)
 {
+    // Whatever the new list brings below the pointer, nobody points at it.
+    const QScopedValueRollback<bool> guard(adjusting, true);
+    restingPointer = QCursor::pos();
     group = record;
     clearList();
 
     auto *list = new EntryList(
-        [this](const QAction *action) { highlight(action ? action->data().toInt() : -1); },
+        [this](const QAction *action) { pointTo(action->data().toInt()); },
+        [this](const QAction *action) { leave(action ? action->data().toInt() : -1); },
         scrollArea->viewport());
     list->setWindowFlags(Qt::Widget); // at home already: moving there, all entries would restyle
-    list->setStyle(listStyle.get());
+    list->wear(listStyle.get());
     list->setAttribute(Qt::WA_MouseTracking);
     list->setAttribute(Qt::WA_TranslucentBackground);
     list->setFocusPolicy(Qt::NoFocus);
@@ -150,10 +163,13 @@ void VTColorSchemeMenu::fill(const VOColorSchemeGroup &record)
         connect(action, &QAction::triggered, this, &VTColorSchemeMenu::onActionClicked);
         list->addAction(action);
     }
-    if (list->isEmpty())
+    if (list->isEmpty()) {
         delete list;
-    else
-        scrollArea->setWidget(list);
+        return;
+    }
+    scrollArea->setWidget(list);
+    if (VTSchemeMenuActionWidget *const entry = entryOf(pickedEntry()))
+        entry->setPicked(true);
 }
 
 // Actions go first, and while the list is hidden: it would look for each in turn, and lay out the
@@ -161,7 +177,9 @@ void VTColorSchemeMenu::fill(const VOColorSchemeGroup &record)
 void VTColorSchemeMenu::clearList()
 {
     current = -1;
-    typed.clear();
+    latest = -1;
+    pointed = false;
+    stopTyping();
     QWidget *const list = scrollArea->widget();
     if (!list)
         return;
@@ -179,7 +197,65 @@ void VTColorSchemeMenu::showEvent(QShowEvent * /*event*/)
                                     ? QSize(scrollArea->width(), customButton->sizeHint().height())
                                     : customButton->size());
     if (const QWidget *const host = comboBox->parentWidget())
-        move(host->mapToGlobal(comboBox->geometry().bottomLeft()));
+        placeAt(host->mapToGlobal(comboBox->geometry().bottomLeft()));
+    showPicked();
+}
+
+void VTColorSchemeMenu::placeAt(const QPoint &corner)
+{
+    const QRect place = placeWithin(QRect(corner, size()), availableArea(comboBox));
+    if (place.size() != size()) { // no room for the smallest size, either
+        const bool narrower = place.width() < width();
+        setMinimumSize(minimumSize().boundedTo(place.size()));
+        resize(place.size());
+        if (narrower) {
+            groupButton->setMinimumWidth(0);
+            fill(group); // with strips that are as much narrower
+        }
+    }
+    move(place.topLeft());
+}
+
+// The entry that the picker shows, -1 for none. Where several bear the name, it is the one whose
+// record is the same. A picker that shows no scheme of the store may still show an equal one.
+int VTColorSchemeMenu::pickedEntry() const
+{
+    if (!comboBox || !comboBox->currentScheme().colorRamp)
+        return -1;
+    const VOColorScheme &picked = comboBox->currentScheme();
+    const VOColorSchemeId id = comboBox->currentSchemeId();
+    const bool isListed =
+        toQString(id.team) == comboBox->team() && id.group == group.name && !id.isNull();
+    if (!isListed && !id.isNull())
+        return -1;
+    int first = -1;
+    int index = 0;
+    for (const VOColorScheme &scheme : group.schemes) {
+        if (scheme.name == picked.name) {
+            if (VOColorSchemeManager::areEqual(scheme, picked))
+                return index;
+            if (first < 0 && isListed)
+                first = index;
+        }
+        ++index;
+    }
+    return first;
+}
+
+// In the middle of what is in sight. The keys go on from there.
+void VTColorSchemeMenu::showPicked()
+{
+    restingPointer = QCursor::pos();
+    layout()->activate();
+    latest = pickedEntry();
+    const QWidget *const entry = entryOf(latest);
+    if (!entry)
+        return;
+    const QScopedValueRollback<bool> guard(adjusting, true);
+    const int above = (scrollArea->viewport()->height() - entry->height()) / 2;
+    scrollArea->verticalScrollBar()->setValue(entry->y() - above);
+    if (openedByKey)
+        moveTo(latest);
 }
 
 void VTColorSchemeMenu::onActionClicked()

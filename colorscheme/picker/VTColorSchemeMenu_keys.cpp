@@ -1,36 +1,43 @@
 // How the keyboard and the pointer share the one highlighted entry of the drop-down.
+#include "colorscheme/picker/TypeAhead_p.h"
+#include "colorscheme/picker/TypedLabel_p.h"
 #include "colorscheme/picker/VTColorSchemeGroupButton.h"
 #include "colorscheme/picker/VTColorSchemeMenu.h"
 #include "colorscheme/picker/VTSchemeMenuActionWidget.h"
+#include "colorscheme/picker/popupPlace_p.h"
 #include "vomap/VOStringConversion.h"
 
 #include <QAccessible>
-#include <QApplication>
 #include <QCursor>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QVBoxLayout>
 #include <QWidgetAction>
 
 #include <algorithm>
 
+using vtcontrolcolorscheme::pointerRestsOn;
+using vtcontrolcolorscheme::TypedLabel;
 using VTObjects::toQString;
+using VTObjects::VOColorScheme;
 
 void VTColorSchemeMenu::keyPressEvent(QKeyEvent *event)
 {
     const int last = static_cast<int>(group.schemes.size()) - 1;
+    const int from = current < 0 ? latest : current;
     const bool alt = event->modifiers() & Qt::AltModifier;
     switch (event->key()) {
     case Qt::Key_Down:
-        moveTo(current + 1);
+        moveTo(from + 1);
         break;
     case Qt::Key_Up:
         if (alt)
             close();
         else
-            moveTo(current < 0 ? last : current - 1);
+            moveTo(from < 0 ? last : from - 1);
         break;
     case Qt::Key_Home:
         moveTo(0);
@@ -39,10 +46,10 @@ void VTColorSchemeMenu::keyPressEvent(QKeyEvent *event)
         moveTo(last);
         break;
     case Qt::Key_PageDown:
-        moveTo(std::max(current, 0) + entriesPerPage());
+        moveTo(std::max(from, 0) + entriesPerPage());
         break;
     case Qt::Key_PageUp:
-        moveTo(current < 0 ? last : current - entriesPerPage());
+        moveTo(from < 0 ? last : from - entriesPerPage());
         break;
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
@@ -58,8 +65,14 @@ void VTColorSchemeMenu::keyPressEvent(QKeyEvent *event)
     case Qt::Key_F4:
         close();
         break;
+    case Qt::Key_Backspace:
+        takeBack();
+        break;
     case Qt::Key_Escape:
-        QMenu::keyPressEvent(event);
+        if (search->isEmpty())
+            QMenu::keyPressEvent(event);
+        else
+            stopTyping();
         break;
     default: {
         const QString text = event->text();
@@ -67,7 +80,7 @@ void VTColorSchemeMenu::keyPressEvent(QKeyEvent *event)
         if (!printable || alt || event->modifiers() & Qt::ControlModifier)
             QMenu::keyPressEvent(event);
         else
-            typeAhead(text);
+            find(text);
     }
     }
 }
@@ -81,6 +94,7 @@ bool VTColorSchemeMenu::focusNextPrevChild(bool next)
         stops.removeOne(customButton);
     const int here = std::max(stops.indexOf(focusWidget()), 0);
     const int target = (here + (next ? 1 : stops.size() - 1)) % stops.size();
+    stopTyping();
     stops[target]->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     return true;
 }
@@ -104,17 +118,43 @@ void VTColorSchemeMenu::highlight(int index)
     if (VTSchemeMenuActionWidget *const entry = entryOf(current))
         entry->setHighlighted(false);
     current = index;
-    if (VTSchemeMenuActionWidget *const entry = entryOf(current))
+    if (VTSchemeMenuActionWidget *const entry = entryOf(current)) {
         entry->setHighlighted(true);
+        latest = current;
+    }
+}
+
+void VTColorSchemeMenu::pointTo(int index)
+{
+    const QWidget *const entry = entryOf(index);
+    if (!entry || pointerRestsOn(entry, restingPointer))
+        return;
+    highlight(index);
+    pointed = true;
+}
+
+// Where the keyboard moved last, the pointer may go without taking the current entry along.
+void VTColorSchemeMenu::leave(int index)
+{
+    if (index == current || (index < 0 && pointed))
+        highlight(-1);
 }
 
 // By key: to the entry, or to the nearest one that exists.
 void VTColorSchemeMenu::moveTo(int index)
 {
+    stopTyping();
+    showFound(index);
+}
+
+void VTColorSchemeMenu::showFound(int index)
+{
     const int count = static_cast<int>(group.schemes.size());
     if (count == 0)
         return;
     setFocus(); // away from a bar, so that Return means the entry
+    restingPointer = QCursor::pos();
+    pointed = false;
     highlight(qBound(0, index, count - 1));
     VTSchemeMenuActionWidget *const entry = entryOf(current);
     if (!entry)
@@ -126,7 +166,7 @@ void VTColorSchemeMenu::moveTo(int index)
 
 void VTColorSchemeMenu::showEntry(const QWidget *entry)
 {
-    const QScopedValueRollback<bool> guard(movingByKey, true);
+    const QScopedValueRollback<bool> guard(adjusting, true);
     QScrollBar *const bar = scrollArea->verticalScrollBar();
     const int top = entry->y();
     const int bottom = top + entry->height() - scrollArea->viewport()->height();
@@ -137,13 +177,14 @@ void VTColorSchemeMenu::showEntry(const QWidget *entry)
 void VTColorSchemeMenu::followPointer()
 {
     const QMenu *const list = qobject_cast<QMenu *>(scrollArea->widget());
-    if (movingByKey || !list)
+    if (adjusting || !list)
         return;
     const QWidget *const viewport = scrollArea->viewport();
     if (!viewport->rect().contains(viewport->mapFromGlobal(QCursor::pos())))
         return;
     const QAction *const action = list->actionAt(list->mapFromGlobal(QCursor::pos()));
     highlight(action ? action->data().toInt() : -1);
+    pointed = true;
 }
 
 int VTColorSchemeMenu::entriesPerPage() const
@@ -153,39 +194,64 @@ int VTColorSchemeMenu::entriesPerPage() const
     return height > 0 ? std::max(1, scrollArea->viewport()->height() / height) : 1;
 }
 
-void VTColorSchemeMenu::typeAhead(const QString &text)
+QStringList VTColorSchemeMenu::names() const
 {
-    const bool goesOn =
-        !typed.isEmpty() && sinceTyped.elapsed() < QApplication::keyboardInputInterval();
-    if (text == QLatin1String(" ") && !goesOn) { // no name is looked for by a blank
+    QStringList result;
+    for (const VOColorScheme &scheme : group.schemes)
+        result.append(toQString(scheme.name));
+    return result;
+}
+
+void VTColorSchemeMenu::find(const QString &letter)
+{
+    if (letter == QLatin1String(" ") && !search->goesOn()) { // no name is looked for by a blank
         chooseCurrent();
         return;
     }
-    sinceTyped.start();
-    typed = goesOn ? typed + text : text;
-    // The same letter again and again steps through the names that begin with it.
-    int found = goesOn ? findEntry(typed, std::max(current, 0)) : -1;
-    if (found < 0) {
-        const bool repeated = typed.count(text.at(0)) == typed.size();
-        if (!repeated)
-            typed = text;
-        found = findEntry(text, current + 1);
-    }
+    if (group.schemes.empty())
+        return;
+    const int found = search->append(letter, names(), current);
+    showTyped();
     if (found >= 0)
-        moveTo(found);
+        showFound(found);
 }
 
-// The next entry from the given one on whose name begins so, around the end; -1 for none.
-int VTColorSchemeMenu::findEntry(const QString &start, int from) const
+void VTColorSchemeMenu::takeBack()
 {
-    const int count = static_cast<int>(group.schemes.size());
-    for (int i = 0; i < count; ++i) {
-        const int index = (from + i) % count;
-        const QString name = toQString(group.schemes[static_cast<std::size_t>(index)].name);
-        if (name.startsWith(start, Qt::CaseInsensitive))
-            return index;
+    if (search->isEmpty())
+        return;
+    const int found = search->removeLast(names());
+    showTyped();
+    if (found >= 0)
+        showFound(found);
+}
+
+void VTColorSchemeMenu::stopTyping()
+{
+    search->clear();
+    showTyped();
+}
+
+// Below the entries and not over them: what lies over one takes the pointer away from it.
+void VTColorSchemeMenu::showTyped()
+{
+    if (search->isEmpty() && !typed)
+        return;
+    const QScopedValueRollback<bool> guard(adjusting, true); // the list becomes lower or higher
+    if (search->isEmpty()) {
+        delete typed;
+        typed = nullptr;
+    } else {
+        if (!typed) {
+            typed = new TypedLabel(this);
+            auto *const column = qobject_cast<QVBoxLayout *>(layout());
+            column->insertWidget(column->indexOf(customButton), typed);
+            typed->show();
+        }
+        layout()->activate();
+        typed->showLetters(*search);
     }
-    return -1;
+    layout()->activate();
 }
 
 void VTColorSchemeMenu::chooseCurrent()

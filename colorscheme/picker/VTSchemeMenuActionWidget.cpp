@@ -1,40 +1,100 @@
 #include "colorscheme/picker/VTSchemeMenuActionWidget.h"
 
+#include "colorscheme/picker/EntryList_p.h"
+#include "colorscheme/picker/darkText_p.h"
+
+#include <QEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QStyle>
 #include <QTextDocument>
 #include <QVBoxLayout>
 
+using vtcontrolcolorscheme::drawDarkText;
+using vtcontrolcolorscheme::EntryList;
+
 namespace {
 
 constexpr int nameHeight = 17;
 constexpr int stripHeight = 20;
 constexpr int nameIndent = 2;
+constexpr int markWidth = 14;
 constexpr char highlightedStyle[] = "QLabel{background-color:rgba(51,153,255,255);}";
 constexpr char plainStyle[] = "QLabel{background-color:rgba(255,255,255,255);}";
+const QColor highlightedGround(51, 153, 255);
 
-/// A label that ends a text that is too long with dots. It keeps the whole text.
+/// The name on one line. Its beginning shows, and dots for what has no room; text() is all of it.
 class NameLabel : public QLabel
 {
 public:
     using QLabel::QLabel;
 
-protected:
-    void paintEvent(QPaintEvent *event) override
+    bool isHighlighted() const { return styleSheet() == QLatin1String(highlightedStyle); }
+    /// In a label of that width.
+    bool isCut(int width) const
     {
-        const QRect place = contentsRect().adjusted(indent(), 0, 0, 0);
-        const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, place.width());
-        if (shown == text()) {
-            QLabel::paintEvent(event);
-            return;
-        }
+        const QString line = oneLine();
+        return line != text() || fontMetrics().horizontalAdvance(line) > namePlace(width).width();
+    }
+
+    QSize sizeHint() const override
+    {
+        const int wanted = nameIndent + fontMetrics().horizontalAdvance(oneLine());
+        return QSize(wanted, fontMetrics().height());
+    }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+    bool picked = false;
+
+protected:
+    // All of it by hand: a host's style sheet for its own widgets must not make a dark name on a
+    // dark ground, or a light one on a light one, of it.
+    void paintEvent(QPaintEvent * /*event*/) override
+    {
         QPainter painter(this);
-        drawFrame(&painter); // the style sheet's background, too
-        style()->drawItemText(&painter, place, static_cast<int>(alignment()), palette(),
-                              isEnabled(), shown, foregroundRole());
+        painter.fillRect(rect(), isHighlighted() ? highlightedGround : QColor(Qt::white));
+        const QRect place = QStyle::visualRect(layoutDirection(), rect(), namePlace(width()));
+        drawDarkText(painter, this, place, alignment(),
+                     fontMetrics().elidedText(oneLine(), Qt::ElideRight, place.width()));
+        if (picked)
+            drawMark(painter);
+    }
+
+private:
+    QString oneLine() const
+    {
+        QString line = text();
+        for (QChar &character : line) {
+            const QChar::Category kind = character.category();
+            if (kind == QChar::Other_Control || kind == QChar::Separator_Line ||
+                kind == QChar::Separator_Paragraph)
+                character = QLatin1Char(' ');
+        }
+        return line.trimmed();
+    }
+
+    // From left to right.
+    QRect namePlace(int width) const
+    {
+        return QRect(0, 0, width, height()).adjusted(nameIndent, 0, picked ? -markWidth : 0, 0);
+    }
+
+    void drawMark(QPainter &painter) const
+    {
+        const QRect behind(width() - markWidth, 0, markWidth, height());
+        const QPointF center = QStyle::visualRect(layoutDirection(), rect(), behind).center();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(Qt::black, 2));
+        const QPointF mark[] = {center + QPointF(-3.5, 0.5), center + QPointF(-1, 3),
+                                center + QPointF(4, -3)};
+        painter.drawPolyline(mark, 3);
     }
 };
+
+NameLabel *toNameLabel(QLabel *label)
+{
+    return static_cast<NameLabel *>(label);
+}
 
 } // namespace
 
@@ -55,7 +115,6 @@ VTSchemeMenuActionWidget::VTSchemeMenuActionWidget(QWidget *parent)
     QPalette dark = nameLabel->palette();
     dark.setColor(QPalette::WindowText, Qt::black);
     nameLabel->setPalette(dark);
-    nameLabel->setForegroundRole(QPalette::WindowText);
 
     auto *layout = new QVBoxLayout;
     layout->setContentsMargins(0, 0, 0, 0);
@@ -81,9 +140,7 @@ void VTSchemeMenuActionWidget::showScheme(const QString &name, const QPixmap &st
 {
     nameLabel->setText(name);
     previewLabel->setPixmap(strip);
-    const bool fits =
-        maximumWidth() >= nameLabel->fontMetrics().horizontalAdvance(name) + nameIndent;
-    setToolTip(fits ? QString() : Qt::convertFromPlainText(name, Qt::WhiteSpaceNormal));
+    updateToolTip(maximumWidth());
     setAccessibleName(name);
 }
 
@@ -95,15 +152,48 @@ void VTSchemeMenuActionWidget::setHighlighted(bool highlighted)
 
 bool VTSchemeMenuActionWidget::isHighlighted() const
 {
-    return nameLabel->styleSheet() == QLatin1String(highlightedStyle);
+    return toNameLabel(nameLabel)->isHighlighted();
+}
+
+void VTSchemeMenuActionWidget::setPicked(bool picked)
+{
+    toNameLabel(nameLabel)->picked = picked;
+    nameLabel->update();
+    updateToolTip(maximumWidth());
+}
+
+bool VTSchemeMenuActionWidget::isPicked() const
+{
+    return toNameLabel(nameLabel)->picked;
+}
+
+void VTSchemeMenuActionWidget::updateToolTip(int width)
+{
+    const QString name = nameLabel->text();
+    setToolTip(toNameLabel(nameLabel)->isCut(width)
+                   ? Qt::convertFromPlainText(name, Qt::WhiteSpaceNormal)
+                   : QString());
+}
+
+bool VTSchemeMenuActionWidget::event(QEvent *event)
+{
+    // The font may have come after the name: from the list, or from a style sheet.
+    if (event->type() == QEvent::ToolTip)
+        updateToolTip(nameLabel->width());
+    return QWidget::event(event);
 }
 
 void VTSchemeMenuActionWidget::enterEvent(QEvent * /*event*/)
 {
-    setHighlighted(true);
+    if (auto *const list = dynamic_cast<EntryList *>(parentWidget()))
+        list->pointTo(this);
+    else
+        setHighlighted(true);
 }
 
 void VTSchemeMenuActionWidget::leaveEvent(QEvent * /*event*/)
 {
     setHighlighted(false);
+    if (auto *const list = dynamic_cast<EntryList *>(parentWidget()))
+        list->leave(this);
 }

@@ -43,6 +43,8 @@ public:
         state.selectable = true;
         state.focused = entry && entry->isHighlighted();
         state.selected = state.focused;
+        state.checked = entry && entry->isPicked();
+        state.checkable = state.checked; // all others are not to be told as "not checked"
         return state;
     }
 

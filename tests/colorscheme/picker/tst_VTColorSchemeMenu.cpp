@@ -198,7 +198,7 @@ void tst_VTColorSchemeMenu::longListStaysInOneColumn()
     VTColorSchemeMenu menu(QString(), group, picker);
     const DropDown parts(&menu);
     QCOMPARE(parts.list()->style()->styleHint(QStyle::SH_Menu_Scrollable, nullptr, parts.list()),
-             1);
+             0); // or the toolkit would cover the first entry
     QCOMPARE(parts.list()->width(), 140);
     QCOMPARE(parts.entry(999)->x(), parts.entry(0)->x());
     QCOMPARE(parts.list()->height(), 1000 * parts.entry(0)->height());

@@ -3,6 +3,7 @@
 
 #include <QBoxLayout>
 #include <QLabel>
+#include <QToolTip>
 #include <QtTest>
 
 #include <memory>
@@ -38,6 +39,9 @@ private Q_SLOTS:
     void labelsGoWithTheEntry();
     void nameIsNoMarkup();
     void longNameEndsWithDotsAndIsToldInFull();
+    void nameOfSeveralLinesShowsItsBeginningOnOne();
+    void toolTipIsShownOfAllParts();
+    void markTakesRoomFromTheName();
     void nameStaysDarkInADarkTheme();
 };
 
@@ -141,6 +145,60 @@ void tst_VTSchemeMenuActionWidget::longNameEndsWithDotsAndIsToldInFull()
     other.showScheme(QStringLiteral("a name"), strip(140));
     QVERIFY(other.grab().toImage() != images[0]);
     QCOMPARE(other.toolTip(), QString());
+}
+
+void tst_VTSchemeMenuActionWidget::nameOfSeveralLinesShowsItsBeginningOnOne()
+{
+    VTSchemeMenuActionWidget single(nullptr);
+    VTSchemeMenuActionWidget several(nullptr);
+    for (VTSchemeMenuActionWidget *entry : {&single, &several})
+        entry->setFixedWidth(140);
+    single.showScheme(QStringLiteral("one two three"), strip(140));
+    const QString name = QStringLiteral("one\ntwo\tthree\n");
+    several.showScheme(name, strip(140));
+    QCOMPARE(several.sizeHint(), single.sizeHint());
+    for (VTSchemeMenuActionWidget *entry : {&single, &several})
+        entry->adjustSize();
+    QCOMPARE(several.grab().toImage(), single.grab().toImage());
+    // All of it is still there
+    QCOMPARE(several.findChildren<QLabel *>().constFirst()->text(), name);
+    QVERIFY(!several.toolTip().isEmpty());
+    QCOMPARE(single.toolTip(), QString());
+}
+
+void tst_VTSchemeMenuActionWidget::toolTipIsShownOfAllParts()
+{
+    const QString name = QStringLiteral("a name that is much too long for its place");
+    VTSchemeMenuActionWidget entry(nullptr);
+    entry.setFixedWidth(140);
+    entry.showScheme(name, strip(140));
+    entry.show();
+    for (QLabel *label : entry.findChildren<QLabel *>()) {
+        QHelpEvent help(QEvent::ToolTip, QPoint(5, 5), label->mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(label, &help);
+        QVERIFY(QToolTip::text().contains(name));
+        QToolTip::hideText();
+    }
+}
+
+void tst_VTSchemeMenuActionWidget::markTakesRoomFromTheName()
+{
+    VTSchemeMenuActionWidget entry(nullptr);
+    entry.setFixedWidth(140);
+    QVERIFY(!entry.isPicked());
+    // A name that has all the room there is
+    QString name;
+    while (entry.findChildren<QLabel *>().constFirst()->fontMetrics().horizontalAdvance(
+               name + QLatin1Char('i')) <= 138)
+        name.append(QLatin1Char('i'));
+    entry.showScheme(name, strip(140));
+    QCOMPARE(entry.toolTip(), QString());
+    entry.setPicked(true);
+    QVERIFY(entry.isPicked());
+    QVERIFY(entry.toolTip().contains(name));
+    QCOMPARE(entry.findChildren<QLabel *>().constFirst()->styleSheet(), QString());
+    entry.setPicked(false);
+    QCOMPARE(entry.toolTip(), QString());
 }
 
 void tst_VTSchemeMenuActionWidget::nameStaysDarkInADarkTheme()

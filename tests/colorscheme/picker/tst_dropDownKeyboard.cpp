@@ -1,29 +1,23 @@
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
 #include "colorscheme/picker/VTColorSchemeGroupMenu.h"
 #include "tests/support/DropDown.h"
+#include "tests/support/DropDownKeysTest.h"
 #include "tests/support/ModalDriver.h"
 #include "tests/support/TestMain.h"
-#include "tests/support/TestStore.h"
-#include "tests/support/windowsLeft.h"
-#include "vomap/VOColorSchemeManager.h"
+#include "vomap/VORandomColorRamp.h"
 
 #include <QApplication>
-#include <QLineEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QtTest>
 
-#include <memory>
-
-using namespace VTObjects;
-
 /// The picker and its drop-down without a mouse.
-class tst_dropDownKeyboard : public QObject
+class tst_dropDownKeyboard : public DropDownKeysTest
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void tabReachesThePicker();
     void focusByKeyboardShows();
@@ -32,6 +26,8 @@ private Q_SLOTS:
     void otherKeysLeaveItClosed_data();
     void otherKeysLeaveItClosed();
     void noEntryIsCurrentAtFirst();
+    void pickedEntryIsTheFirstToBeCurrent();
+    void keysGoOnFromThePickedEntry();
     void keysMoveTheCurrentEntry_data();
     void keysMoveTheCurrentEntry();
     void everyEntryOfALongListIsBroughtInSight();
@@ -40,64 +36,11 @@ private Q_SLOTS:
     void returnChoosesTheCurrentEntry();
     void keyClosesWithoutAChoice_data();
     void keyClosesWithoutAChoice();
-    void typingFindsANameByItsStart();
-    void pauseStartsAnotherName();
-    void sameLetterAgainStepsOn();
-    void blankBelongsToANameBegun();
     void tabGoesToTheBarsAndBack();
     void barsActOnReturn();
     void pointerAndKeysShareOneEntry();
     void groupChangeForgetsTheCurrentEntry();
-
-private:
-    void open(const ModalDriver::Handler &handler);
-    void listSchemes(const QStringList &names);
-
-    std::unique_ptr<TestStore> store;
-    std::unique_ptr<QWidget> host;
-    QLineEdit *before = nullptr;
-    VTColorSchemeComboBox *picker = nullptr;
-    int inputInterval = 0;
 };
-
-void tst_dropDownKeyboard::init()
-{
-    store = std::make_unique<TestStore>();
-    inputInterval = QApplication::keyboardInputInterval();
-    host = std::make_unique<QWidget>();
-    host->setGeometry(200, 50, 400, 300);
-    before = new QLineEdit(host.get());
-    picker = new VTColorSchemeComboBox(host.get());
-    picker->setGeometry(40, 60, 150, 24);
-    listSchemes({QStringLiteral("Blues"), QStringLiteral("Blue to red"), QStringLiteral("Greens"),
-                 QStringLiteral("Grays"), QStringLiteral("Reds")});
-    host->show();
-    host->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(host.get()));
-}
-
-void tst_dropDownKeyboard::cleanup()
-{
-    QApplication::setKeyboardInputInterval(inputInterval);
-    host.reset();
-    store.reset();
-    QCOMPARE(windowsLeft(), QStringList());
-}
-
-void tst_dropDownKeyboard::open(const ModalDriver::Handler &handler)
-{
-    ModalDriver driver;
-    driver.next(handler);
-    QTest::keyClick(picker, Qt::Key_F4);
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-}
-
-void tst_dropDownKeyboard::listSchemes(const QStringList &names)
-{
-    VOColorSchemeManager::instance()->customTeam.groups = {
-        makeGroup(QStringLiteral("Mine"), names)};
-    QVERIFY(picker->setDefaultGroup(QStringLiteral("Custom"), 0, -1));
-}
 
 void tst_dropDownKeyboard::tabReachesThePicker()
 {
@@ -181,6 +124,56 @@ void tst_dropDownKeyboard::noEntryIsCurrentAtFirst()
         opened->close();
     });
     QCOMPARE(changed.count(), 0);
+}
+
+void tst_dropDownKeyboard::pickedEntryIsTheFirstToBeCurrent()
+{
+    QStringList names;
+    for (int i = 0; i < 1000; ++i)
+        names.append(QStringLiteral("scheme %1").arg(i));
+    listSchemes(names);
+    QVERIFY(picker->setDefaultGroup(QStringLiteral("Custom"), 0, 517));
+    QSignalSpy changed(picker, &VTColorSchemeComboBox::currentRampChanged);
+    open([](QWidget *opened) {
+        const DropDown parts(opened);
+        QCOMPARE(parts.highlighted(), QList<int>{517});
+        for (int i : {515, 516, 517, 518, 519})
+            QVERIFY(parts.isInSight(i)); // with what lies beside it
+        for (int i = 0; i < 1000; ++i)
+            QCOMPARE(parts.entry(i)->isPicked(), i == 517);
+        QTest::keyClick(opened, Qt::Key_Down);
+        QCOMPARE(parts.highlighted(), QList<int>{518});
+        QVERIFY(parts.entry(517)->isPicked());
+        QTest::keyClick(opened, Qt::Key_Up);
+        QTest::keyClick(opened, Qt::Key_Return);
+    });
+    QCOMPARE(changed.count(), 1);
+    // A ramp from elsewhere is none of them
+    VTObjects::VORandomColorRamp other;
+    other.split(3);
+    picker->setColorRamp(&other);
+    open([](QWidget *opened) {
+        QCOMPARE(DropDown(opened).highlighted(), QList<int>());
+        QVERIFY(!DropDown(opened).entry(517)->isPicked());
+        opened->close();
+    });
+}
+
+void tst_dropDownKeyboard::keysGoOnFromThePickedEntry()
+{
+    QVERIFY(picker->setDefaultGroup(QStringLiteral("Custom"), 0, 2));
+    ModalDriver driver;
+    driver.next([](QWidget *opened) {
+        const DropDown parts(opened);
+        // By a click: it is marked, and lights up only when the pointer or a key goes there
+        QCOMPARE(parts.highlighted(), QList<int>());
+        QVERIFY(parts.entry(2)->isPicked());
+        QTest::keyClick(opened, Qt::Key_Down);
+        QCOMPARE(parts.highlighted(), QList<int>{3});
+        opened->close();
+    });
+    QTest::mouseClick(picker, Qt::LeftButton);
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
 }
 
 void tst_dropDownKeyboard::keysMoveTheCurrentEntry_data()
@@ -304,64 +297,6 @@ void tst_dropDownKeyboard::keyClosesWithoutAChoice()
     QCOMPARE(changed.count(), 0);
 }
 
-void tst_dropDownKeyboard::typingFindsANameByItsStart()
-{
-    QApplication::setKeyboardInputInterval(1000000); // all letters belong together
-    open([](QWidget *opened) {
-        const DropDown parts(opened);
-        QTest::keyClicks(opened, QStringLiteral("GRAY"));
-        QCOMPARE(parts.highlighted(), QList<int>{3});
-        QTest::keyClick(opened, Qt::Key_X); // no name: stays
-        QCOMPARE(parts.highlighted(), QList<int>{3});
-        QTest::keyClick(opened, Qt::Key_R); // what cannot go on begins anew
-        QCOMPARE(parts.highlighted(), QList<int>{4});
-        opened->close();
-    });
-}
-
-void tst_dropDownKeyboard::pauseStartsAnotherName()
-{
-    QApplication::setKeyboardInputInterval(0); // every letter comes after a pause
-    open([](QWidget *opened) {
-        const DropDown parts(opened);
-        QTest::keyClick(opened, Qt::Key_G);
-        QCOMPARE(parts.highlighted(), QList<int>{2});
-        QTest::keyClick(opened, Qt::Key_R); // "Reds", and not "Greens"
-        QCOMPARE(parts.highlighted(), QList<int>{4});
-        opened->close();
-    });
-}
-
-void tst_dropDownKeyboard::sameLetterAgainStepsOn()
-{
-    for (int interval : {0, 1000000}) {
-        QApplication::setKeyboardInputInterval(interval);
-        open([](QWidget *opened) {
-            const DropDown parts(opened);
-            QTest::keyClick(opened, Qt::Key_B);
-            QCOMPARE(parts.highlighted(), QList<int>{0});
-            QTest::keyClick(opened, Qt::Key_B);
-            QCOMPARE(parts.highlighted(), QList<int>{1});
-            QTest::keyClick(opened, Qt::Key_B); // around the end
-            QCOMPARE(parts.highlighted(), QList<int>{0});
-            opened->close();
-        });
-    }
-}
-
-void tst_dropDownKeyboard::blankBelongsToANameBegun()
-{
-    QApplication::setKeyboardInputInterval(1000000);
-    QSignalSpy changed(picker, &VTColorSchemeComboBox::currentRampChanged);
-    open([](QWidget *opened) {
-        QTest::keyClicks(opened, QStringLiteral("blue "));
-        QVERIFY(opened->isVisible());
-        QCOMPARE(DropDown(opened).highlighted(), QList<int>{1});
-        opened->close();
-    });
-    QCOMPARE(changed.count(), 0);
-}
-
 void tst_dropDownKeyboard::tabGoesToTheBarsAndBack()
 {
     open([](QWidget *opened) {
@@ -417,9 +352,16 @@ void tst_dropDownKeyboard::pointerAndKeysShareOneEntry()
         QCOMPARE(parts.highlighted(), QList<int>{1});
         QTest::keyClick(opened, Qt::Key_Down);
         QCOMPARE(parts.highlighted(), QList<int>{2});
+        // The pointer takes away what it brought, and leaves what the keyboard did
         QEvent leave(QEvent::Leave);
         QCoreApplication::sendEvent(list, &leave);
+        QCOMPARE(parts.highlighted(), QList<int>{2});
+        QTest::mouseMove(list, list->actionGeometry(parts.actions()[3]).center());
+        QCOMPARE(parts.highlighted(), QList<int>{3});
+        QCoreApplication::sendEvent(list, &leave);
         QCOMPARE(parts.highlighted(), QList<int>());
+        QTest::keyClick(opened, Qt::Key_Up); // on from where it was
+        QCOMPARE(parts.highlighted(), QList<int>{2});
         opened->close();
     });
 }
