@@ -3,8 +3,10 @@
 #include "colorscheme/picker/VTColorSchemeGroupMenu.h"
 #include "colorscheme/picker/drawKeyboardFocus_p.h"
 
+#include <QEvent>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
+#include <QTextDocument>
 
 using vtcontrolcolorscheme::drawKeyboardFocus;
 
@@ -26,14 +28,27 @@ VTColorSchemeGroupButton::VTColorSchemeGroupButton(QWidget *parent)
 
 VTColorSchemeGroupButton::~VTColorSchemeGroupButton() = default;
 
+int VTColorSchemeGroupButton::textRoom() const
+{
+    return width() - iconSize().width() - arrowSpace;
+}
+
+bool VTColorSchemeGroupButton::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const bool fits = fontMetrics().horizontalAdvance(text()) <= textRoom();
+        setToolTip(fits ? QString() : Qt::convertFromPlainText(text(), Qt::WhiteSpaceNormal));
+    }
+    return QToolButton::event(event);
+}
+
 void VTColorSchemeGroupButton::paintEvent(QPaintEvent * /*event*/)
 {
     QStylePainter painter(this);
     QStyleOptionToolButton option;
     initStyleOption(&option);
     // The text is a group's name: an ampersand in it is one, and no mark for a key.
-    const int room = width() - option.iconSize.width() - arrowSpace;
-    option.text = fontMetrics().elidedText(text(), Qt::ElideRight, room);
+    option.text = fontMetrics().elidedText(text(), Qt::ElideRight, textRoom());
     option.text.replace(QLatin1Char('&'), QLatin1String("&&"));
     painter.drawComplexControl(QStyle::CC_ToolButton, option);
     drawKeyboardFocus(painter, this);

@@ -4,8 +4,8 @@
 
 #include <QToolButton>
 
-/// The bar at the top of the picker's drop-down. It names the group that is listed, and a click
-/// opens the group chooser.
+/// The bar at the top of the picker's drop-down. It names the group that is listed, in full by its
+/// tool-tip where the name is cut, and a click opens the group chooser.
 ///
 /// Once the user has chosen a group, two dynamic properties tell which: "parent" is the team's kind
 /// as an int (0 default, 1 custom, 2 favourites), and "name" is a default group's key name as a
@@ -23,8 +23,12 @@ Q_SIGNALS:
     void textChanged(const QString &text);
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private Q_SLOTS:
     void showMenu();
+
+private:
+    int textRoom() const;
 };

@@ -1,27 +1,31 @@
 #include "colorscheme/picker/VTColorSchemeGroupMenu.h"
 
+#include "colorscheme/picker/GroupNameButton_p.h"
+#include "colorscheme/picker/TypeAhead_p.h"
 #include "colorscheme/picker/VTColorSchemeGroupButton.h"
+#include "colorscheme/picker/darkText_p.h"
 #include "colorscheme/picker/defaultGroupCaptions_p.h"
 #include "colorscheme/picker/pickerAccessibility_p.h"
+#include "colorscheme/picker/popupPlace_p.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
 #include "vomap/VOTeamKind.h"
 
-#include <QGuiApplication>
-#include <QKeyEvent>
+#include <QCursor>
 #include <QLabel>
-#include <QPushButton>
-#include <QScreen>
+#include <QMouseEvent>
+#include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QStyleOptionButton>
-#include <QStylePainter>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
+using vtcontrolcolorscheme::availableArea;
 using vtcontrolcolorscheme::defaultGroupCaption;
+using vtcontrolcolorscheme::drawDarkText;
+using vtcontrolcolorscheme::GroupNameButton;
 using vtcontrolcolorscheme::installPickerAccessibility;
+using vtcontrolcolorscheme::placeWithin;
+using vtcontrolcolorscheme::TypeAhead;
 using VTObjects::builtInGroups;
 using VTObjects::CustomTeam;
 using VTObjects::DefaultTeam;
@@ -35,46 +39,19 @@ namespace {
 
 constexpr int margin = 4;
 constexpr int spacing = 2;
-constexpr int widestGroup = 300;    // pixels; a longer name ends with dots
-constexpr int textPadding = 6;      // the style sheet leaves none
-constexpr int smallestHeight = 150; // pixels that a scrolled chooser keeps at the screen's bottom
 
-// The backgrounds are light in every theme, so the text on them is dark in every theme.
-void setDarkText(QWidget *widget)
-{
-    QPalette dark = widget->palette();
-    dark.setColor(QPalette::WindowText, Qt::black);
-    dark.setColor(QPalette::ButtonText, Qt::black);
-    widget->setPalette(dark);
-}
-
-/// A button that shows its text as it is: an ampersand in a group's name marks no key.
-class GroupNameButton : public QPushButton
+/// A header on its own ground, whatever colours a host gives to labels.
+class HeaderLabel : public QLabel
 {
 public:
-    using QPushButton::QPushButton;
-
-    QSize sizeHint() const override
-    {
-        const QSize hint = QPushButton::sizeHint();
-        // The base class does not count the ampersands.
-        const int missing =
-            text().count(QLatin1Char('&')) * fontMetrics().horizontalAdvance(QLatin1Char('&'));
-        return QSize(std::min(hint.width() + missing + textPadding, widestGroup), hint.height());
-    }
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    using QLabel::QLabel;
 
 protected:
     void paintEvent(QPaintEvent * /*event*/) override
     {
-        QStylePainter painter(this);
-        QStyleOptionButton option;
-        initStyleOption(&option);
-        option.text = fontMetrics().elidedText(text(), Qt::ElideRight, width());
-        option.text.replace(QLatin1Char('&'), QLatin1String("&&"));
-        if (hasFocus()) // the keyboard lights a group up as the pointer does
-            option.state |= QStyle::State_MouseOver;
-        painter.drawControl(QStyle::CE_PushButton, option);
+        QPainter painter(this);
+        drawFrame(&painter); // the style sheet's ground, too
+        drawDarkText(painter, this, contentsRect(), alignment(), text());
     }
 };
 
@@ -83,17 +60,21 @@ protected:
 VTColorSchemeGroupMenu::VTColorSchemeGroupMenu(QWidget *parent)
     : QMenu(parent)
     , groupButton(qobject_cast<VTColorSchemeGroupButton *>(parent))
+    , title(new QLabel(tr("Select groups:"), this))
+    , search(std::make_unique<TypeAhead>())
 {
     installPickerAccessibility();
     auto *layout = new QVBoxLayout;
     layout->setContentsMargins(margin, margin, margin, margin);
     layout->setSpacing(spacing);
 
-    auto *title = new QLabel(tr("Select groups:"), this);
     title->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     QFont bold = title->font();
     bold.setWeight(QFont::Bold);
     title->setFont(bold);
+    QSizePolicy place = title->sizePolicy();
+    place.setRetainSizeWhenHidden(true); // what is typed takes the place for a while
+    title->setSizePolicy(place);
     layout->addWidget(title);
 
     const VOColorSchemeManager *store = VOColorSchemeManager::instance();
@@ -127,12 +108,11 @@ VTColorSchemeGroupMenu::~VTColorSchemeGroupMenu() = default;
 
 void VTColorSchemeGroupMenu::addHeader(QVBoxLayout *layout, const QString &text)
 {
-    auto *header = new QLabel(text, this);
+    auto *header = new HeaderLabel(text, this);
     header->setAlignment(Qt::AlignCenter);
     header->setStyleSheet(
         QStringLiteral("QLabel{background-color:rgba(255,152,0,255);min-height:20;border-radius: "
                        "1px;  border: 0px groove gray;border-style: outset;}"));
-    setDarkText(header);
     layout->addWidget(header);
 }
 
@@ -144,11 +124,14 @@ void VTColorSchemeGroupMenu::addGroup(QVBoxLayout *layout, const QString &text, 
         QStringLiteral("QPushButton{background-color:rgba(240,240,240,255);border-radius: 3px; "
                        "min-height:20;text-align: left; border: 0px groove gray;border-style: "
                        "outset;}QPushButton:hover{background-color:rgba(51,153,255,255);} "));
-    setDarkText(button);
     button->setCursor(Qt::PointingHandCursor);
     button->setProperty("parent", kind);
     if (name.isValid())
         button->setProperty("name", name);
+    button->tell([this](GroupNameButton *one) { pointTo(one); },
+                 [this](GroupNameButton *one) { leave(one); },
+                 [this](GroupNameButton *one) { setCurrent(one); });
+    groups.append(button);
     connect(button, &QPushButton::clicked, this, &VTColorSchemeGroupMenu::onButtonClicked);
     layout->addWidget(button);
 }
@@ -174,18 +157,18 @@ void VTColorSchemeGroupMenu::showEvent(QShowEvent * /*event*/)
     const QWidget *const bar = groupButton->parentWidget();
     if (!bar)
         return;
+    restingPointer = QCursor::pos();
     const QRect place = groupButton->geometry();
     const QPoint anchor = bar->mapToGlobal(QPoint(place.left(), place.bottom()));
-    const QScreen *screen = QGuiApplication::screenAt(anchor);
-    if (!screen)
-        screen = QGuiApplication::primaryScreen();
-    const int room = screen->availableGeometry().bottom() - anchor.y() + 1;
-    if (height() > room)
-        scrollWithin(std::max(room, smallestHeight));
-    move(anchor - QPoint(width() - 1 + 3, 0));
+    const QRect available = availableArea(groupButton);
+    if (height() > available.height())
+        scrollWithin(available.height());
+    const QPoint corner = anchor - QPoint(width() - 1 + 3, 0);
+    move(placeWithin(QRect(corner, size()), available).topLeft());
 }
 
-// Gives the groups a scroll bar. Only once the place is known: elsewhere they may all fit.
+// Gives the groups a scroll bar; the title stays above them. Only once the screen is known: another
+// one may have room for all.
 void VTColorSchemeGroupMenu::scrollWithin(int height)
 {
     if (scrollArea || height >= this->height())
@@ -195,16 +178,22 @@ void VTColorSchemeGroupMenu::scrollWithin(int height)
     scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scrollArea->setFocusPolicy(Qt::NoFocus);
     scrollArea->setWidgetResizable(true);
-    auto *groups = new QWidget;
-    groups->setLayout(layout()); // takes the labels and buttons along
-    scrollArea->setWidget(groups);
-    groups->setAutoFillBackground(false); // the menu's own background shines through
+    QLayout *const column = layout();
+    column->removeWidget(title);
+    column->setContentsMargins(margin, 0, margin, margin);
+    auto *content = new QWidget;
+    content->setLayout(column); // takes the labels and buttons along
+    scrollArea->setWidget(content);
+    content->setAutoFillBackground(false); // the menu's own background shines through
     scrollArea->viewport()->setAutoFillBackground(false);
-    scrollArea->setMinimumWidth(groups->sizeHint().width() +
+    scrollArea->setMinimumWidth(content->sizeHint().width() +
                                 scrollArea->verticalScrollBar()->sizeHint().width());
     auto *frame = new QVBoxLayout;
     frame->setContentsMargins(1, 1, 1, 1);
-    frame->addWidget(scrollArea);
+    frame->setSpacing(spacing);
+    title->setContentsMargins(margin - 1, margin - 1, 0, 0);
+    frame->addWidget(title);
+    frame->addWidget(scrollArea, 1);
     setLayout(frame);
     scrollArea->show(); // the chooser's other children are shown already
     setFixedSize(frame->sizeHint().width(), height);
@@ -218,42 +207,4 @@ void VTColorSchemeGroupMenu::mousePressEvent(QMouseEvent *event)
         event->accept();
     else
         QMenu::mousePressEvent(event);
-}
-
-void VTColorSchemeGroupMenu::keyPressEvent(QKeyEvent *event)
-{
-    switch (event->key()) {
-    case Qt::Key_Down:
-    case Qt::Key_Tab:
-        focusNextPrevChild(true);
-        break;
-    case Qt::Key_Up:
-    case Qt::Key_Backtab:
-        focusNextPrevChild(false);
-        break;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (auto *button = qobject_cast<QPushButton *>(focusWidget()))
-            button->click();
-        break;
-    default:
-        QMenu::keyPressEvent(event);
-    }
-}
-
-// The base class would step through its actions, of which there are none.
-bool VTColorSchemeGroupMenu::focusNextPrevChild(bool next)
-{
-    const QList<QPushButton *> buttons = findChildren<QPushButton *>();
-    if (buttons.isEmpty())
-        return false;
-    const int count = buttons.size();
-    const int current = buttons.indexOf(qobject_cast<QPushButton *>(focusWidget()));
-    int target = next ? 0 : count - 1;
-    if (current >= 0)
-        target = (current + (next ? 1 : count - 1)) % count;
-    buttons[target]->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-    if (scrollArea)
-        scrollArea->ensureWidgetVisible(buttons[target], 0, spacing);
-    return true;
 }

@@ -84,8 +84,6 @@ private Q_SLOTS:
 
     void chooserThatFitsKeepsItsPlainLayout();
     void lastGroupsOfATallChooserCanBeReached();
-    void keysGoFromGroupToGroup();
-    void escapeChangesNothing();
     void longAndOddNamesAreShown();
 
 private:
@@ -345,11 +343,9 @@ void tst_VTColorSchemeGroupMenu::lastGroupsOfATallChooserCanBeReached()
     QSignalSpy told(bar, &VTColorSchemeGroupButton::textChanged);
     ModalDriver driver;
     driver.next([this](QWidget *opened) {
-        const QRect screen = QApplication::primaryScreen()->availableGeometry();
-        QVERIFY(opened->geometry().bottom() <= screen.bottom());
+        QCOMPARE(opened->height(), QApplication::primaryScreen()->availableGeometry().height());
         const QPoint corner = window->mapToGlobal(QPoint(bar->x(), bar->y() + bar->height() - 1));
         QCOMPARE(opened->geometry().right(), corner.x() - 3);
-        QCOMPARE(opened->geometry().top(), corner.y());
         auto *area = opened->findChild<QScrollArea *>();
         QVERIFY(area);
         QTRY_VERIFY(area->verticalScrollBar()->maximum() > 0);
@@ -365,66 +361,6 @@ void tst_VTColorSchemeGroupMenu::lastGroupsOfATallChooserCanBeReached()
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     QCOMPARE(told.count(), 1);
     QCOMPARE(bar->text(), QStringLiteral("group 199"));
-}
-
-void tst_VTColorSchemeGroupMenu::keysGoFromGroupToGroup()
-{
-    for (int i = 0; i < 100; ++i)
-        records->customTeam.groups.push_back(makeGroup(QStringLiteral("group %1").arg(i), {}));
-    QSignalSpy told(bar, &VTColorSchemeGroupButton::textChanged);
-    ModalDriver driver;
-    driver.next([](QWidget *opened) {
-        const QList<QPushButton *> groups = opened->findChildren<QPushButton *>();
-        const auto focused = [opened] {
-            return qobject_cast<QPushButton *>(opened->focusWidget());
-        };
-        QVERIFY(!focused());
-        QTest::keyClick(opened, Qt::Key_Return); // nothing to choose yet
-        QVERIFY(opened->isVisible());
-        QTest::keyClick(opened, Qt::Key_Down);
-        QCOMPARE(focused(), groups.first());
-        QTest::keyClick(focused(), Qt::Key_Down);
-        QCOMPARE(focused(), groups[1]);
-        QTest::keyClick(focused(), Qt::Key_Tab);
-        QCOMPARE(focused(), groups[2]);
-        QTest::keyClick(focused(), Qt::Key_Backtab);
-        QTest::keyClick(focused(), Qt::Key_Up);
-        QCOMPARE(focused(), groups.first());
-        QTest::keyClick(focused(), Qt::Key_Up); // around the end
-        QCOMPARE(focused(), groups.last());
-        const QRect place(focused()->mapTo(opened, QPoint(0, 0)), focused()->size());
-        QVERIFY(opened->rect().contains(place)); // scrolled to
-        QTest::keyClick(focused(), Qt::Key_Return);
-        QVERIFY(!opened->isVisible());
-    });
-    bar->click();
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QCOMPARE(told.count(), 1);
-    QCOMPARE(bar->text(), QStringLiteral("group 99"));
-
-    driver.next([](QWidget *opened) {
-        QTest::keyClick(opened, Qt::Key_Tab);
-        QTest::keyClick(opened->focusWidget(), Qt::Key_Space);
-    });
-    bar->click();
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QCOMPARE(bar->text(), QStringLiteral("Best"));
-}
-
-void tst_VTColorSchemeGroupMenu::escapeChangesNothing()
-{
-    bar->setText(QStringLiteral("Mine"));
-    QSignalSpy told(bar, &VTColorSchemeGroupButton::textChanged);
-    ModalDriver driver;
-    driver.next([](QWidget *opened) {
-        QTest::keyClick(opened, Qt::Key_Down);
-        QTest::keyClick(opened->focusWidget(), Qt::Key_Escape);
-        QVERIFY(!opened->isVisible());
-    });
-    bar->click();
-    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
-    QCOMPARE(told.count(), 0);
-    QCOMPARE(bar->text(), QStringLiteral("Mine"));
 }
 
 void tst_VTColorSchemeGroupMenu::longAndOddNamesAreShown()
