@@ -49,6 +49,7 @@ void VTColorSchemeEditor::setupKeys()
     QTableView *const list = ui->colorView;
     list->horizontalHeader()->setToolTip(tr("Colors") + QStringLiteral(" (F6)"));
     setActionKey(ui->actionLoad_scheme, QKeySequence::Open);
+    ui->actionLoad_scheme->setAutoRepeat(false); // its window would come again and again
     setActionKey(ui->actionAdd_color, Qt::Key_Insert, list);
     setActionKey(ui->actionDelete_color, QKeySequence::Delete, list);
     setActionKey(ui->actionSelect_all, QKeySequence::SelectAll, list);
@@ -72,6 +73,8 @@ bool VTColorSchemeEditor::eventFilter(QObject *object, QEvent *event)
     if (!isPlain || !current.isValid() ||
         (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_F2))
         return QDialog::eventFilter(object, event);
+    if (press->isAutoRepeat())
+        return true; // held since it answered the menu, and not for Ok either
     const QModelIndex swatch = current.sibling(current.row(), VTColorModel::SwatchColumn);
     ui->colorView->scrollTo(swatch);
     onColorDoubleClicked(swatch);

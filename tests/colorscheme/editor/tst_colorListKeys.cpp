@@ -23,6 +23,7 @@ private Q_SLOTS:
     void tabLeavesTheColors();
     void returnPicksTheColorOfTheRow_data();
     void returnPicksTheColorOfTheRow();
+    void aHeldReturnActsOnce();
     void returnPressesOkWhereNoRowHasTheFocus();
     void theColorsAreReachedByKey();
     void keysActOnTheColorsAsTheButtonsDo();
@@ -122,6 +123,28 @@ void tst_colorListKeys::returnPicksTheColorOfTheRow()
     QVERIFY(test.editor().isVisible());
     QVERIFY(test.view()->hasFocus());
     QCOMPARE(test.selectedRows(), QVector<int>({2}));
+}
+
+void tst_colorListKeys::aHeldReturnActsOnce()
+{
+    EditorUnderTest test(evenRamp(fourColors, 8));
+    QVERIFY(show(test));
+    RealInput::click(cell(test, 1, 1));
+    QTRY_COMPARE(test.selectedRows(), QVector<int>({1}));
+    bool opened = false;
+    ModalDriver driver;
+    driver.next([&opened](QWidget *window) {
+        opened = true;
+        window->close();
+    });
+    // Held since it chose a colour in the menu.
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_F2}) {
+        QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, QStringLiteral("\r"), true);
+        QApplication::sendEvent(test.view(), &repeated);
+        QVERIFY(!opened);
+        QVERIFY(test.editor().isVisible());
+    }
+    QVERIFY(!test.part<QAction>("actionLoad_scheme")->autoRepeat());
 }
 
 void tst_colorListKeys::returnPressesOkWhereNoRowHasTheFocus()
