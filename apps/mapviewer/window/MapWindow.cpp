@@ -344,7 +344,9 @@ void MapWindow::onPointed(const QPointF &position, const MapLayer *layer,
     }
     const QColor color(result.color);
     swatchLabel->setPixmap(VTSymbolUtils::createColorPixmap(swatchSize, color));
-    valueLabel->setText(tr("%1 – %2   %3").arg(layer->title(), result.text, color.name()));
+    valueLabel->setText(
+        tr("%1 – %2   %3")
+            .arg(isolated(layer->title()), isolated(result.text), isolated(color.name())));
 }
 
 void MapWindow::onPointerLeft()

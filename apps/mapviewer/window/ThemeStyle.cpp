@@ -68,7 +68,7 @@ bool isTextField(const QWidget *widget)
 QColor edgeColor(const QColor &base, const QColor &window, const QColor &text)
 {
     for (int i = 1; i < mixingSteps; ++i) {
-        const QColor edge = mixed(base, text, double(i) / mixingSteps);
+        QColor edge = mixed(base, text, double(i) / mixingSteps);
         if (contrast(edge, base) >= leastContrast && contrast(edge, window) >= leastContrast)
             return edge;
     }
