@@ -65,13 +65,17 @@ const QStringList stops{"teamView",
                         "pushButton_ok",
                         "pushButton_cancel"};
 
-/// As a person does: waits until the window has the keyboard. One that is closed before leaves
-/// nobody with it.
-ModalDriver::Handler onceActive(const ModalDriver::Handler &handler)
+/// As a person does: waits until the window has the keyboard, because one that is closed before
+/// leaves nobody with it; and answers once more if it is still there.
+ModalDriver::Handler onceActive(const ModalDriver::Handler &answer)
 {
-    return [handler](QWidget *window) {
-        QVERIFY(QTest::qWaitForWindowActive(window));
-        handler(window);
+    return [answer](QWidget *opened) {
+        QVERIFY(QTest::qWaitForWindowActive(opened));
+        const QPointer<QWidget> window = opened;
+        const auto isGone = [&window] { return !window || !window->isVisible(); };
+        do {
+            answer(window);
+        } while (!QTest::qWaitFor(isGone, 2000));
     };
 }
 
@@ -388,13 +392,7 @@ void tst_managerKeys::aSchemeIsMadeRenamedCopiedAndDeleted()
     QTRY_COMPARE(user->groups(2), (QStringList{"DEM", "Old", "Mine"}));
     QVERIFY(isBackInTheTable());
     // And away again.
-    driver.next(onceActive([](QWidget *opened) {
-        const QPointer<QWidget> box = opened;
-        const auto isGone = [&box] { return !box || !box->isVisible(); };
-        do {
-            RealInput::press(QStringLiteral("Escape"));
-        } while (!QTest::qWaitFor(isGone, 2000));
-    }));
+    driver.next(onceActive([](QWidget *) { RealInput::press(QStringLiteral("Escape")); }));
     press("Delete");
     QTRY_VERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     QCOMPARE(user->names().size(), 7);
