@@ -1,6 +1,7 @@
 #include "apps/mapviewer/window/Screenshots.h"
 
 #include "apps/mapviewer/map/MapWidget.h"
+#include "apps/mapviewer/window/HistoryDialog.h"
 #include "apps/mapviewer/window/LayerCard.h"
 #include "apps/mapviewer/window/MapWindow.h"
 
@@ -92,8 +93,11 @@ void writeSchemeWindows(MapWindow *window, Writer *writer)
     writer->write(&editor, QStringLiteral("scheme-editor"));
     editor.hide();
 
-    VTColorSchemeMenu dropDown(QCoreApplication::translate("QObject", "For DEM"), group,
-                               window->cards().first()->picker());
+    // A picker of its own, whose scheme is the first: the picture begins at the top of the list.
+    VTColorSchemeComboBox picker(window);
+    picker.resize(window->cards().first()->picker()->size());
+    picker.setDefaultGroup(QStringLiteral("Default"), 0, 0);
+    VTColorSchemeMenu dropDown(QCoreApplication::translate("QObject", "For DEM"), group, &picker);
     dropDown.show();
     writer->write(&dropDown, QStringLiteral("picker-drop-down"));
     VTColorSchemeGroupMenu groups(dropDown.findChild<VTColorSchemeGroupButton *>());
@@ -106,6 +110,11 @@ void writeSchemeWindows(MapWindow *window, Writer *writer)
     naming.show();
     writer->write(&naming, QStringLiteral("add-group"));
     naming.hide();
+
+    HistoryDialog history(window);
+    history.show();
+    writer->write(&history, QStringLiteral("scheme-history"));
+    history.hide();
 
     VTColorMenu colors(window);
     colors.setColor(window->palette().color(QPalette::Highlight));

@@ -72,8 +72,9 @@ void tst_mapviewer::screenshotsAreWrittenAndNamed()
         ++written;
     QCOMPARE(paths.size(), written);
     for (const char *look : {"", "dark/", "host-style/", "large-text/", "right-to-left/"}) {
-        for (const char *picture : {"map-world", "scheme-manager", "scheme-editor", "add-group",
-                                    "picker-drop-down", "picker-groups", "color-menu"})
+        for (const char *picture :
+             {"map-world", "scheme-manager", "scheme-editor", "add-group", "scheme-history",
+              "picker-drop-down", "picker-groups", "color-menu"})
             QVERIFY2(paths.contains(QString("%1/%2%3.png").arg(shots, look, picture)), picture);
     }
     QVector<QImage> images;
