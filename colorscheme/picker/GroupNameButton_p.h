@@ -6,9 +6,9 @@
 
 namespace vtcontrolcolorscheme {
 
-/// A group of the chooser. It shows its name as it is, an ampersand marks no key, and as much of its
-/// beginning as has room, with the whole of it as the tool-tip. It leaves to its chooser which one
-/// is lit up, as that is one at most.
+/// A group of the chooser. It shows its name as it is, an ampersand marks no key, and as much of
+/// its beginning as has room, with the whole of it as the tool-tip. It leaves to its chooser which
+/// one is lit up, as that is one at most.
 class GroupNameButton : public QPushButton
 {
 public:
@@ -16,8 +16,8 @@ public:
 
     GroupNameButton(const QString &text, QWidget *parent);
 
-    /// Who is told that the pointer moved over the button, or left it; and that the keyboard's focus
-    /// came.
+    /// Who is told that the pointer moved over the button, or left it; and that the keyboard's
+    /// focus came.
     void tell(Told pointed, Told left, Told focused);
     void setLit(bool lit);
     bool isLit() const { return lit; }

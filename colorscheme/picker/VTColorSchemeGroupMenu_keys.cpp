@@ -18,7 +18,7 @@ using vtcontrolcolorscheme::TypedLabel;
 
 namespace {
 
-constexpr int besideGroup = 2;   // what shows above and below the current group
+constexpr int besideGroup = 2; // what shows above and below the current group
 
 } // namespace
 

@@ -220,10 +220,12 @@ void VTColorSchemeMenu::placeAt(const QPoint &corner)
 // record is the same. A picker that shows no scheme of the store may still show an equal one.
 int VTColorSchemeMenu::pickedEntry() const
 {
-    if (!comboBox || !comboBox->currentScheme().colorRamp)
+    if (!comboBox)
         return -1;
     const VOColorScheme &picked = comboBox->currentScheme();
     const VOColorSchemeId id = comboBox->currentSchemeId();
+    if (id.isNull() && !picked.colorRamp)
+        return -1; // it shows nothing
     const bool isListed =
         toQString(id.team) == comboBox->team() && id.group == group.name && !id.isNull();
     if (!isListed && !id.isNull())

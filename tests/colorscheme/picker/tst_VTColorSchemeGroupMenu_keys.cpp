@@ -211,7 +211,8 @@ void tst_VTColorSchemeGroupMenu_keys::pointerAndKeysShareOneGroup()
 
 void tst_VTColorSchemeGroupMenu_keys::cutNameIsToldInFull()
 {
-    const QString name = QStringLiteral("a name that is much longer than any chooser can show, yes");
+    const QString name =
+        QStringLiteral("a name that is much longer than any chooser can show, yes");
     records->customTeam.groups.push_back(makeGroup(name, {}));
     bar->setText(name);
     const auto told = [](QWidget *widget) {

@@ -34,6 +34,9 @@ private Q_SLOTS:
     void stripIsNeverCut_data();
     void stripIsNeverCut();
     void longListStaysInOneColumn();
+    void pickedEntryIsMarked_data();
+    void pickedEntryIsMarked();
+    void pickedEntryIsMarkedInItsOwnGroupOnly();
     void listIsWhiteWithDarkNamesInADarkTheme();
 
     void captionFollowsTheTeam_data();
@@ -202,6 +205,46 @@ void tst_VTColorSchemeMenu::longListStaysInOneColumn()
     QCOMPARE(parts.list()->width(), 140);
     QCOMPARE(parts.entry(999)->x(), parts.entry(0)->x());
     QCOMPARE(parts.list()->height(), 1000 * parts.entry(0)->height());
+}
+
+void tst_VTColorSchemeMenu::pickedEntryIsMarked_data()
+{
+    QTest::addColumn<int>("picked");
+    QTest::newRow("none") << -1;
+    QTest::newRow("first of a name") << 0;
+    QTest::newRow("second of that name") << 2;
+    QTest::newRow("without a ramp") << 3;
+}
+
+void tst_VTColorSchemeMenu::pickedEntryIsMarked()
+{
+    QFETCH(int, picked);
+    VOColorSchemeGroup &group = records->customTeam.groups[0];
+    group = makeGroup(QStringLiteral("Mine"), {QStringLiteral("twin"), QStringLiteral("other"),
+                                               QStringLiteral("twin"), QStringLiteral("bare")});
+    group.schemes[2].colorRamp->split(3);
+    delete group.schemes[3].colorRamp;
+    group.schemes[3].colorRamp = nullptr;
+    QVERIFY(picker->setDefaultGroup(QStringLiteral("Custom"), 0, picked));
+    VTColorSchemeMenu menu(QString(), group, picker);
+    for (int i = 0; i < 4; ++i)
+        QCOMPARE(DropDown(&menu).entry(i)->isPicked(), i == picked);
+    QCOMPARE(DropDown(&menu).highlighted(), QList<int>());
+}
+
+void tst_VTColorSchemeMenu::pickedEntryIsMarkedInItsOwnGroupOnly()
+{
+    // Given a favorite that is equal to the picked scheme
+    records->favoriteTeam.groups[0] = records->customTeam.groups[0];
+    QVERIFY(picker->setDefaultGroup(QStringLiteral("Custom"), 0, 1));
+    QVERIFY(picker->setDefaultGroup(QStringLiteral("Favorite"), 0, -1));
+    VTColorSchemeMenu favorites(QString(), records->favoriteTeam.groups[0], picker);
+    QVERIFY(!DropDown(&favorites).entry(1)->isPicked());
+    // and once that is picked, with its colors changed in the store
+    QVERIFY(picker->setDefaultGroup(QStringLiteral("Favorite"), 0, 1));
+    records->favoriteTeam.groups[0].schemes[1].colorRamp->split(7);
+    VTColorSchemeMenu changed(QString(), records->favoriteTeam.groups[0], picker);
+    QVERIFY(DropDown(&changed).entry(1)->isPicked());
 }
 
 void tst_VTColorSchemeMenu::listIsWhiteWithDarkNamesInADarkTheme()

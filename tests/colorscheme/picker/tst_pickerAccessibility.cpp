@@ -48,6 +48,7 @@ private Q_SLOTS:
     void pickerTellsItsColors();
     void hostMayNameThePicker();
     void entriesTellNameAndColors();
+    void pickedEntryIsTold();
     void dropDownShowsItsParts();
     void chooserShowsItsGroups();
     void entryCanBePressed();
@@ -104,6 +105,16 @@ void tst_pickerAccessibility::entriesTellNameAndColors()
     const QAccessibleInterface *second = view(parts.entry(1));
     QCOMPARE(second->text(QAccessible::Name), QStringLiteral("R & B"));
     QCOMPARE(second->text(QAccessible::Description), QStringLiteral("No colors"));
+}
+
+void tst_pickerAccessibility::pickedEntryIsTold()
+{
+    QVERIFY(picker->setDefaultGroup(QStringLiteral("Custom"), 0, 1));
+    VTColorSchemeMenu menu(QString(), group, picker.get());
+    const DropDown parts(&menu);
+    QVERIFY(!view(parts.entry(0))->state().checked);
+    QVERIFY(!view(parts.entry(0))->state().checkable); // or it were told as "not checked"
+    QVERIFY(view(parts.entry(1))->state().checked);
 }
 
 void tst_pickerAccessibility::dropDownShowsItsParts()

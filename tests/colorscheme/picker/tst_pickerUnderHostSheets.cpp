@@ -17,7 +17,8 @@ using namespace VTObjects;
 namespace {
 
 const QString darkSheet = QStringLiteral("QWidget{background-color:#2b2b2b;color:#eee}");
-const QString paleSheet = QStringLiteral("QWidget{background:#123456;color:#fffbe0;font-size:15pt}");
+const QString paleSheet =
+    QStringLiteral("QWidget{background:#123456;color:#fffbe0;font-size:15pt}");
 
 double luminance(const QColor &color)
 {
@@ -61,7 +62,8 @@ QColor groundOf(QWidget *widget)
 
 } // namespace
 
-/// What is to be read in the picker's popups, under style sheets that a host has for its own widgets.
+/// What is to be read in the picker's popups, under style sheets that a host has for its own
+/// widgets.
 class tst_pickerUnderHostSheets : public SchemeMenuTest
 {
     Q_OBJECT

@@ -25,7 +25,8 @@ namespace {
 const QColor lit(51, 153, 255);
 
 /// Where the blue shows that lights a name up, of all widgets of that kind.
-template <typename Widget> QVector<Widget *> litOnes(const QVector<Widget *> &widgets)
+template <typename Widget>
+QVector<Widget *> litOnes(const QVector<Widget *> &widgets)
 {
     QVector<Widget *> result;
     for (Widget *widget : widgets) {
@@ -198,13 +199,12 @@ void tst_pickerWindows_walks::popupsStayOnTheScreen()
     QFETCH(bool, rightToLeft);
     QFETCH(int, groups);
     for (int i = 3; i < groups; ++i)
-        records->customTeam.groups.push_back(
-            manySchemes(QStringLiteral("group %1").arg(i), i % 2));
+        records->customTeam.groups.push_back(manySchemes(QStringLiteral("group %1").arg(i), i % 2));
     const QRect screen = QApplication::primaryScreen()->availableGeometry();
     const auto isNearest = [&screen](const QRect &place, const QPoint &wanted) {
         return screen.contains(place) &&
-               place.left() == qBound(screen.left(), wanted.x(),
-                                      screen.right() - place.width() + 1) &&
+               place.left() ==
+                   qBound(screen.left(), wanted.x(), screen.right() - place.width() + 1) &&
                place.top() ==
                    qBound(screen.top(), wanted.y(), screen.bottom() - place.height() + 1);
     };
@@ -224,8 +224,8 @@ void tst_pickerWindows_walks::popupsStayOnTheScreen()
         const DropDown parts(opened);
         QVERIFY(isNearest(opened->geometry(), window.mapToGlobal(QPoint(0, 25))));
         QCOMPARE(opened->size(), QSize(160, qMin(350, screen.height())));
-        for (const QWidget *part : {static_cast<QWidget *>(parts.bar),
-                                    static_cast<QWidget *>(parts.userDefine)})
+        for (const QWidget *part :
+             {static_cast<QWidget *>(parts.bar), static_cast<QWidget *>(parts.userDefine)})
             QVERIFY(opened->rect().contains(part->geometry()));
         QVERIFY(parts.area->height() > parts.entry(0)->height());
         RealInput::click(parts.bar);
@@ -238,8 +238,8 @@ void tst_pickerWindows_walks::popupsStayOnTheScreen()
         QPushButton *const last = chooser->findChildren<QPushButton *>().constLast();
         RealInput::press(QStringLiteral("End"));
         QTRY_VERIFY(last->hasFocus());
-        QTRY_VERIFY(chooser->rect().contains(
-            QRect(last->mapTo(chooser, QPoint(0, 0)), last->size())));
+        QTRY_VERIFY(
+            chooser->rect().contains(QRect(last->mapTo(chooser, QPoint(0, 0)), last->size())));
         RealInput::click(last); // which closes the chooser
         QTRY_VERIFY(qobject_cast<VTColorSchemeMenu *>(QApplication::activePopupWidget()));
         QCOMPARE(DropDown(QApplication::activePopupWidget()).bar->text(), last->text());
@@ -292,8 +292,7 @@ void tst_pickerWindows_walks::pointerAtRestMakesNoSecondCurrentGroup()
         });
         driver.next([&rest, resting](QWidget *chooser) {
             QVERIFY(QTest::qWaitForWindowExposed(chooser));
-            const QVector<QPushButton *> groups =
-                chooser->findChildren<QPushButton *>().toVector();
+            const QVector<QPushButton *> groups = chooser->findChildren<QPushButton *>().toVector();
             if (!resting) {
                 rest = centerOf(groups[4]);
                 RealInput::press(QStringLiteral("Escape"));
