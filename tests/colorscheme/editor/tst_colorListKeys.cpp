@@ -40,7 +40,7 @@ const QVector<QColor> fourColors{QColor(200, 30, 30), QColor(30, 200, 30), QColo
 
 bool show(EditorUnderTest &test)
 {
-    test.editor().move(80, 80);
+    test.editor().move(80, 20); // with room for a menu below, on a low screen too
     test.editor().show();
     return QTest::qWaitForWindowActive(&test.editor());
 }
