@@ -72,7 +72,7 @@ HistoryDialog::HistoryDialog(QWidget *parent)
     teamBox->addItem(tr("Built-in schemes"), int(DefaultTeam));
     stateList->setObjectName(QStringLiteral("states"));
     stateList->setAccessibleName(tr("Saved states"));
-    stateList->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    stateList->setMinimumWidth(fontMetrics().averageCharWidth() * 24); // a date and a time
 
     hint->setObjectName(QStringLiteral("hint"));
     hint->setWordWrap(true);
@@ -172,12 +172,11 @@ void HistoryDialog::showDifferences()
                        list == &difference.removed ? nullptr : schemeIn(now, id));
         }
         tree->expandAll();
-        hint->setText(difference.isEmpty()
-                          ? tr("All schemes are as they were then.")
-                          : tr("Since then %1 were deleted, %2 changed and %3 added.")
-                                .arg(difference.removed.size())
-                                .arg(difference.changed.size())
-                                .arg(difference.added.size()));
+        hint->setText(difference.isEmpty() ? tr("All schemes are as they were then.")
+                                           : tr("Since then: %1 deleted, %2 changed, %3 added.")
+                                                 .arg(difference.removed.size())
+                                                 .arg(difference.changed.size())
+                                                 .arg(difference.added.size()));
     }
     restoreTeamButton->setEnabled(tree->topLevelItemCount() > 0);
     updateButtons();

@@ -19,6 +19,7 @@
 #include <QDir>
 #include <QFontInfo>
 #include <QTextStream>
+#include <QTreeWidget>
 
 namespace mapviewer {
 
@@ -79,6 +80,29 @@ private:
     bool good = true;
 };
 
+// Schemes of the user's own that were saved, changed and saved again.
+void makeHistory()
+{
+    VOColorSchemeManager *const store = VOColorSchemeManager::instance();
+    if (!store->customTeam.groups.empty())
+        return;
+    const std::vector<VOColorScheme> &some = store->defaultTeam.groups.front().schemes;
+    if (some.size() < 6)
+        return;
+    VOColorSchemeGroup group;
+    group.name = VOString(L"Alpine maps");
+    group.schemes.assign(some.begin(), some.begin() + 4);
+    store->customTeam.groups = {group};
+    store->saveCustomTeam();
+    std::vector<VOColorScheme> &schemes = store->customTeam.groups.front().schemes;
+    schemes.erase(schemes.begin());
+    const VOString name = schemes[1].name;
+    schemes[1] = some[5];
+    schemes[1].name = name;
+    schemes.push_back(some[4]);
+    store->saveCustomTeam();
+}
+
 // The windows that wait for the user when they are run; here they are only shown.
 void writeSchemeWindows(MapWindow *window, Writer *writer)
 {
@@ -111,7 +135,9 @@ void writeSchemeWindows(MapWindow *window, Writer *writer)
     writer->write(&naming, QStringLiteral("add-group"));
     naming.hide();
 
+    makeHistory();
     HistoryDialog history(window);
+    history.findChild<QTreeWidget *>(QStringLiteral("differences"))->setFocus();
     history.show();
     writer->write(&history, QStringLiteral("scheme-history"));
     history.hide();

@@ -145,7 +145,7 @@ void tst_HistoryDialog::differencesAreShownByGroupWithBothStrips()
     QCOMPARE(tree()->topLevelItemCount(), 1);
     QCOMPARE(tree()->topLevelItem(0)->text(0), QString("Mine"));
     QCOMPARE(rows(), QStringList({"gone deleted", "edited changed", "new added"}));
-    QCOMPARE(hint(), QString("Since then 1 were deleted, 1 changed and 1 added."));
+    QCOMPARE(hint(), QString("Since then: 1 deleted, 1 changed, 1 added."));
     const auto hasStrip = [&](int row, int column) {
         return !tree()->topLevelItem(0)->child(row)->data(column, Qt::DecorationRole).isNull();
     };
