@@ -7,6 +7,17 @@
 #include <QFile>
 #include <QMovie>
 
+static bool &embeddedWarning()
+{
+    static bool on = false;
+    return on;
+}
+
+void VTLineEditWidget::setEmbeddedWarning(bool on)
+{
+    embeddedWarning() = on;
+}
+
 VTLineEditWidget::VTLineEditWidget(QWidget *parent)
     : QWidget(parent)
     , ui(std::make_unique<Ui::VTLineEditWidget>())
@@ -45,7 +56,7 @@ void VTLineEditWidget::setData(const QVariant &data)
 
 void VTLineEditWidget::showWarning(const QString &message)
 {
-    if (!QFile::exists(movie->fileName()))
+    if (embeddedWarning() && !QFile::exists(movie->fileName()))
         movie->setFileName(QStringLiteral(":/VTControlColorScheme/warning.gif"));
     movie->start();
     ui->label->setToolTip(message);

@@ -17,9 +17,8 @@ class VTLineEditWidget;
 /// A one-line text field with a 20 x 20 px warning icon at its right. It judges nothing itself:
 /// its owner listens to textEdited() and answers with showWarning() or hideWarning().
 ///
-/// The icon is the file "/resources/warning.gif" below the application's folder, or else an
-/// embedded copy of it. If the file is there and no animation, the icon stays blank and all else
-/// works. The keyboard goes to the inner field.
+/// The icon is the file "/resources/warning.gif" below the application's folder. If that is missing
+/// or no animation, the icon stays blank and all else works. The keyboard goes to the inner field.
 class VTCONTROLCOLORSCHEME_EXPORT VTLineEditWidget : public QWidget
 {
     Q_OBJECT
@@ -27,6 +26,10 @@ class VTCONTROLCOLORSCHEME_EXPORT VTLineEditWidget : public QWidget
 public:
     explicit VTLineEditWidget(QWidget *parent = nullptr);
     ~VTLineEditWidget() override;
+
+    /// For a host that does not ship the file: whether an embedded copy stands in where there is
+    /// none. Off at first. A file that is there always wins.
+    static void setEmbeddedWarning(bool on);
 
     /// The inner field: never null, owned by this widget.
     QLineEdit *lineEdit() const;

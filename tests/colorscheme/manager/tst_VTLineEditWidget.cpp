@@ -30,8 +30,8 @@ private Q_SLOTS:
     void itKeepsWhatItsOwnerLeaves();
     void theFileBesideTheProgramWins_data();
     void theFileBesideTheProgramWins();
-    void inACopyWithoutAFile();
-    void inACopyWithABadFile();
+    void inACopyWithTheEmbeddedOne();
+    void inACopyWithoutAnAnimation();
 };
 
 namespace {
@@ -184,6 +184,7 @@ void tst_VTLineEditWidget::theFileBesideTheProgramWins_data()
 {
     QTest::addColumn<QString>("file");
     QTest::newRow("none") << QString();
+    QTest::newRow("none, embedded") << QString();
     QTest::newRow("no animation") << QStringLiteral("no animation");
     QTest::newRow("empty") << QStringLiteral("empty");
 }
@@ -202,15 +203,17 @@ void tst_VTLineEditWidget::theFileBesideTheProgramWins()
         animation.write(file == QLatin1String("empty") ? QByteArray() : file.toLatin1());
     }
     QProcess process;
-    process.start(copy, {file.isEmpty() ? QStringLiteral("inACopyWithoutAFile")
-                                        : QStringLiteral("inACopyWithABadFile")});
+    const bool embedded = QLatin1String(QTest::currentDataTag()) == QLatin1String("none, embedded");
+    process.start(copy, {embedded ? QStringLiteral("inACopyWithTheEmbeddedOne")
+                                  : QStringLiteral("inACopyWithoutAnAnimation")});
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.exitStatus(), QProcess::NormalExit);
     QVERIFY2(process.exitCode() == 0, process.readAllStandardOutput().constData());
 }
 
-void tst_VTLineEditWidget::inACopyWithoutAFile()
+void tst_VTLineEditWidget::inACopyWithTheEmbeddedOne()
 {
+    VTLineEditWidget::setEmbeddedWarning(true);
     VTLineEditWidget widget(nullptr);
     const bool isCopy = !QFile::exists(iconOf(widget)->movie()->fileName());
     for (int i = 0; i < 2; ++i) {
@@ -226,9 +229,10 @@ void tst_VTLineEditWidget::inACopyWithoutAFile()
         QVERIFY(iconOf(widget)->isHidden());
         QCOMPARE(iconOf(widget)->movie()->state(), QMovie::NotRunning);
     }
+    VTLineEditWidget::setEmbeddedWarning(false);
 }
 
-void tst_VTLineEditWidget::inACopyWithABadFile()
+void tst_VTLineEditWidget::inACopyWithoutAnAnimation()
 {
     VTLineEditWidget widget(nullptr);
     const bool isCopy = QFileInfo(iconOf(widget)->movie()->fileName()).size() < 20;
