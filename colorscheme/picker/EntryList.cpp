@@ -61,7 +61,7 @@ QSize EntryListStyle::sizeFromContents(ContentsType type, const QStyleOption *op
     return type == CT_Menu ? size : QProxyStyle::sizeFromContents(type, option, size, widget);
 }
 
-EntryList::EntryList(Told pointed, Told left, QWidget *parent)
+EntryList::EntryList(Pointed pointed, Told left, QWidget *parent)
     : QMenu(parent)
     , pointed(std::move(pointed))
     , left(std::move(left))
@@ -81,15 +81,25 @@ void EntryList::wear(QStyle *style)
     changeEvent(&change);
 }
 
+// By the entry itself: a list that was never shown has not laid its entries out.
 QAction *EntryList::actionOf(const QWidget *entry) const
 {
-    return actionAt(entry->geometry().center());
+    const QList<QAction *> all = actions();
+    const auto found = std::find_if(all.begin(), all.end(), [entry](const QAction *action) {
+        const auto *const one = qobject_cast<const QWidgetAction *>(action);
+        return one && one->defaultWidget() == entry;
+    });
+    return found == all.end() ? nullptr : *found;
 }
 
-void EntryList::pointTo(const QWidget *entry)
+void EntryList::pointTo(const QWidget *entry, const QEvent *event)
 {
-    if (QAction *const action = actionOf(entry))
-        pointed(action);
+    QAction *const action = actionOf(entry);
+    if (!action)
+        return;
+    // The toolkit always tells where the pointer is. A program that sends the bare event means it.
+    const auto *const enter = dynamic_cast<const QEnterEvent *>(event);
+    pointed(action, enter ? std::make_optional(enter->globalPos()) : std::nullopt);
 }
 
 void EntryList::leave(const QWidget *entry)
@@ -125,7 +135,7 @@ void EntryList::mousePressEvent(QMouseEvent *event)
 void EntryList::mouseMoveEvent(QMouseEvent *event)
 {
     if (QAction *const action = actionAt(event->pos()))
-        pointed(action);
+        pointed(action, event->globalPos());
     else
         left(nullptr);
 }

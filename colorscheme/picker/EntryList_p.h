@@ -4,6 +4,7 @@
 #include <QProxyStyle>
 
 #include <functional>
+#include <optional>
 
 namespace vtcontrolcolorscheme {
 
@@ -33,15 +34,16 @@ class EntryList : public QMenu
 {
 public:
     using Told = std::function<void(QAction *)>;
+    using Pointed = std::function<void(QAction *, const std::optional<QPoint> &)>;
 
-    /// `pointed` is told of the action below the pointer, `left` of the one that the pointer has
-    /// left; null if that is all of them.
-    EntryList(Told pointed, Told left, QWidget *parent);
+    /// `pointed` is told of the action below the pointer, and where that is on the screen, if
+    /// anywhere; `left` of the one that the pointer has left, null if that is all of them.
+    EntryList(Pointed pointed, Told left, QWidget *parent);
 
     /// Takes the style, and asserts it against what a host's style sheet has for menus.
     void wear(QStyle *style);
-    /// The pointer has come to the entry, one of this list, or left it.
-    void pointTo(const QWidget *entry);
+    /// The pointer has come to the entry, one of this list, by the event; or left it.
+    void pointTo(const QWidget *entry, const QEvent *event);
     void leave(const QWidget *entry);
 
 protected:
@@ -57,7 +59,7 @@ protected:
 private:
     QAction *actionOf(const QWidget *entry) const;
 
-    Told pointed;
+    Pointed pointed;
     Told left;
     const QAction *pressed = nullptr;
 };

@@ -136,7 +136,9 @@ void VTColorSchemeMenu::fill(const VOColorSchemeGroup &record)
     clearList();
 
     auto *list = new EntryList(
-        [this](const QAction *action) { pointTo(action->data().toInt()); },
+        [this](const QAction *action, const std::optional<QPoint> &pointer) {
+            pointTo(action->data().toInt(), pointer);
+        },
         [this](const QAction *action) { leave(action ? action->data().toInt() : -1); },
         scrollArea->viewport());
     list->setWindowFlags(Qt::Widget); // at home already: moving there, all entries would restyle

@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 class QPushButton;
 class QScrollArea;
@@ -75,7 +76,7 @@ private:
     int pickedEntry() const;
     void showPicked();
     void highlight(int index);
-    void pointTo(int index);
+    void pointTo(int index, const std::optional<QPoint> &pointer);
     void leave(int index);
     void moveTo(int index);
     void showEntry(const QWidget *entry);

@@ -24,6 +24,12 @@ using vtcontrolcolorscheme::TypedLabel;
 using VTObjects::toQString;
 using VTObjects::VOColorScheme;
 
+namespace {
+
+constexpr int rounding = 2; // pixels, between two ways of asking for the pointer at a scale
+
+} // namespace
+
 void VTColorSchemeMenu::keyPressEvent(QKeyEvent *event)
 {
     const int last = static_cast<int>(group.schemes.size()) - 1;
@@ -124,10 +130,15 @@ void VTColorSchemeMenu::highlight(int index)
     }
 }
 
-void VTColorSchemeMenu::pointTo(int index)
+void VTColorSchemeMenu::pointTo(int index, const std::optional<QPoint> &pointer)
 {
     const QWidget *const entry = entryOf(index);
-    if (!entry || pointerRestsOn(entry, restingPointer))
+    if (!entry)
+        return;
+    // An entry that comes to lie below a pointer at rest is seen there, and told just that place.
+    const bool isNoted =
+        pointer && isVisible() && (*pointer - restingPointer).manhattanLength() <= rounding;
+    if (isNoted && pointerRestsOn(entry, restingPointer))
         return;
     highlight(index);
     pointed = true;

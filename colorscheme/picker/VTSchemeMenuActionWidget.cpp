@@ -183,10 +183,10 @@ bool VTSchemeMenuActionWidget::event(QEvent *event)
     return QWidget::event(event);
 }
 
-void VTSchemeMenuActionWidget::enterEvent(QEvent * /*event*/)
+void VTSchemeMenuActionWidget::enterEvent(QEvent *event)
 {
     if (auto *const list = dynamic_cast<EntryList *>(parentWidget()))
-        list->pointTo(this);
+        list->pointTo(this, event);
     else
         setHighlighted(true);
 }

@@ -1,7 +1,10 @@
 #include "colorscheme/picker/VTSchemeMenuActionWidget.h"
+#include "tests/support/DropDown.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/TestStore.h"
 
 #include <QBoxLayout>
+#include <QCursor>
 #include <QLabel>
 #include <QToolTip>
 #include <QtTest>
@@ -35,6 +38,8 @@ private Q_SLOTS:
     void nameLiesAboveTheStripWithoutGaps();
     void everyPartFollowsThePointer();
     void pointerTurnsOnlyTheNameBlueAndLeavesItWhite();
+    void everyEntryThatAProgramEntersTurnsBlue_data();
+    void everyEntryThatAProgramEntersTurnsBlue();
     void highlightingFromCodeLooksLikeThePointer();
     void labelsGoWithTheEntry();
     void nameIsNoMarkup();
@@ -92,6 +97,47 @@ void tst_VTSchemeMenuActionWidget::pointerTurnsOnlyTheNameBlueAndLeavesItWhite()
     send(&entry, QEvent::Leave);
     QCOMPARE(labels[0]->styleSheet(), white);
     QCOMPARE(labels[1]->styleSheet(), QString());
+}
+
+void tst_VTSchemeMenuActionWidget::everyEntryThatAProgramEntersTurnsBlue_data()
+{
+    QTest::addColumn<bool>("shown");
+    QTest::addColumn<bool>("withAPlace");
+    QTest::newRow("bare event, hidden") << false << false;
+    QTest::newRow("bare event, shown") << true << false;
+    QTest::newRow("with a place, hidden") << false << true;
+    QTest::newRow("with a place, shown") << true << true;
+}
+
+// No pointer moves: it lies on an entry that was not entered by it.
+void tst_VTSchemeMenuActionWidget::everyEntryThatAProgramEntersTurnsBlue()
+{
+    QFETCH(bool, shown);
+    QFETCH(bool, withAPlace);
+    const QStringList names{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
+    VTColorSchemeMenu menu(QStringLiteral("g"), makeGroup(QStringLiteral("g"), names), nullptr);
+    const DropDown parts(&menu);
+    if (shown) {
+        menu.popup(QPoint(100, 100));
+        QCursor::setPos(parts.entry(0)->mapToGlobal(QPoint(60, 20)));
+        QCoreApplication::processEvents();
+        QTest::keyClick(&menu, Qt::Key_End);
+        QCOMPARE(parts.highlighted(), QList<int>{2});
+    }
+    for (const int index : {0, 1, 2, 2, 1, 0, 0}) {
+        QWidget *const entry = parts.entry(index);
+        const QPoint corner(1, 1);
+        QEvent bare(QEvent::Enter);
+        QEnterEvent placed(corner, entry->mapTo(&menu, corner), entry->mapToGlobal(corner));
+        QCoreApplication::sendEvent(entry, withAPlace ? &placed : &bare);
+        QCOMPARE(parts.highlighted(), QList<int>{index});
+        QCOMPARE(parts.name(index)->styleSheet(), blue);
+        send(entry, QEvent::Leave);
+        QCOMPARE(parts.name(index)->styleSheet(), white);
+        QCOMPARE(parts.highlighted(), QList<int>());
+        QCoreApplication::sendEvent(entry, withAPlace ? &placed : &bare);
+        QCOMPARE(parts.highlighted(), QList<int>{index});
+    }
 }
 
 void tst_VTSchemeMenuActionWidget::highlightingFromCodeLooksLikeThePointer()
