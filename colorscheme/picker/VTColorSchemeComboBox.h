@@ -131,6 +131,7 @@ private:
     bool showGroup(const QString &team, const VTObjects::VOColorSchemeTeam &records, int group,
                    int schemeIndex);
     void noteGroup();
+    bool isGroupNoted() const;
     int listedGroup() const;
     void noteScheme(const VTObjects::VOColorSchemeGroup &group, int position);
     const VTObjects::VOColorScheme *picked() const;
@@ -153,6 +154,8 @@ private:
         VTObjects::VOString name;
         int number = 0;        // which of those of this name, from 0
         std::size_t among = 0; // so many groups had the team
+        QString team;          // and this is where it was:
+        int position = -1;
     };
     ListedGroup listed;
     VTObjects::VOColorSchemeId id; // of the current scheme; null if it is not the store's

@@ -61,6 +61,14 @@ void VTColorSchemeComboBox::noteGroup()
     listed.name = groups[at].name;
     listed.number = countOf(groups, at, listed.name);
     listed.among = groups.size();
+    listed.team = teamName;
+    listed.position = groupIndex;
+}
+
+// Whether the name is that of the group at groupIndex, which counts.
+bool VTColorSchemeComboBox::isGroupNoted() const
+{
+    return listed.isKnown && listed.position == groupIndex && listed.team == teamName;
 }
 
 // The position of the listed group, which is known by its name; -1 if there is none.
@@ -68,7 +76,7 @@ int VTColorSchemeComboBox::listedGroup() const
 {
     const std::vector<VOColorSchemeGroup> &groups = teamOf(teamName).groups;
     const bool isThere = groupIndex >= 0 && static_cast<std::size_t>(groupIndex) < groups.size();
-    if (!listed.isKnown)
+    if (!isGroupNoted())
         return isThere ? groupIndex : -1;
     if (isThere && groups[static_cast<std::size_t>(groupIndex)].name == listed.name)
         return groupIndex;
@@ -275,7 +283,7 @@ void VTColorSchemeComboBox::tellChoice()
 void VTColorSchemeComboBox::onSchemesMoved(const VOColorSchemeMoves &moves)
 {
     bool changed = false;
-    if (listed.isKnown) {
+    if (isGroupNoted()) {
         const int now = moves.groupMovedTo(teamKindOf(teamName), listed.name, listed.number);
         const QString before = toQString(listed.name);
         groupIndex = now;

@@ -15,6 +15,22 @@
 
 using namespace VTObjects;
 
+namespace {
+
+struct Position
+{
+};
+int VTColorSchemeComboBox::*positionIn(Position);
+// An explicit instantiation may name what is private.
+template <int VTColorSchemeComboBox::*member>
+struct PrivateMember
+{
+    friend int VTColorSchemeComboBox::*positionIn(Position) { return member; }
+};
+template struct PrivateMember<&VTColorSchemeComboBox::groupIndex>;
+
+} // namespace
+
 // Which scheme of the store a picker shows, and what becomes of it.
 class tst_VTColorSchemeComboBox_store : public ComboBoxTest
 {
@@ -31,6 +47,7 @@ private Q_SLOTS:
     void anIdOfNothingChangesNothing_data();
     void anIdOfNothingChangesNothing();
     void theListedGroupIsFoundWhereverItStands();
+    void aPositionCountsMoreThanANameFromBefore();
     void aListedGroupThatIsGoneIsNotReplacedByItsNeighbour();
     void aListedGroupThatWasRenamedInPlaceIsStillListed();
     void aSchemeThatAManagerRenamedOrMovedIsFollowed();
@@ -187,6 +204,20 @@ void tst_VTColorSchemeComboBox_store::theListedGroupIsFoundWhereverItStands()
     std::reverse(groups.begin(), groups.end());
     QCOMPARE(listed(box), QStringList({"two", "b"}));
     QCOMPARE(box.groupName(), QString("two"));
+}
+
+// Whoever gets at the members, as a debugger does.
+void tst_VTColorSchemeComboBox_store::aPositionCountsMoreThanANameFromBefore()
+{
+    VTColorSchemeComboBox box;
+    QVERIFY(box.setDefaultGroup(QStringLiteral("Custom"), 0, 0));
+    const QStringList first = listed(box);
+    box.*positionIn(Position()) = 1;
+    QCOMPARE(listed(box).first(), toQString(store()->customTeam.groups[1].name));
+    box.*positionIn(Position()) = 99;
+    QCOMPARE(listed(box), QStringList{QString()});
+    box.*positionIn(Position()) = 0;
+    QCOMPARE(listed(box), first);
 }
 
 void tst_VTColorSchemeComboBox_store::aListedGroupThatIsGoneIsNotReplacedByItsNeighbour()
