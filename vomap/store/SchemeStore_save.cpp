@@ -175,12 +175,12 @@ bool SchemeStore::merge(Work &work, const TeamContent &theirs) const
 // on the save counts; what then cannot be tidied, the next load or save tidies.
 bool SchemeStore::commit(std::vector<Work> &works)
 {
+    StoreHistory history(folder); // looks at its folder, so before the system has a reason to tell
     const bool written = std::all_of(works.begin(), works.end(), [this](const Work &work) {
         return writeSynced(pathOf(work.which, newSuffix), work.bytes.view(), pathOf(work.which));
     });
     bool done = written &&
                 std::all_of(works.begin(), works.end(), [this](Work &work) { return link(work); });
-    StoreHistory history(folder);
     for (Work &work : works) {
         if (done)
             keepState(work, history);

@@ -38,6 +38,7 @@ private Q_SLOTS:
     void aSaveThatSucceedsEndsTheProblem();
     void everyReasonIsASentence_data();
     void everyReasonIsASentence();
+    void aDiskThatIsFullFromTheFirstSaveOnIsCalledSo();
 
 private:
     VOColorSchemeManager &manager() { return *VOColorSchemeManager::instance(); }
@@ -265,6 +266,20 @@ void tst_storeProblems::everyReasonIsASentence()
     QVERIFY2(told.contains(reason), qPrintable(told));
     QCOMPARE(manager().problems().size(), std::size_t(1));
     QVERIFY(manager().problems()[0].text.endsWith(told));
+}
+
+// Nothing but the lock is in the folder then, which must not become the reason.
+void tst_storeProblems::aDiskThatIsFullFromTheFirstSaveOnIsCalledSo()
+{
+    VOColorSchemeManager::setStoreDirectory(toVOString(store->path("fresh")));
+    StoreFixture::setCustomTeam("3", 4);
+    QSignalSpy failed(VOColorSchemeNotifier::instance(), &VOColorSchemeNotifier::saveFailed);
+    FaultShim::watch(FaultShim::DiskFull, 1, ENOSPC);
+    QVERIFY(!manager().saveCustomTeam());
+    FaultShim::stop();
+    QCOMPARE(failed.count(), 1);
+    const QString told = failed[0][1].toString();
+    QVERIFY2(told.contains("No space left"), qPrintable(told));
 }
 
 VT_TEST_GUILESS_MAIN(tst_storeProblems)
