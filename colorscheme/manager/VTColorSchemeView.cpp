@@ -26,6 +26,7 @@
 #include <QMenu>
 
 #include <algorithm>
+#include <utility>
 
 using vtcontrolcolorscheme::AuthorColumn;
 using vtcontrolcolorscheme::describeColorRamp;
@@ -222,10 +223,20 @@ void VTColorSchemeView::onFavorite()
     manager->onFavorite(QSet<int>(rows.cbegin(), rows.cend()));
 }
 
+bool VTColorSchemeView::viewportEvent(QEvent *event)
+{
+    // The keyboard is never there, but in this view or in a field on it.
+    if (event->type() == QEvent::KeyPress)
+        keyCameThroughViewport = true;
+    return QTableView::viewportEvent(event);
+}
+
 void VTColorSchemeView::keyPressEvent(QKeyEvent *event)
 {
-    // What an open field does not want comes here too, and is not meant for the row.
-    const bool isForRow = currentIndex().isValid() && (state() != EditingState || hasFocus()) &&
+    // What a field does not want comes here too, and is not meant for the row.
+    const bool isFromField = std::exchange(keyCameThroughViewport, false);
+    const bool isForRow = currentIndex().isValid() && !isFromField &&
+                          (state() != EditingState || hasFocus()) &&
                           !(event->modifiers() & ~Qt::KeypadModifier);
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     // Held since it answered another window or node: it is not for the dialog's default button

@@ -72,6 +72,7 @@ Q_SIGNALS:
 
 protected:
     bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void changeEvent(QEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -104,6 +105,7 @@ private:
     QAction *customAction = nullptr;
     QAction *favoriteAction = nullptr;
     bool readOnly = false;
+    bool keyCameThroughViewport = false;
     VTColorSchemeModel *tableModel = nullptr;
     VTColorSchemeManager *manager = nullptr;
     // The submenus of the last right-click; an action does not own its menu.

@@ -73,6 +73,8 @@ private Q_SLOTS:
     void aCanceledEditorChangesNothing();
     void withoutAManagerThereIsNoMenu();
     void theDelegateEditsByTheEditRole();
+    void keysInAFieldAreNotForItsRow_data();
+    void keysInAFieldAreNotForItsRow();
     void onlyVisibleRowsRenderTheirPreviews();
     void assistiveToolsHearOfTheCurrentRow();
     void aRowThatIsGoneIsNotEdited();
@@ -254,6 +256,36 @@ void tst_VTColorSchemeView::theDelegateEditsByTheEditRole()
     // What is typed is stored with its blanks.
     delegate->setModelData(editor, view->schemeModel(), index);
     QCOMPARE(schemeNames(view->schemeModel()->group()), (QStringList{"a", " ac "}));
+}
+
+void tst_VTColorSchemeView::keysInAFieldAreNotForItsRow_data()
+{
+    QTest::addColumn<int>("key");
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_F2})
+        QTest::newRow(qPrintable(QKeySequence(key).toString())) << int(key);
+}
+
+// Of a field that the view has not opened itself, and therefore does not know of.
+void tst_VTColorSchemeView::keysInAFieldAreNotForItsRow()
+{
+    QFETCH(int, key);
+    view->setGroup(1, 0, makeGroup("g", {"a", "b"}));
+    const QModelIndex name = view->schemeModel()->index(1, 2);
+    view->setCurrentIndex(name);
+    auto *field = qobject_cast<VTLineEditWidget *>(
+        view->itemDelegateForColumn(2)->createEditor(view->viewport(), {}, name));
+    QVERIFY(field);
+    ModalDriver driver;
+    QTest::keyClick(field->lineEdit(), Qt::Key(key));
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(view->viewport()->findChildren<VTLineEditWidget *>().size(), 1);
+    // The next one is.
+    if (key != Qt::Key_F2)
+        driver.next([](QWidget *editor) { editor->close(); });
+    QTest::keyClick(view.get(), Qt::Key(key));
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(view->viewport()->findChildren<VTLineEditWidget *>().size(),
+             key == Qt::Key_F2 ? 2 : 1);
 }
 
 void tst_VTColorSchemeView::onlyVisibleRowsRenderTheirPreviews()
