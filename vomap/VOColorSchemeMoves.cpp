@@ -56,10 +56,17 @@ std::uint32_t VOColorSchemeMoves::originOf(const VOColorSchemeId &was, int numbe
     if (was.isNull())
         return 0;
     const int team = teamKindOf(toQString(was.team));
+    std::uint32_t group = 0; // of the scheme before, and whether it is the one
+    bool isGroup = false;
     for (std::uint32_t i = 1; i < origins.size(); ++i) {
         const Origin &origin = origins[i];
-        if (origin.team == team && origin.group != 0 && origin.name == was.scheme &&
-            origins[origin.group].name == was.group && number-- == 0)
+        if (origin.group == 0)
+            continue;
+        if (origin.group != group) {
+            group = origin.group;
+            isGroup = origins[group].name == was.group;
+        }
+        if (isGroup && origin.team == team && origin.name == was.scheme && number-- == 0)
             return i;
     }
     return 0;

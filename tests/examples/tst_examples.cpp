@@ -12,6 +12,15 @@
 #define main editExample
 #include "examples/edit.cpp"
 #undef main
+#define main rememberExample
+#include "examples/remember.cpp"
+#undef main
+#define main honestExample
+#include "examples/honest.cpp"
+#undef main
+#define main followExample
+#include "examples/follow.cpp"
+#undef main
 
 #include "tests/support/ModalDriver.h"
 #include "tests/support/TestMain.h"
@@ -70,6 +79,10 @@ private Q_SLOTS:
     void previewShowsTheRamp();
     void manageEndsWithTheManager();
     void editKeepsTheResultOnOkOnly();
+    void rememberHasTheChoiceAgain();
+    void honestTellsAndBringsBack();
+    void followShowsInBothWindowsWhatWasSaved();
+    void noneIsLongerThanFortyLines();
 
 private:
     std::unique_ptr<TestStore> store;
@@ -119,6 +132,105 @@ void tst_examples::editKeepsTheResultOnOkOnly()
     QVERIFY(custom.empty());
     QCOMPARE(run(&editExample, [](QWidget *window) { press(window, "pushButton_ok"); }), 0);
     QCOMPARE(custom.size(), std::size_t(1));
+}
+
+void tst_examples::rememberHasTheChoiceAgain()
+{
+    auto &custom = VOColorSchemeManager::instance()->customTeam.groups;
+    custom = {makeGroup("mine", {"a/b", "a/b"})};
+    QStringList picked;
+    const auto look = [&](QWidget *window) {
+        auto *picker = window->findChild<VTColorSchemeComboBox *>();
+        picked.append(picker->currentSchemeId().toText());
+        picker->setCurrentScheme({L"Custom", L"mine", L"a/b"});
+        window->close();
+    };
+    for (int start = 0; start < 2; ++start)
+        QCOMPARE(run(&rememberExample, look), 0);
+    QVERIFY(picked[0].startsWith("Default/DEM/"));
+    QCOMPARE(picked[1], QString("Custom/mine/a%2Fb"));
+    // Gone by the third start.
+    custom.clear();
+    QCOMPARE(run(&rememberExample, look), 0);
+    QCOMPARE(picked[2], picked[0]);
+}
+
+void tst_examples::honestTellsAndBringsBack()
+{
+    VOColorSchemeManager &records = *VOColorSchemeManager::instance();
+    const QString folder = store->storeDirectory();
+    for (const char *name : {"first", "second"}) {
+        records.customTeam.groups = {makeGroup("mine", {name})};
+        QVERIFY(records.save());
+    }
+    QFile file(folder + "/favorite.team");
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.close();
+    QVERIFY(!records.load());
+    QStringList told;
+    QCOMPARE(run(&honestExample,
+                 [&](QWidget *window) {
+                     const auto buttons = window->findChildren<QPushButton *>();
+                     auto *list = window->findChild<QListWidget *>();
+                     QVERIFY(QDir().rename(folder, folder + "-away"));
+                     QFile inTheWay(folder);
+                     QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+                     buttons[0]->click();
+                     QVERIFY(inTheWay.remove());
+                     QVERIFY(QDir().rename(folder + "-away", folder));
+                     buttons[0]->click();
+                     buttons[1]->click();
+                     for (int row = 0; row < list->count(); ++row)
+                         told.append(list->item(row)->text());
+                     window->close();
+                 }),
+             0);
+    QCOMPARE(told.size(), 3);
+    QVERIFY2(told[0].contains(folder + "/damaged/favorite.team.1"), qPrintable(told[0]));
+    QVERIFY2(told[1].startsWith("Not saved in " + folder), qPrintable(told[1]));
+    QVERIFY2(told[2].startsWith("Brought back"), qPrintable(told[2]));
+    QVERIFY(records.load());
+    QVERIFY(records.find({L"Custom", L"mine", L"first"}));
+    records.clearProblems();
+}
+
+void tst_examples::followShowsInBothWindowsWhatWasSaved()
+{
+    VOColorSchemeManager &records = *VOColorSchemeManager::instance();
+    int windows = 0;
+    int following = 0;
+    QCOMPARE(run(&followExample,
+                 [&](QWidget *) {
+                     VOColorScheme &first =
+                         records.defaultTeam.groups[std::size_t(records.defaultTeam.index("DEM"))]
+                             .schemes[0];
+                     first.describe = L"edited";
+                     records.save();
+                     for (QWidget *window : QApplication::topLevelWidgets()) {
+                         auto *picker = window->findChild<VTColorSchemeComboBox *>();
+                         if (!picker || !window->isVisible())
+                             continue;
+                         ++windows;
+                         following += picker->currentScheme().describe == L"edited" ? 1 : 0;
+                         window->close();
+                     }
+                 }),
+             0);
+    QCOMPARE(windows, 2);
+    QCOMPARE(following, 2);
+}
+
+void tst_examples::noneIsLongerThanFortyLines()
+{
+    int examples = 0;
+    const QDir folder(QFINDTESTDATA("../../examples"));
+    for (const QFileInfo &file : folder.entryInfoList({"*.cpp"}, QDir::Files)) {
+        QFile source(file.filePath());
+        QVERIFY(source.open(QIODevice::ReadOnly));
+        QVERIFY2(source.readAll().count('\n') < 40, qPrintable(file.fileName()));
+        ++examples;
+    }
+    QCOMPARE(examples, 7);
 }
 
 VT_TEST_APPLESS_MAIN(tst_examples)
