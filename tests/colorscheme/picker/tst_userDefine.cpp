@@ -8,6 +8,7 @@
 #include "tests/support/windowsLeft.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
+#include "vomap/VOColorSchemeNotifier.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VOStringConversion.h"
 
@@ -66,6 +67,8 @@ private Q_SLOTS:
     void changesOfTheHostMeanwhileAreKept();
     void withoutAPickerTheSchemeIsStillSaved();
     void dropDownOutlivesItsClosing();
+    void theStoreTellsItOnce();
+    void aFailedSaveIsToldOnceAndTheSchemeKept();
 
 private:
     void userDefine(ModalDriver &driver, const ModalDriver::Handler &edit);
@@ -317,6 +320,49 @@ void tst_userDefine::dropDownOutlivesItsClosing()
     picker->click();
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     QVERIFY(!dropDown);
+}
+
+void tst_userDefine::theStoreTellsItOnce()
+{
+    const QSignalSpy changed(VOColorSchemeNotifier::instance(),
+                             &VOColorSchemeNotifier::storeChanged);
+    for (const Answer answer : {Ok, Cancel}) {
+        ModalDriver driver;
+        userDefine(driver, [&](QWidget *editor) {
+            // The editor has a pointer into the store.
+            QVERIFY(QFile::remove(store->storeDirectory() + "/custom.team"));
+            QVERIFY(!records->reloadIfChanged());
+            answerEditor(editor, answer);
+        });
+        QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+        QCOMPARE(changed.count(), 1);
+        QVERIFY(records->saveCustomTeam());
+        QCOMPARE(changed.count(), 1);
+    }
+    QCOMPARE(picker->currentSchemeId().toText(), QString("Custom/User%20define/add_scheme1"));
+}
+
+void tst_userDefine::aFailedSaveIsToldOnceAndTheSchemeKept()
+{
+    const QString folder = store->storeDirectory();
+    QVERIFY(QDir().rename(folder, folder + "-away"));
+    QFile inTheWay(folder);
+    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+    const QSignalSpy failed(VOColorSchemeNotifier::instance(), &VOColorSchemeNotifier::saveFailed);
+    records->clearProblems();
+    ModalDriver driver;
+    userDefine(driver, [](QWidget *editor) { answerEditor(editor, Ok); });
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(failed.count(), 1);
+    QCOMPARE(failed[0][0].toString(), folder);
+    QCOMPARE(records->problems().size(), std::size_t(1));
+    QCOMPARE(records->problems()[0].kind, VOStoreProblem::NotSaved);
+    QCOMPARE(records->problems()[0].schemes, 2);
+    QVERIFY(records->find(picker->currentSchemeId()));
+    QVERIFY(inTheWay.remove());
+    QVERIFY(QDir().rename(folder + "-away", folder));
+    QVERIFY(records->saveCustomTeam());
+    QVERIFY(records->problems().empty());
 }
 
 VT_TEST_MAIN(tst_userDefine)

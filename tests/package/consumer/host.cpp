@@ -14,7 +14,10 @@
 #include "colorscheme/picker/VTColorSchemeMenu.h"
 #include "colorscheme/picker/VTSchemeMenuActionWidget.h"
 #include "vobase/VOString.h"
+#include "vomap/VOColorSchemeId.h"
 #include "vomap/VOColorSchemeManager.h"
+#include "vomap/VOColorSchemeMoves.h"
+#include "vomap/VOColorSchemeNotifier.h"
 #include "vomap/VOEvenColorRamp.h"
 #include "vomap/VOPredefineColorRamp.h"
 #include "vomap/VORandomColorRamp.h"
@@ -85,6 +88,48 @@ void useRecords(const QString &directory)
     expect(scheme.name == group.schemes[0].name, "the read scheme's name");
 }
 
+void useTheStoresNews(const QString &directory)
+{
+    VOColorSchemeManager *const store = VOColorSchemeManager::instance();
+    int changed = 0;
+    int failed = 0;
+    int moved = 0;
+    QObject host;
+    const VOColorSchemeNotifier *const notifier = VOColorSchemeNotifier::instance();
+    QObject::connect(notifier, &VOColorSchemeNotifier::storeChanged, &host, [&] { ++changed; });
+    QObject::connect(notifier, &VOColorSchemeNotifier::saveFailed, &host, [&] { ++failed; });
+    QObject::connect(notifier, &VOColorSchemeNotifier::schemesMoved, &host, [&] { ++moved; });
+
+    VTColorSchemeComboBox picker;
+    picker.setFollowsStore(true);
+    const VOColorSchemeId id{L"Custom", L"Mine", store->customTeam.groups[0].schemes[0].name};
+    expect(picker.setCurrentScheme(VOColorSchemeId::fromText(id.toText())), "a scheme by its id");
+    expect(store->find(picker.currentSchemeId()), "the picked scheme in the store");
+    VOColorSchemeMoves::Teams copies{store->defaultTeam, store->customTeam, store->favoriteTeam};
+    VOColorSchemeMoves moves(copies);
+    copies[1].groups[0].schemes[0].name = L"renamed";
+    store->takeEdited(copies, moves);
+    expect(store->save(), "a save of it");
+    expect(picker.currentSchemeId().scheme == "renamed", "a followed scheme");
+    expect(changed == 1 && moved == 1 && failed == 0, "what was told of it");
+    expect(!store->reloadIfChanged(), "no news");
+
+    VOColorSchemeManager::requireStoreDirectory(toVOString(directory + QStringLiteral("/gone")));
+    expect(!store->load() && !store->save() && failed == 1, "a missing directory");
+    expect(!store->problems().empty(), "the problems of it");
+    expect(store->problems()[0].kind == VOStoreProblem::FolderMissing, "their kind");
+    VOColorSchemeManager::setStoreDirectory(toVOString(directory));
+    store->clearProblems();
+    expect(store->load() && store->problems().empty(), "the store again");
+    VOColorSchemeGroup own = store->defaultTeam.groups[0];
+    own.name = L"depth";
+    expect(store->addHostGroup(own, QStringLiteral("For depth")), "a group of the host");
+    VTColorSchemeManager manager;
+    manager.setTeamReadOnly(CustomTeamNode, true);
+    expect(manager.showScheme({L"Default", L"depth", own.schemes[0].name}), "a shown scheme");
+    expect(manager.outcome() == VTColorSchemeManager::NothingChanged, "an outcome");
+}
+
 void useWidgets()
 {
     VOColorSchemeGroup group = VOColorSchemeManager::instance()->defaultTeam.groups[0];
@@ -131,5 +176,6 @@ int main(int argc, char *argv[])
     useRamps();
     useRecords(directory.path());
     useWidgets();
+    useTheStoresNews(directory.path());
     return failures;
 }
