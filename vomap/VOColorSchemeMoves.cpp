@@ -3,6 +3,7 @@
 #include "vomap/VOStringConversion.h"
 #include "vomap/store/teamMerge_p.h"
 
+#include <algorithm>
 #include <map>
 #include <tuple>
 
@@ -32,21 +33,53 @@ void visitMarks(const VOColorSchemeMoves::Teams &teams, Visit visit)
     }
 }
 
+// How many come before the scheme that the same id would name.
+int numberOf(const VOColorSchemeTeam &team, const VOColorSchemeGroup &group,
+             const VOColorScheme &scheme)
+{
+    int number = 0;
+    for (const VOColorSchemeGroup &other : team.groups) {
+        if (other.name != group.name)
+            continue;
+        for (const VOColorScheme &each : other.schemes) {
+            if (&each == &scheme)
+                return number;
+            number += each.name == scheme.name ? 1 : 0;
+        }
+    }
+    return number;
+}
+
 } // namespace
 
 VOColorSchemeMoves::VOColorSchemeMoves(Teams &copies)
-    : origins(1)
 {
+    std::size_t count = 1;
+    for (const VOColorSchemeTeam &team : copies) {
+        for (const VOColorSchemeGroup &group : team.groups)
+            count += 1 + group.schemes.size();
+    }
+    origins.resize(count);
+    groupOf.resize(count);
+    std::uint32_t mark = 0;
     for (const VOTeamKind kind : allTeams) {
         for (VOColorSchemeGroup &group : copies[kind].groups) {
-            group.origin = static_cast<std::uint32_t>(origins.size());
-            origins.push_back({group.name, 0, kind});
+            group.origin = ++mark;
+            remember(group.origin, group.name, 0, kind);
             for (VOColorScheme &scheme : group.schemes) {
-                scheme.origin = static_cast<std::uint32_t>(origins.size());
-                origins.push_back({scheme.name, group.origin, kind});
+                scheme.origin = ++mark;
+                remember(scheme.origin, scheme.name, group.origin, kind);
             }
         }
     }
+}
+
+void VOColorSchemeMoves::remember(std::uint32_t mark, const VOString &name, std::uint32_t group,
+                                  VOTeamKind team)
+{
+    origins[mark].name = name;
+    origins[mark].team = team;
+    groupOf[mark] = group;
 }
 
 VOColorSchemeMoves::~VOColorSchemeMoves() = default;
@@ -59,14 +92,12 @@ std::uint32_t VOColorSchemeMoves::originOf(const VOColorSchemeId &was, int numbe
     std::uint32_t group = 0; // of the scheme before, and whether it is the one
     bool isGroup = false;
     for (std::uint32_t i = 1; i < origins.size(); ++i) {
-        const Origin &origin = origins[i];
-        if (origin.group == 0)
-            continue;
-        if (origin.group != group) {
-            group = origin.group;
+        if (groupOf[i] != group && groupOf[i] != 0) {
+            group = groupOf[i];
             isGroup = origins[group].name == was.group;
         }
-        if (isGroup && origin.team == team && origin.name == was.scheme && number-- == 0)
+        if (isGroup && groupOf[i] != 0 && origins[i].team == team &&
+            origins[i].name == was.scheme && number-- == 0)
             return i;
     }
     return 0;
@@ -78,22 +109,19 @@ VOColorSchemeId VOColorSchemeMoves::movedTo(const VOColorSchemeId &was, int &num
     number = 0;
     if (origin == 0 || !edited)
         return VOColorSchemeId();
-    for (const VOTeamKind kind : allTeams) {
-        for (const VOColorSchemeGroup &group : (*edited)[kind].groups) {
-            for (const VOColorScheme &scheme : group.schemes) {
-                if (scheme.origin != origin)
+    // Most schemes stay in their groups: all others are looked through only if need be.
+    for (const bool inItsGroup : {true, false}) {
+        for (const VOTeamKind kind : allTeams) {
+            for (const VOColorSchemeGroup &group : (*edited)[kind].groups) {
+                if ((group.origin == groupOf[origin]) != inItsGroup)
                     continue;
-                const VOColorSchemeId now{toVOString(teamKey(kind)), group.name, scheme.name};
-                // Those before it that the same id would name.
-                for (const VOColorSchemeGroup &other : (*edited)[kind].groups) {
-                    if (other.name != group.name)
-                        continue;
-                    for (const VOColorScheme &each : other.schemes) {
-                        if (&each == &scheme)
-                            return now;
-                        number += each.name == scheme.name ? 1 : 0;
-                    }
-                }
+                const auto found = std::find_if(
+                    group.schemes.begin(), group.schemes.end(),
+                    [origin](const VOColorScheme &scheme) { return scheme.origin == origin; });
+                if (found == group.schemes.end())
+                    continue;
+                number = numberOf((*edited)[kind], group, *found);
+                return {toVOString(teamKey(kind)), group.name, found->name};
             }
         }
     }
@@ -110,8 +138,7 @@ int VOColorSchemeMoves::groupMovedTo(VOTeamKind team, const VOString &was, int n
 {
     std::uint32_t origin = 0;
     for (std::uint32_t i = 1; i < origins.size() && origin == 0; ++i) {
-        if (origins[i].team == team && origins[i].group == 0 && origins[i].name == was &&
-            number-- == 0)
+        if (origins[i].team == team && groupOf[i] == 0 && origins[i].name == was && number-- == 0)
             origin = i;
     }
     if (origin == 0 || !edited)
@@ -164,10 +191,10 @@ void VOColorSchemeMoves::settle()
     for (const VOTeamKind kind : allTeams) {
         for (const VOColorSchemeGroup &group : (*edited)[kind].groups) {
             if (group.origin != 0)
-                origins[group.origin] = {group.name, 0, kind};
+                remember(group.origin, group.name, 0, kind);
             for (const VOColorScheme &scheme : group.schemes) {
                 if (scheme.origin != 0)
-                    origins[scheme.origin] = {scheme.name, group.origin, kind};
+                    remember(scheme.origin, scheme.name, group.origin, kind);
             }
         }
     }

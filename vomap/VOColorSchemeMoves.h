@@ -47,12 +47,14 @@ private:
     struct Origin
     {
         VOString name;
-        std::uint32_t group = 0; // the origin of a scheme's group; 0 for a group
-        int team = -1;           // none for what is gone
+        int team = -1; // none for what is gone
     };
+    void remember(std::uint32_t mark, const VOString &name, std::uint32_t group, VOTeamKind team);
     std::uint32_t originOf(const VOColorSchemeId &was, int number) const;
 
     std::vector<Origin> origins; // at the numbers of the marks; 0 is none
+    // The marks of the schemes' groups, 0 for a group: apart, because searching goes through them.
+    std::vector<std::uint32_t> groupOf;
     const Teams *edited = nullptr;
 };
 
