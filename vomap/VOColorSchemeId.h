@@ -16,9 +16,9 @@ namespace VTObjects {
 /// Names may occur twice. An id stands for the first scheme that bears them.
 struct VOMAP_EXPORT VOColorSchemeId
 {
-    VOString team; ///< the team's key: "Default", "Custom" or "Favorite", exactly so
-    VOString group;
-    VOString scheme;
+    VOString team{}; ///< the team's key: "Default", "Custom" or "Favorite", exactly so
+    VOString group{};
+    VOString scheme{};
 
     /// True for what names no scheme, because it names none of the three teams.
     bool isNull() const;
