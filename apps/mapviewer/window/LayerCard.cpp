@@ -9,6 +9,7 @@
 #include "apps/mapviewer/window/WheelGuard.h"
 
 #include "colorscheme/picker/VTColorSchemeComboBox.h"
+#include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOTeamKind.h"
 
 #include <QAbstractItemView>
@@ -31,6 +32,7 @@ using VTObjects::CustomTeam;
 using VTObjects::DefaultTeam;
 using VTObjects::teamKey;
 using VTObjects::VOColorSchemeId;
+using VTObjects::VOColorSchemeManager;
 
 namespace {
 
@@ -128,7 +130,7 @@ void LayerCard::setOnMap(bool on)
 LayerState LayerCard::state() const
 {
     LayerState state = LayerState::of(*m_layer);
-    state.scheme = currentScheme().toText();
+    state.scheme = (chosen.isNull() ? currentScheme() : chosen).toText();
     return state;
 }
 
@@ -257,11 +259,11 @@ QString LayerCard::settingsKey() const
 
 void LayerCard::reloadScheme()
 {
-    const auto remembered =
-        VOColorSchemeId::fromText(appSettings().value(settingsKey()).toString());
+    chosen = VOColorSchemeId::fromText(appSettings().value(settingsKey()).toString());
+    const bool found = VOColorSchemeManager::instance()->find(chosen) != nullptr;
+    standIn = found ? VOColorSchemeId() : builtInScheme(schemeGroup(), preferred);
     // A store without built-in schemes leaves the picker's own default ramp.
-    if (!m_picker->setCurrentScheme(remembered))
-        m_picker->setCurrentScheme(builtInScheme(schemeGroup(), preferred));
+    m_picker->setCurrentScheme(found ? chosen : standIn);
     m_layer->setRamp(m_picker->currentColorRamp());
     showChange();
 }
@@ -283,10 +285,16 @@ VOColorSchemeId LayerCard::currentScheme() const
 
 bool LayerCard::choose(const VOColorSchemeId &id)
 {
-    if (!m_picker->setCurrentScheme(id))
-        return false;
-    take();
-    return true;
+    if (m_picker->setCurrentScheme(id)) {
+        standIn = {};
+        take();
+        return true;
+    }
+    if (!id.isNull()) {
+        chosen = id;
+        standIn = currentScheme();
+    }
+    return false;
 }
 
 void LayerCard::chooseOwn(int group, int scheme)
@@ -299,8 +307,11 @@ void LayerCard::take()
 {
     m_layer->setRamp(m_picker->currentColorRamp());
     const VOColorSchemeId id = currentScheme();
-    if (!id.isNull())
+    if (!id.isNull() && id != standIn) {
+        chosen = id;
+        standIn = {};
         appSettings().setValue(settingsKey(), id.toText());
+    }
     showChange();
 }
 

@@ -71,6 +71,10 @@ private:
     QString schemeGroup() const;
     QString settingsKey() const;
 
+    /// What was chosen for the layer. The store may do without it at present: then the picker
+    /// shows a stand-in, which nobody chose and which is not remembered.
+    VTObjects::VOColorSchemeId chosen;
+    VTObjects::VOColorSchemeId standIn;
     MapLayer *m_layer;
     PolygonLayer *polygons; // the layer if it is one, else null
     QStringList preferred;

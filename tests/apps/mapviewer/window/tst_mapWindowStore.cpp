@@ -12,6 +12,7 @@
 #include "vomap/VOColorSchemeManager.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
@@ -53,6 +54,7 @@ private Q_SLOTS:
     void aHealthyStoreSaysNothing();
     void aMissingStoreFolderIsSaidAndNotReplaced();
     void theMissingFolderComesBack();
+    void whatALayerShowedComesBackWithTheFolder();
     void discardedChangesAreBroughtBack();
     void discardedChangesGoWithTheirStore();
     void whatAnotherProgramSavedComesWithTheWindow();
@@ -332,6 +334,32 @@ void tst_mapWindowStore::theMissingFolderComesBack()
                       Qt::LeftButton);
     QVERIFY(!notice("storeProblems"));
     QVERIFY(VOColorSchemeManager::instance()->customTeam.contains("Mine"));
+}
+
+// What stands in for it meanwhile is no choice of the user's.
+void tst_mapWindowStore::whatALayerShowedComesBackWithTheFolder()
+{
+    const QString folder = store->path("on a stick");
+    QVERIFY(QDir().mkpath(folder));
+    QVERIFY(window->openStore(folder));
+    customGroups() = {makeGroup("Mine", {"one"})};
+    QVERIFY(VOColorSchemeManager::instance()->save());
+    const VOColorSchemeId mine{"Custom", "Mine", "one"};
+    QVERIFY(card("Terrain")->choose(mine));
+    QVERIFY(QDir().rename(folder, folder + " away"));
+    for (int start = 0; start < 2; ++start) {
+        StoreGuard::useChosenFolder();
+        VOColorSchemeManager::instance()->load();
+        open();
+        QVERIFY(card("Terrain")->currentScheme() != mine);
+        card("Terrain")->findChild<QCheckBox *>("hillShading")->click(); // is remembered
+    }
+    QVERIFY(QDir().rename(folder + " away", folder));
+    QTest::mouseClick(notice("storeProblems")->findChild<QPushButton *>("tryAgain"),
+                      Qt::LeftButton);
+    QCOMPARE(card("Terrain")->currentScheme(), mine);
+    open();
+    QCOMPARE(card("Terrain")->currentScheme(), mine);
 }
 
 void tst_mapWindowStore::whatAnotherProgramSavedComesWithTheWindow()
