@@ -5,13 +5,18 @@
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
-#include "vomap/VOTeamKind.h"
+
+#include <QCoreApplication>
 
 namespace mapviewer {
 
 using namespace VTObjects;
 
 namespace {
+
+// At the positions of builtInGroups; translated with the library.
+constexpr std::array<const char *, builtInGroups.size()> captions = {
+    "For DEM", "For unique", "For unique range", "For graph", "Even scheme", "Random scheme"};
 
 bool sameRamp(VOColorRamp *one, VOColorRamp *other)
 {
@@ -36,6 +41,21 @@ VOColorSchemeId builtInScheme(const QString &group, const QStringList &names)
         return {};
     const VOColorSchemeGroup &records = store->defaultTeam.groups[std::size_t(index)];
     return {team, records.name, records.schemes.front().name};
+}
+
+QString groupCaption(VOTeamKind team, const VOString &group)
+{
+    const QString name = toQString(group);
+    if (team != DefaultTeam)
+        return name;
+    const QString ofTheHost = VOColorSchemeManager::instance()->groupCaption(group);
+    if (!ofTheHost.isEmpty())
+        return ofTheHost;
+    for (std::size_t i = 0; i < captions.size(); ++i) {
+        if (name == QLatin1String(builtInGroups[i]))
+            return QCoreApplication::translate("QObject", captions[i]);
+    }
+    return name;
 }
 
 SchemePlace placeOf(const VOColorSchemeId &id, const VOColorScheme &picked)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vomap/VOColorSchemeId.h"
+#include "vomap/VOTeamKind.h"
 
 #include <QString>
 #include <QStringList>
@@ -14,6 +15,9 @@ namespace mapviewer {
 /// The first of the named schemes that the built-in group has, else its first scheme. Null when
 /// there is no such group, or it is empty.
 VTObjects::VOColorSchemeId builtInScheme(const QString &group, const QStringList &names);
+
+/// What the picker and the manager call a group: the built-in ones have captions.
+QString groupCaption(VTObjects::VOTeamKind team, const VTObjects::VOString &group);
 
 /// Where a scheme stands in its team, by positions that hold until somebody changes the team.
 struct SchemePlace

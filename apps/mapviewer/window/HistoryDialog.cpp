@@ -1,5 +1,7 @@
 #include "apps/mapviewer/window/HistoryDialog.h"
 
+#include "apps/mapviewer/schemes/storeSchemes.h"
+
 #include "colorscheme/model/colorRampPreviewPixmap.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
@@ -9,6 +11,7 @@
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QIcon>
 #include <QLabel>
 #include <QListWidget>
 #include <QLocale>
@@ -31,6 +34,8 @@ const QSize stripSize(120, 18);
 enum Column { NameColumn, ThenColumn, NowColumn, DifferenceColumn };
 /// Of a row: the state has something to bring back for it.
 constexpr int restorableRole = Qt::UserRole;
+/// Of a group's row, whose text may be a caption.
+constexpr int groupNameRole = Qt::UserRole + 1;
 
 // The scheme that an id of teamDifference() stands for; of equal names the first.
 const VOColorScheme *schemeIn(const VOColorSchemeTeam &team, const VOColorSchemeId &id)
@@ -48,11 +53,14 @@ const VOColorScheme *schemeIn(const VOColorSchemeTeam &team, const VOColorScheme
 
 void showStrip(QTreeWidgetItem *row, int column, const VOColorScheme *scheme)
 {
-    if (scheme && scheme->colorRamp)
-        row->setData(column, Qt::DecorationRole,
-                     colorRampPreviewPixmap(scheme->colorRamp, stripSize));
-    else
+    if (!scheme || !scheme->colorRamp) {
         row->setText(column, QStringLiteral("–"));
+        return;
+    }
+    const QPixmap strip = colorRampPreviewPixmap(scheme->colorRamp, stripSize);
+    QIcon icon(strip);
+    icon.addPixmap(strip, QIcon::Selected); // or a selected row would tint the colors
+    row->setIcon(column, icon);
 }
 
 } // namespace
@@ -79,6 +87,7 @@ HistoryDialog::HistoryDialog(QWidget *parent)
     tree->setObjectName(QStringLiteral("differences"));
     tree->setAccessibleName(tr("What differs from the present schemes"));
     tree->setHeaderLabels({tr("Scheme"), tr("Then"), tr("Now"), tr("Since then")});
+    tree->setIconSize(stripSize);
     tree->setSelectionMode(QAbstractItemView::ExtendedSelection);
     tree->header()->setSectionResizeMode(NameColumn, QHeaderView::Stretch);
     for (const Column column : {ThenColumn, NowColumn, DifferenceColumn})
@@ -185,10 +194,12 @@ void HistoryDialog::showDifferences()
 QTreeWidgetItem *HistoryDialog::groupRow(const QString &group)
 {
     for (int i = 0; i < tree->topLevelItemCount(); ++i) {
-        if (tree->topLevelItem(i)->text(NameColumn) == group)
+        if (tree->topLevelItem(i)->data(NameColumn, groupNameRole).toString() == group)
             return tree->topLevelItem(i);
     }
-    auto *row = new QTreeWidgetItem(tree, {group});
+    const VOTeamKind team = VOTeamKind(teamBox->currentData().toInt());
+    auto *row = new QTreeWidgetItem(tree, {groupCaption(team, toVOString(group))});
+    row->setData(NameColumn, groupNameRole, group);
     row->setData(NameColumn, restorableRole, false);
     return row;
 }
@@ -224,9 +235,10 @@ void HistoryDialog::restoreSelected()
         const QTreeWidgetItem *const group = row->parent();
         if (!row->data(NameColumn, restorableRole).toBool() || (group && group->isSelected()))
             continue;
-        const VOString name = toVOString(row->text(NameColumn));
-        done = (group ? history.restoreScheme(state, toVOString(group->text(NameColumn)), name)
-                      : history.restoreGroup(state, name)) &&
+        const VOString groupName =
+            toVOString((group ? group : row)->data(NameColumn, groupNameRole).toString());
+        done = (group ? history.restoreScheme(state, groupName, toVOString(row->text(NameColumn)))
+                      : history.restoreGroup(state, groupName)) &&
                done;
     }
     finishRestoring(done);

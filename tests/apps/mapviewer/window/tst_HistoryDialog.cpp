@@ -4,6 +4,7 @@
 
 #include "apps/mapviewer/window/HistoryDialog.h"
 
+#include "colorscheme/manager/VTColorSchemeManager.h"
 #include "vomap/VOColorRamp.h"
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOStringConversion.h"
@@ -41,6 +42,8 @@ private Q_SLOTS:
     void theChosenStateStaysChosen();
     void anotherTeamHasItsOwnStates();
     void aDamagedStateSaysSo();
+    void builtInGroupsAreCalledAsInTheManager();
+    void aSelectedRowKeepsTheColorsOfItsStrips();
 
 private:
     // The custom team with one group of these schemes, saved.
@@ -270,6 +273,60 @@ void tst_HistoryDialog::aDamagedStateSaysSo()
     QCOMPARE(hint(), QString("This state cannot be read any more."));
     QVERIFY(!button("restoreSelected")->isEnabled());
     QVERIFY(!button("restoreTeam")->isEnabled());
+}
+
+// By their captions, and yet what is chosen comes back.
+void tst_HistoryDialog::builtInGroupsAreCalledAsInTheManager()
+{
+    VOColorSchemeManager *manager = VOColorSchemeManager::instance();
+    manager->resetDefaultTeam();
+    QVERIFY(manager->save());
+    std::vector<VOColorSchemeGroup> &groups = manager->defaultTeam.groups;
+    QStringList before;
+    for (VOColorSchemeGroup &group : groups) {
+        before << schemeNames(group);
+        group.schemes.erase(group.schemes.begin());
+    }
+    QVERIFY(manager->save());
+    open();
+    auto *team = dialog->findChild<QComboBox *>("team");
+    team->setCurrentIndex(team->findData(int(DefaultTeam)));
+    VTColorSchemeManager shown;
+    const QAbstractItemModel *const called = shown.findChild<QTreeView *>("teamView")->model();
+    const QModelIndex builtIn = called->index(0, 0);
+    QCOMPARE(tree()->topLevelItemCount(), called->rowCount(builtIn));
+    for (int i = 0; i < called->rowCount(builtIn); ++i)
+        QCOMPARE(tree()->topLevelItem(i)->text(0), called->index(i, 0, builtIn).data().toString());
+
+    clickRow(-1);
+    QTest::mouseClick(button("restoreSelected"), Qt::LeftButton);
+    QCOMPARE(tree()->topLevelItemCount(), called->rowCount(builtIn) - 1);
+    clickRow(0);
+    QTest::mouseClick(button("restoreSelected"), Qt::LeftButton);
+    QCOMPARE(tree()->topLevelItemCount(), called->rowCount(builtIn) - 2);
+    QStringList after;
+    for (const VOColorSchemeGroup &group : {groups[0], groups[1]})
+        after << schemeNames(group);
+    after.sort();
+    QStringList expected = before.mid(0, after.size());
+    expected.sort();
+    QCOMPARE(after, expected);
+}
+
+void tst_HistoryDialog::aSelectedRowKeepsTheColorsOfItsStrips()
+{
+    save({"a", "b"});
+    save({});
+    open();
+    const QModelIndex strip = tree()->model()->index(0, 1, tree()->model()->index(0, 0));
+    const auto middle = [&] {
+        const QImage seen = tree()->viewport()->grab().toImage();
+        return seen.pixelColor(tree()->visualRect(strip).center()).name();
+    };
+    const QString before = middle();
+    clickRow(0);
+    QVERIFY(tree()->selectionModel()->isSelected(strip));
+    QCOMPARE(middle(), before);
 }
 
 VT_TEST_MAIN(tst_HistoryDialog)
