@@ -1,6 +1,7 @@
 #include "vomap/VOColorSchemeMoves.h"
 
 #include "vomap/VOStringConversion.h"
+#include "vomap/VOTeamKind.h"
 #include "vomap/store/teamMerge_p.h"
 
 #include <algorithm>

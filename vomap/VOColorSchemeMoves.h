@@ -2,7 +2,6 @@
 
 #include "vomap/VOColorSchemeId.h"
 #include "vomap/VOColorSchemeTeam.h"
-#include "vomap/VOTeamKind.h"
 #include "vomap/vomap_export.h"
 
 #include <array>
@@ -10,6 +9,8 @@
 #include <vector>
 
 namespace VTObjects {
+
+enum VOTeamKind : int; // its values, which a host may have names for itself, are not brought along
 
 /// What becomes of groups and schemes while copies of the store's teams are edited. It marks the
 /// copies once and finds the marks again, so nobody has to note what a command does.

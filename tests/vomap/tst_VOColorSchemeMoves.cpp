@@ -4,6 +4,7 @@
 #include "vomap/VOColorSchemeMoves.h"
 #include "vomap/VOColorSchemeNotifier.h"
 #include "vomap/VOStringConversion.h"
+#include "vomap/VOTeamKind.h"
 
 #include <QObject>
 #include <QtTest>
