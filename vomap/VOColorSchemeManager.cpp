@@ -173,6 +173,8 @@ bool VOColorSchemeManager::write(const std::vector<VOTeamKind> &kinds)
         const HostGroups::Aside aside(*hosts, defaultTeam);
         return store->save(folder, savings);
     });
+    if (done && kinds.size() == allTeams.size() && unreadFolder == folder.path)
+        unreadFolder.clear(); // what lies there now was written here
     announce();
     if (!done)
         Q_EMIT VOColorSchemeNotifier::instance()->saveFailed(shownPath(folder.path),

@@ -52,11 +52,10 @@ public:
     static void requireStoreDirectory(const VOString &directory);
 
     /// Reads the store again from its directory and answers whether all of it could be read. False
-    /// as well, once, if the first instance() could not read all of the same directory: whoever
-    /// loads only to hear of it learns of it.
-    /// Where nothing was ever saved, the built-in schemes are there, and the answer is true.
-    /// Of a damaged team the last good copy is read, and the damaged file is kept in the folder
-    /// "damaged".
+    /// as well, once, if the first instance() could not read all of the same directory and no
+    /// save() has succeeded there since: whoever loads only to hear of it learns of it. Where
+    /// nothing was ever saved, the built-in schemes are there, and the answer is true. Of a damaged
+    /// team the last good copy is read, and the damaged file is kept in the folder "damaged".
     bool load();
     /// Takes over what other processes saved since the last load() or save() here, and keeps what
     /// was changed here and is not saved yet: both are merged as by save(). True if that changed a

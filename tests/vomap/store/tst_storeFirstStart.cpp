@@ -33,6 +33,7 @@ private Q_SLOTS:
     void everyFlippedBitAndEveryCutIsTold();
     void twoDamagedTeamsAreTwoProblems();
     void aLoadOfAnotherDirectoryHasNothingToTellOfTheFirst();
+    void aLoadBehindASaveOfTheWholeStoreTellsOfThatOne();
     void aRequiredDirectoryThatIsMissingIsTold();
 
 private:
@@ -237,6 +238,29 @@ void tst_storeFirstStart::aLoadOfAnotherDirectoryHasNothingToTellOfTheFirst()
         return 0;
     });
     QCOMPARE(got, 0);
+}
+
+void tst_storeFirstStart::aLoadBehindASaveOfTheWholeStoreTellsOfThatOne()
+{
+    setContent("custom.team", "garbage");
+    const int got = start([&](VOColorSchemeManager &manager) {
+        manager.customTeam.groups.push_back(makeGroup("mine", {"a"}));
+        STEP(manager.save());
+        STEP(manager.load());
+        STEP(manager.customTeam.contains("mine"));
+        STEP(manager.problems().size() == 1);
+        return 0;
+    });
+    QCOMPARE(got, 0);
+    // The custom team is not the whole store.
+    setContent("favorite.team", "garbage");
+    const int gotOfOneTeam = start([&](VOColorSchemeManager &manager) {
+        STEP(manager.saveCustomTeam());
+        STEP(!manager.load());
+        STEP(manager.load());
+        return 0;
+    });
+    QCOMPARE(gotOfOneTeam, 0);
 }
 
 void tst_storeFirstStart::aRequiredDirectoryThatIsMissingIsTold()
