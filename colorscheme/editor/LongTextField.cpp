@@ -4,6 +4,7 @@
 
 #include <QHelpEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QStyleOptionFrame>
 
 namespace vtcontrolcolorscheme {
@@ -46,16 +47,24 @@ void LongTextField::showBeginning()
     untouched = true;
 }
 
+void LongTextField::startAtEnd()
+{
+    if (untouched && !field->hasSelectedText())
+        field->end(false);
+    untouched = false;
+}
+
 bool LongTextField::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
     case QEvent::KeyPress:
     case QEvent::InputMethod:
-        if (untouched && !field->hasSelectedText())
-            field->end(false);
-        untouched = false;
+        startAtEnd();
         break;
     case QEvent::MouseButtonPress:
+        // The one for the menu puts the cursor nowhere, and the menu can paste.
+        if (static_cast<QMouseEvent *>(event)->button() == Qt::RightButton)
+            startAtEnd();
         untouched = false;
         break;
     case QEvent::FocusOut: {

@@ -24,6 +24,7 @@ protected:
 
 private:
     void showBeginning();
+    void startAtEnd();
     bool showTip(const QEvent *event) const;
 
     QLineEdit *field;

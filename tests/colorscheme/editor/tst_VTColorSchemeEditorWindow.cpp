@@ -7,6 +7,7 @@
 #include "vomap/VOStringConversion.h"
 #include "vtcontrolbase/VTColorMenu.h"
 
+#include <QClipboard>
 #include <QFileDialog>
 #include <QGroupBox>
 #include <QToolBar>
@@ -39,6 +40,7 @@ private Q_SLOTS:
     void aFileIsLoaded();
     void aLongTextShowsItsBeginningAndIsAToolTip();
     void typingGoesBehindALongText();
+    void pastingByTheContextMenuGoesBehindALongText();
 
 private:
     std::unique_ptr<TestStore> store;
@@ -379,6 +381,31 @@ void tst_VTColorSchemeEditorWindow::typingGoesBehindALongText()
     describe->setCursorPosition(4);
     QTest::keyClicks(describe, QStringLiteral("!"));
     QCOMPARE(describe->text(), QStringLiteral("some! text more"));
+}
+
+void tst_VTColorSchemeEditorWindow::pastingByTheContextMenuGoesBehindALongText()
+{
+    VOColorSchemeGroup group = makeGroup("g", {"a"});
+    group.schemes[0].describe = VOString(L"some text");
+    VTColorSchemeEditor editor(0, &group, false, nullptr);
+    editor.move(80, 80);
+    editor.show();
+    QVERIFY(QTest::qWaitForWindowActive(&editor));
+    QGuiApplication::clipboard()->setText(QStringLiteral(" more"));
+    auto *describe = editor.findChild<QLineEdit *>("lineEdit_describe");
+    const auto paste = [describe] {
+        QTest::mouseClick(describe, Qt::RightButton);
+        describe->paste(); // the slot of the menu's entry
+    };
+    paste();
+    QCOMPARE(describe->text(), QStringLiteral("some text more"));
+    // Where one has put the cursor oneself, and over what one has selected.
+    describe->setCursorPosition(4);
+    paste();
+    QCOMPARE(describe->text(), QStringLiteral("some more text more"));
+    describe->setSelection(0, 4);
+    paste();
+    QCOMPARE(describe->text(), QStringLiteral(" more more text more"));
 }
 
 VT_TEST_MAIN(tst_VTColorSchemeEditorWindow)
