@@ -37,20 +37,24 @@ LongTextField::LongTextField(QLineEdit *field)
 void LongTextField::setText(const QString &text)
 {
     field->setText(text);
+    untouched = false; // the cursor is where it belongs
     if (!field->hasFocus())
         showBeginning();
 }
 
 void LongTextField::showBeginning()
 {
+    if (!untouched || field->cursorPosition() != 0)
+        place = field->cursorPosition();
     field->setCursorPosition(0);
     untouched = true;
 }
 
-void LongTextField::startAtEnd()
+void LongTextField::goBackToPlace()
 {
-    if (untouched && !field->hasSelectedText())
-        field->end(false);
+    // Where somebody's code has put the cursor since, it stays.
+    if (untouched && field->cursorPosition() == 0 && !field->hasSelectedText())
+        field->setCursorPosition(place);
     untouched = false;
 }
 
@@ -59,12 +63,12 @@ bool LongTextField::eventFilter(QObject *watched, QEvent *event)
     switch (event->type()) {
     case QEvent::KeyPress:
     case QEvent::InputMethod:
-        startAtEnd();
+        goBackToPlace();
         break;
     case QEvent::MouseButtonPress:
         // The one for the menu puts the cursor nowhere, and the menu can paste.
         if (static_cast<QMouseEvent *>(event)->button() == Qt::RightButton)
-            startAtEnd();
+            goBackToPlace();
         untouched = false;
         break;
     case QEvent::FocusOut: {

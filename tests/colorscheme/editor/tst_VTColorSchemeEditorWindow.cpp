@@ -41,6 +41,7 @@ private Q_SLOTS:
     void aLongTextShowsItsBeginningAndIsAToolTip();
     void typingGoesBehindALongText();
     void pastingByTheContextMenuGoesBehindALongText();
+    void typingGoesOnWhereTheCursorWas();
 
 private:
     std::unique_ptr<TestStore> store;
@@ -406,6 +407,33 @@ void tst_VTColorSchemeEditorWindow::pastingByTheContextMenuGoesBehindALongText()
     describe->setSelection(0, 4);
     paste();
     QCOMPARE(describe->text(), QStringLiteral(" more more text more"));
+}
+
+void tst_VTColorSchemeEditorWindow::typingGoesOnWhereTheCursorWas()
+{
+    VOColorSchemeGroup group = makeGroup("g", {"a"});
+    group.schemes[0].describe = VOString(L"some text");
+    VTColorSchemeEditor editor(0, &group, false, nullptr);
+    editor.move(80, 80);
+    editor.show();
+    QVERIFY(QTest::qWaitForWindowActive(&editor));
+    auto *describe = editor.findChild<QLineEdit *>("lineEdit_describe");
+    auto *author = editor.findChild<QLineEdit *>("lineEdit_author");
+    // Code puts the cursor somewhere.
+    describe->setCursorPosition(4);
+    QTest::keyClicks(describe, QStringLiteral("!"));
+    QCOMPARE(describe->text(), QStringLiteral("some! text"));
+    // The user leaves it, and code leads him back.
+    describe->setFocus();
+    author->setFocus();
+    QCOMPARE(describe->cursorPosition(), 0);
+    describe->setFocus();
+    QTest::keyClicks(describe, QStringLiteral("?"));
+    QCOMPARE(describe->text(), QStringLiteral("some!? text"));
+    author->setFocus();
+    describe->setText(QStringLiteral("a new text"));
+    QTest::keyClicks(describe, QStringLiteral("."));
+    QCOMPARE(describe->text(), QStringLiteral("a new text."));
 }
 
 VT_TEST_MAIN(tst_VTColorSchemeEditorWindow)
