@@ -163,9 +163,11 @@ void VTColorSchemeComboBox::updatePreview()
 
 bool VTColorSchemeComboBox::event(QEvent *event)
 {
-    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty())
+    const bool isAsked = event->type() == QEvent::ToolTip && toolTip().isEmpty();
+    const QString text = isAsked ? toolTipText() : QString();
+    if (text.isEmpty())
         return VTColorSchemeButton::event(event);
-    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), toolTipText(), this);
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text, this);
     return true;
 }
 

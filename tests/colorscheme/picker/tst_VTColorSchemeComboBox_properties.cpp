@@ -32,6 +32,7 @@ private Q_SLOTS:
     void theToolTipNamesSchemeAndGroup();
     void namesInTheToolTipAreNoRichText();
     void aToolTipOfTheHostStays();
+    void anEmptyPickerLeavesTheToolTipToWhatItLiesIn();
     void itFillsItsColumnOfAForm();
     void aDisabledPickerShowsAGrayStrip();
 };
@@ -196,6 +197,17 @@ void tst_VTColorSchemeComboBox_properties::aToolTipOfTheHostStays()
     box.setDefaultGroup("Custom", "one", 1);
     box.setToolTip("of the host");
     QCOMPARE(toolTipOf(box), QString("of the host"));
+}
+
+void tst_VTColorSchemeComboBox_properties::anEmptyPickerLeavesTheToolTipToWhatItLiesIn()
+{
+    QWidget panel;
+    panel.setToolTip("of the panel");
+    VTColorSchemeComboBox box(&panel);
+    panel.show();
+    QCOMPARE(toolTipOf(box), QString("of the panel"));
+    box.setDefaultGroup("Custom", "one", 1);
+    QCOMPARE(toolTipOf(box), QString("<qt>b<br>one</qt>"));
 }
 
 void tst_VTColorSchemeComboBox_properties::itFillsItsColumnOfAForm()
