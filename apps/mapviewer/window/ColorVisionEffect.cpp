@@ -1,12 +1,14 @@
 #include "apps/mapviewer/window/ColorVisionEffect.h"
 
+#include <QImage>
 #include <QPainter>
-#include <QPixmap>
+#include <QWidget>
 
 namespace mapviewer {
 
-ColorVisionEffect::ColorVisionEffect(QObject *parent)
-    : QGraphicsEffect(parent)
+ColorVisionEffect::ColorVisionEffect(QWidget *seenWidget)
+    : QGraphicsEffect(seenWidget)
+    , widget(seenWidget)
 {
     setEnabled(false);
 }
@@ -21,14 +23,17 @@ void ColorVisionEffect::setVision(ColorVision seenWith)
 
 void ColorVisionEffect::draw(QPainter *painter)
 {
-    QPoint offset;
-    const QPixmap source = sourcePixmap(Qt::DeviceCoordinates, &offset, NoPad);
-    if (source.isNull())
+    // The effect's own source does without the background of a window: letters would be drawn over
+    // themselves again and again, and a new window would be black.
+    const double ratio = painter->device()->devicePixelRatioF();
+    QImage seen(widget->size() * ratio, QImage::Format_ARGB32_Premultiplied);
+    if (seen.isNull())
         return;
-    painter->save();
-    painter->setWorldTransform(QTransform());
-    painter->drawImage(offset, simulated(source.toImage(), vision));
-    painter->restore();
+    seen.setDevicePixelRatio(ratio);
+    seen.fill(Qt::transparent);
+    widget->render(&seen, QPoint(), QRegion(),
+                   QWidget::DrawWindowBackground | QWidget::DrawChildren);
+    painter->drawImage(QPoint(), simulated(seen, vision));
 }
 
 } // namespace mapviewer

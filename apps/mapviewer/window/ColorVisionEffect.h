@@ -11,13 +11,15 @@ class ColorVisionEffect : public QGraphicsEffect
 {
     Q_OBJECT
 public:
-    explicit ColorVisionEffect(QObject *parent);
+    /// Belongs to the widget; QWidget::setGraphicsEffect() puts it to use.
+    explicit ColorVisionEffect(QWidget *seenWidget);
     void setVision(ColorVision vision);
 
 protected:
     void draw(QPainter *painter) override;
 
 private:
+    QWidget *widget;
     ColorVision vision = ColorVision::Normal;
 };
 

@@ -3,12 +3,13 @@
 #include "apps/mapviewer/window/AppSettings.h"
 #include "apps/mapviewer/window/MapWindow.h"
 #include "apps/mapviewer/window/OwnMaps.h"
+#include "apps/mapviewer/window/showMessage.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QStyle>
 #include <QToolBar>
 
@@ -77,8 +78,8 @@ void MapWindow::openFileOrTell(const QString &path)
     FileProblem problem;
     if (openFile(path, &problem))
         return;
-    QMessageBox::warning(this, tr("The file cannot be opened"),
-                         problem.message(QFileInfo(path).fileName()), QMessageBox::Close);
+    showMessage(this, QMessageBox::Warning, tr("The file cannot be opened"),
+                problem.message(QFileInfo(path).fileName()));
 }
 
 void MapWindow::onOpen(const QString &caption, const QString &filter)
@@ -121,11 +122,12 @@ void MapWindow::onExport()
         QString problem;
         if (exportMap(path, &problem)) {
             rememberFolderOf(path);
-            QMessageBox::information(this, tr("Export map"), tr("The map is in %1.").arg(path),
-                                     QMessageBox::Ok);
+            showMessage(this, QMessageBox::Information, tr("Export map"),
+                        tr("The map is in %1.").arg(QDir::toNativeSeparators(path)),
+                        QMessageBox::Ok);
             return;
         }
-        QMessageBox::warning(this, tr("Export map"), problem, QMessageBox::Close);
+        showMessage(this, QMessageBox::Warning, tr("Export map"), problem);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "apps/mapviewer/window/AppSettings.h"
 #include "apps/mapviewer/window/NoticeBar.h"
+#include "apps/mapviewer/window/showMessage.h"
 
 #include "vomap/VOColorSchemeManager.h"
 #include "vomap/VOColorSchemeNotifier.h"
@@ -257,10 +258,9 @@ bool StoreGuard::saveElsewhere()
     useFolder(folder);
     // Schemes that are there already are kept: both are merged.
     if (!VOColorSchemeManager::instance()->save()) {
-        QMessageBox::warning(window, tr("Schemes not saved"),
-                             tr("%1 cannot take the schemes: %2")
-                                 .arg(QDir::toNativeSeparators(folder), failedReason),
-                             QMessageBox::Close);
+        showMessage(window, QMessageBox::Warning, tr("Schemes not saved"),
+                    tr("%1 cannot take the schemes: %2")
+                        .arg(QDir::toNativeSeparators(folder), failedReason));
         failedFolder = before;
         if (chosenFolder().isEmpty())
             VOColorSchemeManager::setStoreDirectory(toVOString(before));

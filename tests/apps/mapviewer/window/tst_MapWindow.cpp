@@ -53,6 +53,7 @@ private Q_SLOTS:
     void darkThemeReachesTheMapAndComesBack();
     void simulatedVisionReachesEverything();
     void simulatedVisionReachesDropDownAndDialogs();
+    void simulatedVisionKeepsTheBackgroundOfWindows();
     void theMapIsExportedAsItsNameEnds();
     void anExportThatCannotBeSaysWhy_data();
     void anExportThatCannotBeSaysWhy();
@@ -154,6 +155,9 @@ void tst_MapWindow::aBadFileIsRefusedWithItsLine_data()
     QTest::newRow("polygons") << "bad.json"
                               << QByteArray("{\"type\":\"Polygon\",\n\n\"coordinates\":[]}")
                               << "bad.json, line 3: A polygon is a list of one or more rings.";
+    QTest::newRow("a name like mark-up") << "<b>bad.txt" << QByteArray("Dear reader,\n")
+                                         << "<b>bad.txt, line 1: \"Dear\" is no key of an "
+                                            "ASCII grid's header.";
     QTest::newRow("neither") << "bad.txt" << QByteArray("Dear reader,\n")
                              << "bad.txt, line 1: \"Dear\" is no key of an ASCII grid's header.";
 }
@@ -165,14 +169,18 @@ void tst_MapWindow::aBadFileIsRefusedWithItsLine()
     QFETCH(QString, message);
     const QString path = writeFile(name, text);
     QString shown;
+    Qt::TextFormat format = Qt::AutoText;
     ModalDriver driver;
-    driver.next([&shown](QWidget *box) {
-        shown = static_cast<QMessageBox *>(box)->text();
+    driver.next([&](QWidget *box) {
+        auto *message = static_cast<QMessageBox *>(box);
+        shown = message->text();
+        format = message->textFormat();
         QTest::keyClick(box, Qt::Key_Escape);
     });
     window->openFileOrTell(path);
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     QCOMPARE(shown, message);
+    QCOMPARE(format, Qt::PlainText);
     QCOMPARE(window->cards().size(), 3);
 }
 
@@ -327,6 +335,23 @@ void tst_MapWindow::simulatedVisionReachesDropDownAndDialogs()
     QCOMPARE(seen.size(), 4);
     for (int i = 0; i < seen.size(); ++i)
         QVERIFY2(isGray(seen.at(i)) == (i < 3), qPrintable(QString::number(i)));
+}
+
+void tst_MapWindow::simulatedVisionKeepsTheBackgroundOfWindows()
+{
+    const QColor background(200, 120, 40);
+    QPalette palette;
+    palette.setColor(QPalette::Window, background);
+    QDialog dialog(window.get());
+    dialog.setPalette(palette);
+    dialog.resize(80, 60);
+    dialog.show();
+    QCOMPARE(QColor(dialog.grab().toImage().pixel(2, 2)), background);
+    for (const ColorVision vision : {ColorVision::Gray, ColorVision::Deutan}) {
+        window->setVision(vision);
+        QCOMPARE(QColor(dialog.grab().toImage().pixel(2, 2)),
+                 QColor(simulated(background.rgb(), vision)));
+    }
 }
 
 void tst_MapWindow::theMapIsExportedAsItsNameEnds()
