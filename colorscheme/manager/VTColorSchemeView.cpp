@@ -246,7 +246,8 @@ void VTColorSchemeView::keyPressEvent(QKeyEvent *event)
     if (isForRow && event->key() == Qt::Key_F2) {
         const QModelIndex name = currentIndex().siblingAtColumn(NameColumn);
         selectionModel()->setCurrentIndex(name, QItemSelectionModel::NoUpdate);
-        edit(name);
+        if (!readOnly) // of which the base would complain
+            edit(name);
         return;
     }
     QTableView::keyPressEvent(event);
@@ -420,7 +421,12 @@ void VTColorSchemeView::commitData(QWidget *editor)
 
 void VTColorSchemeView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
 {
-    if (auto *nameEditor = qobject_cast<VTLineEditWidget *>(editor))
-        endNaming(nameEditor);
+    if (auto *nameEditor = qobject_cast<VTLineEditWidget *>(editor)) {
+        // One that the base leaves open has more to say.
+        if (isPersistentEditorOpen(tableModel->index(nameEditor->data().toInt(), NameColumn)))
+            tellUsable(nameEditor);
+        else
+            endNaming(nameEditor);
+    }
     QTableView::closeEditor(editor, hint);
 }

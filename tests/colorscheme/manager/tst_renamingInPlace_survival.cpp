@@ -27,6 +27,7 @@ private Q_SLOTS:
     void theManagerUnderTheFieldCanGo();
     void theEndOfNamingIsToldOnce_data();
     void theEndOfNamingIsToldOnce();
+    void aFieldThatStaysOpenGoesOnTelling();
     void theTableUnderTheFieldCanGo();
 };
 
@@ -117,6 +118,30 @@ void tst_renamingInPlace_survival::theEndOfNamingIsToldOnce()
     QVERIFY(!editor());
     QCOMPARE(information.count(), 1);
     QCOMPARE(information.last().first(), QVariant(true));
+}
+
+// A persistent one is not closed by what closes others.
+void tst_renamingInPlace_survival::aFieldThatStaysOpenGoesOnTelling()
+{
+    VTColorSchemeView table;
+    table.setGroup(1, 0, makeGroup("g", {"a", "b"}));
+    table.openPersistentEditor(table.schemeModel()->index(1, 2));
+    auto *field = table.findChild<VTLineEditWidget *>();
+    QVERIFY(field);
+    QSignalSpy information(&table, &VTColorSchemeView::information);
+    for (const char *name : {"first", "second", "a"}) {
+        const bool isTaken = qstrcmp(name, "a") == 0;
+        field->lineEdit()->selectAll();
+        QTest::keyClicks(field->lineEdit(), QString::fromLatin1(name));
+        QCOMPARE(information.last().first(), QVariant(!isTaken));
+        information.clear();
+        QTest::keyClick(field->lineEdit(), Qt::Key_Return);
+        QCoreApplication::processEvents();
+        QCOMPARE(information.count(), 1);
+        QCOMPARE(information.last().first(), QVariant(true));
+        QCOMPARE(schemeNames(table.schemeModel()->group()).last(),
+                 QString::fromLatin1(isTaken ? "rename_1" : name));
+    }
 }
 
 void tst_renamingInPlace_survival::theTableUnderTheFieldCanGo()
