@@ -12,6 +12,7 @@
 #include "ui_VTColorSchemeManagerBase.h"
 
 #include <QHeaderView>
+#include <QShowEvent>
 #include <QStandardItemModel>
 
 #include <utility>
@@ -116,6 +117,13 @@ void VTColorSchemeManager::initUi()
     memory->addColumn(header, AuthorColumn, QStringLiteral("authorWidth"));
 }
 
+void VTColorSchemeManager::showEvent(QShowEvent *event)
+{
+    if (!event->spontaneous())
+        m_outcome.reset();
+    QDialog::showEvent(event);
+}
+
 void VTColorSchemeManager::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::LanguageChange && keys)
@@ -186,8 +194,20 @@ void VTColorSchemeManager::setupConnections()
     connect(ui->actionInvert_select, &QAction::triggered, this, &Manager::onInvertSelect);
     connect(ui->actionExport_scheme, &QAction::triggered, this, &Manager::onExportScheme);
     connect(ui->actionImport_scheme, &QAction::triggered, this, &Manager::onImportScheme);
-    connect(this, &QDialog::rejected, this,
-            [this] { m_outcome = WorkingCopies::isModified() ? Discarded : NothingChanged; });
+    // The host's code can end the dialog too. First of all who hear of it, or they would ask in
+    // vain.
+    const auto decide = [this] {
+        if (!m_outcome)
+            m_outcome = outcome();
+    };
+    connect(this, &QDialog::accepted, this, decide);
+    connect(this, &QDialog::rejected, this, decide);
+    connect(this, &QDialog::finished, this, decide);
+}
+
+VTColorSchemeManager::Outcome VTColorSchemeManager::outcome() const
+{
+    return m_outcome.value_or(WorkingCopies::isModified() ? Discarded : NothingChanged);
 }
 
 void VTColorSchemeManager::onTeamViewClicked(const QModelIndex &index)

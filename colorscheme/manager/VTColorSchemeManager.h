@@ -11,6 +11,7 @@
 #include <QSet>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QMenu;
@@ -62,7 +63,7 @@ public:
                    ///< question
         SaveFailed ///< the store has the changes in memory, and waits for another save()
     };
-    Outcome outcome() const { return m_outcome; }
+    Outcome outcome() const;
     /// What was discarded; empty if the outcome is another one.
     VTDiscardedSchemes discarded();
 
@@ -81,6 +82,7 @@ public:
     const vtcontrolcolorscheme::WorkingCopies &workingCopies() const { return *copies; }
 
 protected:
+    void showEvent(QShowEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private Q_SLOTS:
@@ -133,7 +135,7 @@ private:
 
     std::unique_ptr<Ui::VTColorSchemeManagerBase> ui;
     std::unique_ptr<vtcontrolcolorscheme::WorkingCopies> copies;
-    Outcome m_outcome = NothingChanged;
+    std::optional<Outcome> m_outcome; // since it was last shown
     QIcon groupIcon;
     QStandardItem *defaultItem = nullptr;
     QStandardItem *customItem = nullptr;

@@ -209,7 +209,7 @@ void VTColorSchemeManager::onOk()
 
 VTDiscardedSchemes VTColorSchemeManager::discarded()
 {
-    if (m_outcome != Discarded)
+    if (outcome() != Discarded)
         return VTDiscardedSchemes();
     updateData(); // what was edited in the table is part of it
     return copies->unsaved();

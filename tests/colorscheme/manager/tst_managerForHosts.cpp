@@ -22,6 +22,8 @@ private Q_SLOTS:
 
     void theOutcomeTellsHowItEnded_data();
     void theOutcomeTellsHowItEnded();
+    void theOutcomeIsKnownToWhoeverHearsOfTheEnd();
+    void whatStandsInAnOpenFieldIsDiscardedToo();
     void aFailedSaveIsTheOutcomeAndIsToldOnce();
     void anOkIsOneChangeOfTheStore();
     void aPickerFollowsARenamedScheme();
@@ -53,7 +55,13 @@ void tst_managerForHosts::endWith(const QString &way)
     ModalDriver driver;
     if (way == "Yes" || way == "No")
         driver.next(pressText(way == "Yes" ? "Yes" : "Cancel"));
-    if (way == "Escape")
+    if (way == "accept()")
+        manager->accept();
+    else if (way == "done()")
+        manager->done(7);
+    else if (way == "hide()")
+        manager->hide();
+    else if (way == "Escape")
         QTest::keyClick(manager.get(), Qt::Key_Escape);
     else if (way == "close")
         manager->close();
@@ -68,10 +76,10 @@ void tst_managerForHosts::theOutcomeTellsHowItEnded_data()
     QTest::addColumn<bool>("edited");
     QTest::addColumn<QString>("way");
     QTest::addColumn<int>("outcome");
-    for (const char *way : {"Ok", "Cancel", "Escape", "close"})
+    for (const char *way : {"Ok", "Cancel", "Escape", "close", "accept()", "done()", "hide()"})
         QTest::addRow("nothing, %s", way)
             << false << way << int(VTColorSchemeManager::NothingChanged);
-    for (const char *way : {"No", "Cancel", "Escape", "close"})
+    for (const char *way : {"No", "Cancel", "Escape", "close", "accept()", "done()", "hide()"})
         QTest::addRow("edited, %s", way) << true << way << int(VTColorSchemeManager::Discarded);
     QTest::newRow("edited, Yes") << true << "Yes" << int(VTColorSchemeManager::Saved);
 }
@@ -88,6 +96,36 @@ void tst_managerForHosts::theOutcomeTellsHowItEnded()
     endWith(way);
     QCOMPARE(int(manager->outcome()), outcome);
     QCOMPARE(records().customTeam.groups[0].contains("edited"), way == "Yes");
+}
+
+void tst_managerForHosts::theOutcomeIsKnownToWhoeverHearsOfTheEnd()
+{
+    open();
+    user->click(1, 0);
+    rename(0, "edited");
+    QVector<int> heard;
+    const auto hear = [&] { heard.append(manager->outcome()); };
+    connect(manager.get(), &QDialog::accepted, this, hear);
+    connect(manager.get(), &QDialog::finished, this, hear);
+    endWith("accept()");
+    const int discarded = VTColorSchemeManager::Discarded;
+    QCOMPARE(heard, (QVector<int>{discarded, discarded}));
+    QVERIFY(!manager->discarded().isEmpty);
+}
+
+void tst_managerForHosts::whatStandsInAnOpenFieldIsDiscardedToo()
+{
+    open();
+    user->click(1, 0);
+    user->table->edit(user->model->index(0, 2));
+    auto *field = user->table->findChild<VTLineEditWidget *>();
+    QVERIFY(field);
+    field->lineEdit()->selectAll();
+    QTest::keyClicks(field->lineEdit(), "typed");
+    endWith("close");
+    QCOMPARE(manager->outcome(), VTColorSchemeManager::Discarded);
+    QVERIFY(manager->discarded().edited[CustomTeamNode].groups[0].contains("typed"));
+    QVERIFY(!records().find({L"Custom", L"Mine", L"typed"}));
 }
 
 void tst_managerForHosts::aFailedSaveIsTheOutcomeAndIsToldOnce()
@@ -303,8 +341,11 @@ void tst_managerForHosts::aReadOnlyTeamIsOnlyLookedAt()
     user->table->onDoubleClicked(user->model->index(0, 1));
     QTest::mouseDClick(user->table->viewport(), Qt::LeftButton, {},
                        user->table->visualRect(user->model->index(0, 2)).center());
+    for (const Qt::Key key : {Qt::Key_F2, Qt::Key_Return})
+        QTest::keyClick(user->table, key);
     QVERIFY(!user->table->findChild<VTLineEditWidget *>());
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QVERIFY(manager->isVisible());
     QCOMPARE(user->names(), names);
     QCOMPARE(user->groups(team).size(), groups);
     QVERIFY(!user->node(team, 0).data(Qt::ToolTipRole).toString().isEmpty());
