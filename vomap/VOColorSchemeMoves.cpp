@@ -189,12 +189,15 @@ void VOColorSchemeMoves::settle()
         return;
     for (Origin &origin : origins)
         origin.team = -1;
+    // A host can put in what it copied out of another editing.
+    const auto isOurs = [this](std::uint32_t mark) { return mark != 0 && mark < origins.size(); };
     for (const VOTeamKind kind : allTeams) {
         for (const VOColorSchemeGroup &group : (*edited)[kind].groups) {
-            if (group.origin != 0)
-                remember(group.origin, group.name, 0, kind);
+            if (!isOurs(group.origin))
+                continue;
+            remember(group.origin, group.name, 0, kind);
             for (const VOColorScheme &scheme : group.schemes) {
-                if (scheme.origin != 0)
+                if (isOurs(scheme.origin))
                     remember(scheme.origin, scheme.name, group.origin, kind);
             }
         }

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void aGroupIsFoundWhereItStands();
     void theStoreHasNoMarksAfterwards();
     void aSecondEditingBeginsWhereTheFirstEnded();
+    void aMarkFromElsewhereIsNone();
 
 private:
     VOColorSchemeManager &manager() { return *VOColorSchemeManager::instance(); }
@@ -171,6 +172,17 @@ void tst_VOColorSchemeMoves::aSecondEditingBeginsWhereTheFirstEnded()
     QCOMPARE(moved(idOf("b")), QString());
     group(0).schemes[1].name = L"BB";
     QCOMPARE(moved(idOf("B")), QString("Custom/one/BB"));
+}
+
+// A host put a record here that it had copied out of another, larger editing.
+void tst_VOColorSchemeMoves::aMarkFromElsewhereIsNone()
+{
+    constexpr std::uint32_t fromElsewhere = 4000000000U;
+    group(0).schemes[0].origin = fromElsewhere;
+    group(1).origin = fromElsewhere;
+    QCOMPARE(moved(idOf("b")), QString("Custom/one/b"));
+    QCOMPARE(moved(idOf("a")), QString());
+    QCOMPARE(moved(idOf("b")), QString("Custom/one/b"));
 }
 
 VT_TEST_GUILESS_MAIN(tst_VOColorSchemeMoves)

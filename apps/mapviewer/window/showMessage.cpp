@@ -2,8 +2,8 @@
 
 namespace mapviewer {
 
-void showMessage(QWidget *parent, QMessageBox::Icon icon, const QString &title,
-                 const QString &text, QMessageBox::StandardButton button)
+void showMessage(QWidget *parent, QMessageBox::Icon icon, const QString &title, const QString &text,
+                 QMessageBox::StandardButton button)
 {
     QMessageBox box(icon, title, text, button, parent);
     box.setTextFormat(Qt::PlainText);
