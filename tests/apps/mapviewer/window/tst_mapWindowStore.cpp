@@ -64,6 +64,8 @@ public Q_SLOTS:
 
 private:
     void lockStore();
+    void refuseSaves() const;
+    void allowSaves() const;
     void editFirstScheme(ModalDriver *driver);
     QWidget *notice(const char *name) const
     {
@@ -97,6 +99,17 @@ void tst_mapWindowStore::lockStore()
     locked.setFileName(store->storeDirectory() + "/store.lock");
     QVERIFY(locked.open(QIODevice::ReadWrite));
     QCOMPARE(::flock(locked.handle(), LOCK_EX), 0);
+}
+
+// At once, where it does not matter why a save fails: a folder lies in its way.
+void tst_mapWindowStore::refuseSaves() const
+{
+    QVERIFY(QDir().mkpath(store->storeDirectory() + "/custom.team.new/in the way"));
+}
+
+void tst_mapWindowStore::allowSaves() const
+{
+    QVERIFY(QDir(store->storeDirectory() + "/custom.team.new").removeRecursively());
 }
 
 // For ModalDriver: adds a group in the manager, and says "Ok" and "Yes".
@@ -141,7 +154,7 @@ void tst_mapWindowStore::aFailedSaveOfTheManagerIsToldAndTriedAgain()
 
 void tst_mapWindowStore::aFailedSaveIsDoneElsewhere()
 {
-    lockStore();
+    refuseSaves();
     const QString folder = store->path("elsewhere");
     QVERIFY(QDir().mkpath(folder));
     ModalDriver driver;
@@ -162,7 +175,7 @@ void tst_mapWindowStore::aFailedSaveIsDoneElsewhere()
 
 void tst_mapWindowStore::aFailedUserDefineIsTold()
 {
-    lockStore();
+    refuseSaves();
     ModalDriver driver;
     driver.next([](QWidget *menu) {
         for (QPushButton *button : menu->findChildren<QPushButton *>()) {
@@ -183,7 +196,7 @@ void tst_mapWindowStore::aFailedUserDefineIsTold()
     // The scheme is there and in use; a bar says that it is not on the disk yet.
     QCOMPARE(customGroups().size(), std::size_t(1));
     QVERIFY(notice("unsavedSchemes"));
-    locked.close();
+    allowSaves();
     QTest::mouseClick(notice("unsavedSchemes")->findChild<QPushButton *>("save"), Qt::LeftButton);
     QVERIFY(!notice("unsavedSchemes"));
     QVERIFY(isOnDisk(store->storeDirectory(), "User define"));
@@ -197,7 +210,7 @@ void tst_mapWindowStore::editFirstScheme(ModalDriver *driver)
 
 void tst_mapWindowStore::aFailedEditIsTold()
 {
-    lockStore();
+    refuseSaves();
     ModalDriver driver;
     editFirstScheme(&driver);
     driver.next(pressNamed("later"));
@@ -208,7 +221,7 @@ void tst_mapWindowStore::aFailedEditIsTold()
 
 void tst_mapWindowStore::whatIsNotSavedIsKeptUntilOneQuits()
 {
-    lockStore();
+    refuseSaves();
     ModalDriver driver;
     editFirstScheme(&driver);
     driver.next(pressNamed("later"));
@@ -222,7 +235,7 @@ void tst_mapWindowStore::whatIsNotSavedIsKeptUntilOneQuits()
     QCOMPARE(customGroups().size(), std::size_t(1));
     QVERIFY(StoreGuard::chosenFolder().isEmpty());
     // A save that succeeds in the end, whosever, settles it.
-    locked.close();
+    allowSaves();
     QVERIFY(VOColorSchemeManager::instance()->save());
     QVERIFY(window->openStore(folder));
 }
@@ -244,13 +257,13 @@ void tst_mapWindowStore::quittingWithUnsavedSchemesAsks()
     QFETCH(bool, unlocked);
     QFETCH(bool, closes);
     QFETCH(bool, saved);
-    lockStore();
+    refuseSaves();
     ModalDriver driver;
     editFirstScheme(&driver);
     driver.next(pressNamed("later"));
     QTRY_VERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     if (unlocked)
-        locked.close();
+        allowSaves();
     driver.next(pressNamed(button));
     QCOMPARE(window->close(), closes);
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
