@@ -64,9 +64,12 @@ QString cut(FileNameRules rules, const QString &name, int longest)
     const auto fits = [&](int size) { return lengthOf(rules, start.left(size)) <= longest; };
     int kept = 0;
     QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, start);
+    // Behind some letters of India the toolkit sees boundaries within a pair.
     for (int end = characters.toNextBoundary(); end > 0 && fits(end);
-         end = characters.toNextBoundary())
-        kept = end;
+         end = characters.toNextBoundary()) {
+        if (!start.at(end - 1).isHighSurrogate())
+            kept = end;
+    }
     // A letter can bear more accents than there is room for.
     if (kept == 0) {
         kept = start.size();

@@ -54,6 +54,7 @@ private Q_SLOTS:
     void longNamesFitIntoAFileSystem_data();
     void longNamesFitIntoAFileSystem();
     void longNamesAreCutBehindAWholeCharacter();
+    void noCutLeavesHalfACharacter();
 };
 
 void tst_safeFileName::harmlessNamesStayAsTheyAre_data()
@@ -284,6 +285,20 @@ void tst_safeFileName::longNamesAreCutBehindAWholeCharacter()
     const QString family = QString::fromUtf8("\xF0\x9F\x91\xA9\xE2\x80\x8D\xF0\x9F\x91\xA7");
     const QString cut = onUnix(QString(245, QLatin1Char('x')) + family);
     QCOMPARE(QString::fromUtf8(cut.toUtf8()), cut);
+}
+
+void tst_safeFileName::noCutLeavesHalfACharacter()
+{
+    // A Tamil sign, behind which the toolkit sees a boundary within the next pair.
+    const QString tail = QString::fromUtf8("\xE0\xAF\xB5\xF0\x9F\xA7\xBC").repeated(3);
+    for (int length = 225; length <= 255; ++length) {
+        const QString name = QString(length, QLatin1Char('x')) + tail;
+        for (const QString &file : {onUnix(name), onWindows(name)}) {
+            QVERIFY(file.size() > 220);
+            QCOMPARE(QString::fromUtf8(file.toUtf8()), file);
+            QVERIFY(name.startsWith(file));
+        }
+    }
 }
 
 VT_TEST_APPLESS_MAIN(tst_safeFileName)
