@@ -107,13 +107,12 @@ void tst_namesAsFiles::filesStayInTheChosenFolderAndKeepTheNamesOfTheirSchemes()
     QCOMPARE(files.size(), names.size());
     QCOMPARE(filesBelow(store->path()).size(), before.size() + files.size());
     QVERIFY(!QFile::exists(QStringLiteral("/etc/scheme.vcs")));
-    // under a name that any file system takes,
-    const QRegularExpression device(QStringLiteral("^(CON|PRN|AUX|NUL|(COM|LPT)[1-9])(\\.|$)"),
-                                    QRegularExpression::CaseInsensitiveOption);
+    // under a name that this file system takes,
+    const QRegularExpression notForAFile(
+        QStringLiteral("[/\\\\\\x{0}-\\x{1f}\\x{7f}-\\x{9f}]|^\\.+$"));
     for (const QString &file : files) {
         QVERIFY2(file.endsWith(QLatin1String(".vcs")), qPrintable(file));
         QVERIFY2(file.toUtf8().size() <= 255, qPrintable(file));
-        QVERIFY2(!device.match(file).hasMatch(), qPrintable(file));
         for (const QChar character : file)
             QVERIFY2(character.category() != QChar::Other_Control && character != '\\',
                      qPrintable(file));
@@ -124,6 +123,9 @@ void tst_namesAsFiles::filesStayInTheChosenFolderAndKeepTheNamesOfTheirSchemes()
         const int index = names.indexOf(name);
         QVERIFY2(index >= 0, qPrintable(name));
         QCOMPARE(dump(read), dump(group.schemes[std::size_t(index)]));
+        // What is harmless here stays, the devices of other systems among it.
+        if (name.size() < 200 && !name.contains(notForAFile))
+            QVERIFY2(file.startsWith(name), qPrintable(file));
         names[index] = QStringLiteral("seen");
     }
     QCOMPARE(names.count(QStringLiteral("seen")), files.size());
