@@ -1,6 +1,7 @@
 #include "apps/mapviewer/window/HistoryDialog.h"
 
 #include "apps/mapviewer/schemes/storeSchemes.h"
+#include "apps/mapviewer/window/AppSettings.h"
 
 #include "colorscheme/model/colorRampPreviewPixmap.h"
 #include "vomap/VOColorRamp.h"
@@ -17,6 +18,7 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QTextDocument>
 #include <QTreeWidget>
@@ -30,6 +32,8 @@ using namespace VTObjects;
 
 namespace {
 
+const QSize startSize(820, 480);
+const QString sizeKey = QStringLiteral("mapviewer/historySize");
 const QSize stripSize(120, 18);
 enum Column { NameColumn, ThenColumn, NowColumn, DifferenceColumn };
 /// Of a row: the state has something to bring back for it.
@@ -120,7 +124,9 @@ HistoryDialog::HistoryDialog(QWidget *parent)
     column->addLayout(top);
     column->addWidget(halves);
     column->addWidget(buttons);
-    resize(820, 480);
+    const QSize kept = appSettings().value(sizeKey).toSize();
+    const QSize most = screen()->availableGeometry().size();
+    resize((kept.isValid() ? kept : startSize).boundedTo(most));
 
     connect(teamBox, qOverload<int>(&QComboBox::currentIndexChanged), this,
             &HistoryDialog::showStates);
@@ -130,6 +136,13 @@ HistoryDialog::HistoryDialog(QWidget *parent)
     connect(restoreTeamButton, &QPushButton::clicked, this, &HistoryDialog::restoreTeam);
     connect(buttons, &QDialogButtonBox::rejected, this, &HistoryDialog::reject);
     showStates();
+}
+
+void HistoryDialog::done(int result)
+{
+    if (!isMaximized())
+        appSettings().setValue(sizeKey, size());
+    QDialog::done(result);
 }
 
 void HistoryDialog::showStates()

@@ -24,6 +24,7 @@ class HistoryDialog : public QDialog
     Q_OBJECT
 public:
     explicit HistoryDialog(QWidget *parent);
+    void done(int result) override;
 
 Q_SIGNALS:
     /// Schemes of the store are others now.

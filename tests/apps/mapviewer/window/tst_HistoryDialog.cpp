@@ -2,6 +2,7 @@
 #include "tests/support/TestMain.h"
 #include "tests/support/TestStore.h"
 
+#include "apps/mapviewer/window/AppSettings.h"
 #include "apps/mapviewer/window/HistoryDialog.h"
 
 #include "colorscheme/manager/VTColorSchemeManager.h"
@@ -15,6 +16,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTreeWidget>
 #include <QtTest>
@@ -44,6 +46,7 @@ private Q_SLOTS:
     void aDamagedStateSaysSo();
     void builtInGroupsAreCalledAsInTheManager();
     void aSelectedRowKeepsTheColorsOfItsStrips();
+    void theSizeThatTheUserGaveItIsRemembered();
 
 private:
     // The custom team with one group of these schemes, saved.
@@ -327,6 +330,26 @@ void tst_HistoryDialog::aSelectedRowKeepsTheColorsOfItsStrips()
     clickRow(0);
     QVERIFY(tree()->selectionModel()->isSelected(strip));
     QCOMPARE(middle(), before);
+}
+
+void tst_HistoryDialog::theSizeThatTheUserGaveItIsRemembered()
+{
+    open();
+    const QSize first = dialog->size();
+    dialog->resize(first - QSize(40, 30));
+    QTest::keyClick(dialog.get(), Qt::Key_Escape);
+    open();
+    QCOMPARE(dialog->size(), first - QSize(40, 30));
+    // No more than the screen has; and what is no size is none.
+    dialog.reset();
+    appSettings().setValue("mapviewer/historySize", QSize(30000, 20000));
+    open();
+    QVERIFY(dialog->width() <= dialog->screen()->availableGeometry().width());
+    QVERIFY(dialog->height() <= dialog->screen()->availableGeometry().height());
+    dialog.reset();
+    appSettings().setValue("mapviewer/historySize", "?");
+    open();
+    QCOMPARE(dialog->size(), first);
 }
 
 VT_TEST_MAIN(tst_HistoryDialog)
