@@ -71,7 +71,11 @@ VTColorSchemeComboBox::VTColorSchemeComboBox(QWidget *parent)
             &VTColorSchemeComboBox::onStoreChanged);
 }
 
-VTColorSchemeComboBox::~VTColorSchemeComboBox() = default;
+VTColorSchemeComboBox::~VTColorSchemeComboBox()
+{
+    if (dropDown)
+        dropDown->letGoOfThePicker();
+}
 
 void VTColorSchemeComboBox::setTexts()
 {
@@ -260,7 +264,10 @@ void VTColorSchemeComboBox::showMenu()
     {
         VTColorSchemeMenu menu(caption, group, this);
         menu.setOpenedByKey(std::exchange(byKey, false));
+        dropDown = &menu;
         menu.exec();
+        if (alive)
+            dropDown = nullptr;
     }
     // Another group, and no scheme of it.
     if (alive && std::exchange(untold, false))

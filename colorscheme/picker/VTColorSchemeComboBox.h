@@ -16,6 +16,8 @@ class VOColorSchemeTeam;
 enum VOTeamKind : int;
 } // namespace VTObjects
 
+class VTColorSchemeMenu;
+
 /// A compact picker: a button whose face shows the strip of the current scheme's ramp. A click
 /// opens a drop-down with the schemes of one group.
 ///
@@ -167,5 +169,6 @@ private:
     bool userDefineVisible = true;
     bool readOnly = false;
     bool m_followsStore = false;
-    bool byKey = false; // while a key is acted upon
+    bool byKey = false;                    // while a key is acted upon
+    VTColorSchemeMenu *dropDown = nullptr; // the one that is open; not the picker's to delete
 };

@@ -22,6 +22,7 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScrollArea>
@@ -125,6 +126,13 @@ VTColorSchemeMenu::~VTColorSchemeMenu()
 {
     clearList();
     delete scrollArea; // its bar uses the style, which goes before the children
+}
+
+void VTColorSchemeMenu::letGoOfThePicker()
+{
+    comboBox = nullptr;
+    close();
+    setParent(nullptr, windowFlags());
 }
 
 void VTColorSchemeMenu::fill(const VOColorSchemeGroup &record)
@@ -295,7 +303,7 @@ void VTColorSchemeMenu::onGroupButtonTextChanged(const QString &text)
 void VTColorSchemeMenu::onCustomButtonClicked(bool /*checked*/)
 {
     // The editor closes the drop-down, and what is told of the outcome may do anything.
-    VTColorSchemeComboBox *const picker = comboBox;
+    const QPointer<VTColorSchemeComboBox> picker(comboBox);
     VOColorSchemeManager *const store = VOColorSchemeManager::instance();
     std::vector<VOColorSchemeGroup> &groups = store->customTeam.groups;
     const VOString userGroup(L"User define"); // in no language but this: it is a key
@@ -315,7 +323,8 @@ void VTColorSchemeMenu::onCustomButtonClicked(bool /*checked*/)
     if (editor.exec() == QDialog::Accepted) {
         if (picker) {
             picker->setDefaultGroup(teamKey(CustomTeam), k, last);
-            picker->tellChoice();
+            if (picker)
+                picker->tellChoice();
         }
         store->saveCustomTeam();
         return;

@@ -55,6 +55,8 @@ public:
     /// Tells, before the drop-down opens, whether a key opens it. Then the picked entry is current
     /// from the start. No key unless told.
     void setOpenedByKey(bool byKey) { openedByKey = byKey; }
+    /// Closes the drop-down of a picker that goes away, and leaves it to whoever made it.
+    void letGoOfThePicker();
 
 protected:
     void showEvent(QShowEvent *event) override;

@@ -27,6 +27,8 @@ private Q_SLOTS:
     void missedClickLeavesTheListOpen();
     void clickBesideTheDropDownClosesIt();
     void dropDownWithoutAPickerClosesQuietly();
+    void pickerMayGoWhileItsDropDownIsOpen();
+    void pickerMayGoWhenItTellsOfTheChoice();
 
     void groupChangeRefillsTheList_data();
     void groupChangeRefillsTheList();
@@ -178,6 +180,37 @@ void tst_VTColorSchemeMenu_choosing::dropDownWithoutAPickerClosesQuietly()
     QVERIFY(QMetaObject::invokeMethod(&menu, "onGroupButtonTextChanged",
                                       Q_ARG(QString, QStringLiteral("Best"))));
     QCOMPARE(parts.names(), QStringList({QStringLiteral("first"), QStringLiteral("second")}));
+}
+
+void tst_VTColorSchemeMenu_choosing::pickerMayGoWhileItsDropDownIsOpen()
+{
+    picker->setDefaultGroup(QStringLiteral("Custom"), 0, 0);
+    const QPointer<VTColorSchemeComboBox> alive(picker);
+    ModalDriver driver;
+    driver.next([this](QWidget *opened) {
+        delete picker;
+        QVERIFY(!opened->isVisible());
+    });
+    picker->click();
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QVERIFY(!alive);
+}
+
+void tst_VTColorSchemeMenu_choosing::pickerMayGoWhenItTellsOfTheChoice()
+{
+    picker->setDefaultGroup(QStringLiteral("Custom"), 0, -1);
+    const QPointer<VTColorSchemeComboBox> alive(picker);
+    QString chosen;
+    connect(picker, &VTColorSchemeComboBox::currentRampChanged, this, [this, &chosen] {
+        chosen = toQString(picker->currentScheme().name);
+        delete picker;
+    });
+    ModalDriver driver;
+    driver.next([](QWidget *opened) { DropDown(opened).actions()[1]->trigger(); });
+    picker->click();
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QCOMPARE(chosen, QStringLiteral("two"));
+    QVERIFY(!alive);
 }
 
 void tst_VTColorSchemeMenu_choosing::groupChangeRefillsTheList_data()

@@ -66,6 +66,7 @@ private Q_SLOTS:
     void nameIsNumberedWithinTheGroup();
     void changesOfTheHostMeanwhileAreKept();
     void withoutAPickerTheSchemeIsStillSaved();
+    void schemeIsSavedThoughThePickerGoesMeanwhile();
     void dropDownOutlivesItsClosing();
     void theStoreTellsItOnce();
     void aFailedSaveIsToldOnceAndTheSchemeKept();
@@ -298,6 +299,18 @@ void tst_userDefine::withoutAPickerTheSchemeIsStillSaved()
     ModalDriver driver;
     driver.next([](QWidget *editor) { answerEditor(editor, Ok); });
     QVERIFY(QMetaObject::invokeMethod(&menu, "onCustomButtonClicked", Q_ARG(bool, false)));
+    QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
+    QVERIFY(records->load());
+    QVERIFY(group());
+}
+
+void tst_userDefine::schemeIsSavedThoughThePickerGoesMeanwhile()
+{
+    ModalDriver driver;
+    userDefine(driver, [this](QWidget *editor) {
+        delete picker;
+        answerEditor(editor, Ok);
+    });
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
     QVERIFY(records->load());
     QVERIFY(group());
