@@ -56,9 +56,11 @@ void ManagerKeys::nameKeys()
 bool ManagerKeys::eventFilter(QObject *object, QEvent *event)
 {
     if (object == tree && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent *>(event)->key();
+        const auto *press = static_cast<QKeyEvent *>(event);
+        const bool isReturn = press->key() == Qt::Key_Return || press->key() == Qt::Key_Enter;
         const QModelIndex node = tree->currentIndex();
-        if ((key == Qt::Key_Return || key == Qt::Key_Enter) && node.isValid()) {
+        // The table takes a modifier for one of its own when its first row is selected.
+        if (isReturn && !(press->modifiers() & ~Qt::KeypadModifier) && node.isValid()) {
             Q_EMIT tree->clicked(node);
             return true;
         }

@@ -235,13 +235,13 @@ void VTColorSchemeView::keyPressEvent(QKeyEvent *event)
 {
     // What a field does not want comes here too, and is not meant for the row.
     const bool isFromField = std::exchange(keyCameThroughViewport, false);
-    const bool isForRow = currentIndex().isValid() && !isFromField &&
-                          (state() != EditingState || hasFocus()) &&
-                          !(event->modifiers() & ~Qt::KeypadModifier);
+    const bool isForTable = !isFromField && (state() != EditingState || hasFocus()) &&
+                            !(event->modifiers() & ~Qt::KeypadModifier);
+    const bool isForRow = isForTable && currentIndex().isValid();
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     // Held since it answered another window or node: it is not for the dialog's default button
     // either.
-    if (isForRow && isReturn && event->isAutoRepeat())
+    if (isForTable && isReturn && event->isAutoRepeat())
         return;
     if (isForRow && event->key() == Qt::Key_F2) {
         const QModelIndex name = currentIndex().siblingAtColumn(NameColumn);

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void keysOfTheRowsDoWhatTheToolButtonsDo();
     void toolTipsNameTheKeys();
     void returnOnANodeShowsItsGroup();
+    void returnWithAModifierIsNotForANode();
     void okIsTheDefaultWhereNoRowHasTheKeyboard();
     void keysInAnOpenFieldBelongToIt();
     void aHeldKeyActsOnce();
@@ -290,6 +291,19 @@ void tst_managerKeys::returnOnANodeShowsItsGroup()
     QCOMPARE(user->tree->currentIndex(), user->node(2, 0));
 }
 
+// It would mean to add to the selection of the table.
+void tst_managerKeys::returnWithAModifierIsNotForANode()
+{
+    showMine();
+    QSignalSpy clicked(user->tree, &QTreeView::clicked);
+    for (const Qt::KeyboardModifier modifier : {Qt::ShiftModifier, Qt::ControlModifier})
+        QTest::keyClick(user->tree, Qt::Key_Return, modifier);
+    QCOMPARE(clicked.count(), 0);
+    QVERIFY(manager->isVisible());
+    QTest::keyClick(user->tree, Qt::Key_Enter, Qt::KeypadModifier);
+    QCOMPARE(clicked.count(), 1);
+}
+
 void tst_managerKeys::okIsTheDefaultWhereNoRowHasTheKeyboard()
 {
     QVERIFY(user->ok->isDefault());
@@ -332,6 +346,11 @@ void tst_managerKeys::aHeldKeyActsOnce()
     QApplication::sendEvent(user->table, &held);
     QVERIFY(held.isAccepted()); // nobody else gets it
     QCOMPARE(activated.count(), 0);
+    // A node can have a group without rows.
+    user->click(1, 1);
+    QCOMPARE(user->names(), QStringList());
+    QApplication::sendEvent(user->table, &held);
+    QVERIFY(held.isAccepted());
     for (const char *name : {"actionAdd_scheme", "actionDelete_scheme"})
         QVERIFY(!manager->findChild<QAction *>(QLatin1String(name))->autoRepeat());
     QVERIFY2(driver.allSeen(), qPrintable(driver.problem()));
