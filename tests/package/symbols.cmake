@@ -88,6 +88,7 @@ endfunction()
 set(marked "")
 foreach(header IN LISTS HEADERS)
     file(READ ${header} text)
+    string(REPLACE "::" "__" text "${text}") # of a name, and no end of a declaration
     string(REGEX MATCHALL "[A-Z]_EXPORT [^;{(:]+[;{(:]" declarations "${text}")
     foreach(declaration IN LISTS declarations)
         if(declaration MATCHES "([A-Za-z_0-9]+)[ \n]*.?$")
