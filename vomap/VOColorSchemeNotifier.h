@@ -19,6 +19,7 @@ class VOMAP_EXPORT VOColorSchemeNotifier : public QObject
 public:
     /// The one of the process; never null, never to be deleted.
     static VOColorSchemeNotifier *instance();
+    ~VOColorSchemeNotifier() override;
 
 Q_SIGNALS:
     /// A manager's edited copies have become the store's teams, and groups and schemes may have
@@ -37,7 +38,6 @@ Q_SIGNALS:
 
 private:
     VOColorSchemeNotifier();
-    ~VOColorSchemeNotifier() override;
 };
 
 } // namespace VTObjects

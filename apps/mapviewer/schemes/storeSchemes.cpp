@@ -32,7 +32,7 @@ VOColorSchemeId builtInScheme(const QString &group, const QStringList &names)
     const VOColorSchemeManager *store = VOColorSchemeManager::instance();
     const VOString team = toVOString(teamKey(DefaultTeam));
     for (const QString &name : names) {
-        const VOColorSchemeId id{team, toVOString(group), toVOString(name)};
+        VOColorSchemeId id{team, toVOString(group), toVOString(name)};
         if (store->find(id))
             return id;
     }
@@ -45,10 +45,10 @@ VOColorSchemeId builtInScheme(const QString &group, const QStringList &names)
 
 QString groupCaption(VOTeamKind team, const VOString &group)
 {
-    const QString name = toQString(group);
+    QString name = toQString(group);
     if (team != DefaultTeam)
         return name;
-    const QString ofTheHost = VOColorSchemeManager::instance()->groupCaption(group);
+    QString ofTheHost = VOColorSchemeManager::instance()->groupCaption(group);
     if (!ofTheHost.isEmpty())
         return ofTheHost;
     for (std::size_t i = 0; i < captions.size(); ++i) {
