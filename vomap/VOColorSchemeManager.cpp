@@ -168,6 +168,7 @@ bool VOColorSchemeManager::write(const std::vector<VOTeamKind> &kinds)
     const StoreFolder folder = storeFolder();
     const bool done = succeeds([&] {
         std::vector<SchemeStore::Saving> savings;
+        savings.reserve(kinds.size());
         for (const VOTeamKind kind : kinds)
             savings.push_back({kind, &team(kind)});
         const HostGroups::Aside aside(*hosts, defaultTeam);
