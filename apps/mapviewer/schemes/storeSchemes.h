@@ -7,7 +7,7 @@
 #include <QStringList>
 
 namespace VTObjects {
-struct VOColorScheme;
+class VOColorScheme;
 }
 
 namespace mapviewer {
