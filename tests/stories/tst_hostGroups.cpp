@@ -95,7 +95,7 @@ void tst_hostGroups::noFileHasThem()
     }
     QVERIFY(files >= 6);
     // A program without them sees the rest.
-    ChildProcess other([this] {
+    ChildProcess other([] {
         VOColorSchemeManager &there = records();
         return there.load() && there.customTeam.contains("mine") &&
                        there.defaultTeam.groups[0].schemes[0].author == L"edited"
